@@ -1,0 +1,13 @@
+#include "platform/host.h"
+
+namespace platform {
+
+namespace {
+Host *current = nullptr;
+}
+
+Host &host() { return *current; }
+
+void SetHost(Host *host) { current = host; }
+
+} // namespace platform

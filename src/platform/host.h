@@ -1,0 +1,80 @@
+// One door for all that varies from run to run: chance, time, questions asked of a person, sounds,
+// and where the program and its drive lie. The product's host is the machine, a test's is scripted.
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+namespace platform {
+
+struct ScreenSize {
+    int Width = 0; // logical pixels
+    int Height = 0;
+};
+
+enum class BoxIcon { None, Information, Exclamation, Critical };
+enum class BoxButtons { Ok, YesNo };
+enum class BoxAnswer { Ok, Yes, No };
+
+struct Box {
+    QString Text;
+    QString Title; // empty: the program's name
+    BoxIcon Icon = BoxIcon::None;
+    BoxButtons Buttons = BoxButtons::Ok;
+};
+
+// A running ticker; it stops when the handle goes.
+class Ticker {
+public:
+    virtual ~Ticker() = default;
+};
+
+class Host {
+public:
+    virtual ~Host() = default;
+
+    // Chance. A draw is uniform, 0 <= r < 1, a whole number of 24 bits divided by 2^24.
+    virtual void Randomize() = 0;
+    virtual double Rnd() = 0;
+    // Int(Rnd * count), so 0 to count - 1; 0 spends a draw too when count is 0.
+    virtual int DrawBelow(int count) { return static_cast<int>(Rnd() * count); }
+
+    // Time. Ticks every `milliseconds`, on the grid of the start, at most one pending.
+    virtual int64_t Milliseconds() = 0;
+    virtual std::unique_ptr<Ticker> StartTicker(int milliseconds, std::function<void()> tick) = 0;
+
+    // Questions.
+    virtual BoxAnswer MessageBox(const Box &box) = 0;
+    // Text typed by a person; empty when cancelled.
+    virtual QString InputBox(const QString &prompt, const QString &title,
+                             const QString &proposal) = 0;
+
+    // Plays a wave file at once and cuts off the one still playing. Never fails, never waits.
+    virtual void PlaySound(const QString &nativePath) = 0;
+    // Opens a document with the desktop's own program; silent when there is none.
+    virtual void OpenDocument(const QString &nativePath) = 0;
+
+    // Places. Native paths with slashes that end in a slash.
+    virtual QString DriveRoot() = 0;
+    virtual QString ApplicationFolder() = 0;
+    virtual ScreenSize Screen() = 0;
+    virtual bool AnotherInstanceRuns() = 0;
+
+    // Registers a font file for this process; false when it cannot be read.
+    virtual bool RegisterFont(const QString &nativePath) = 0;
+
+    // Ends: at once and in order (`EndProgram`), or after an error that nothing trapped.
+    virtual void EndProgram() = 0;
+    virtual void FatalError(int number, const QString &text) = 0;
+
+    // Tells what a window shows has changed, in the order it happens. The machine looks away.
+    virtual void Changed(const QString &what) { static_cast<void>(what); }
+};
+
+Host &host();
+void SetHost(Host *host);
+
+} // namespace platform
