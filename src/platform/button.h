@@ -1,0 +1,30 @@
+// A large rounded button with one picture or one text. It never takes the keyboard by itself.
+#pragma once
+
+#include "platform/visual_control.h"
+
+namespace platform {
+
+class ButtonView;
+
+class Button : public VisualControl {
+public:
+    Button(const ControlId &id, const Place &place, const QString &caption = {});
+
+    QString Caption() const override;
+    void SetCaption(const QString &caption) override;
+    // A picture of the program by its name; empty takes it away.
+    void SetPicture(const QString &name);
+    // What a screen reader says of a button that has only a picture.
+    void SetSpokenName(const QString &name);
+    // Lets the button take the keyboard: Space and Enter press it then.
+    void SetTakesFocus(bool takes);
+
+protected:
+    void Refresh() override;
+
+private:
+    ButtonView *m_view;
+};
+
+} // namespace platform

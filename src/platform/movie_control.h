@@ -1,0 +1,57 @@
+// Shows one movie, a figure or a reward, and steers it from outside. Calls before a movie is loaded
+// are lost silently.
+#pragma once
+
+#include "platform/visual_control.h"
+
+#include "platform/host.h"
+
+namespace platform {
+
+class MovieReader;
+class MovieView;
+
+class MovieControl : public VisualControl {
+public:
+    MovieControl(const ControlId &id, const Place &place);
+    ~MovieControl() override;
+
+    // Loads and starts the movie in the place of what is shown; paint and visibility go. A movie
+    // that is not there, or that no reader knows, leaves the control empty.
+    void SetMovie(const QString &path);
+    const QString &Movie() const { return m_path; }
+    // 0 and 1: the whole figure takes the click; 2 and 3: its parts, with the movie's own pointer
+    // (2) or the system's (3).
+    void GotoFrame(int frame);
+    // RRGGBB; belongs to the control and outlives the movie.
+    void SetBGColor(const QString &color);
+    QString BGColor() const { return m_bgColor; }
+    // "QualeOggetto" names an object, "TestoColore.QualeColore" then paints it.
+    void SetVariable(const QString &name, const QString &value);
+    // Property 7 is visibility: "1" shows, "0" hides.
+    void TSetProperty(const QString &target, int property, const QString &value);
+
+    // The figure as shown: "comignolo RRGGBB, ... fumo 1, nuvole 0"; empty without one.
+    QString Shown() const;
+
+    // A click on the movie: the part's number in frames 2 and 3, "0" in frames 0 and 1.
+    std::function<void(const QString &command, const QString &arguments)> OnFSCommand;
+
+protected:
+    bool Event(QEvent *event) override;
+
+private:
+    friend class MovieView;
+    void Describe();
+    void Play();
+
+    MovieView *m_view;
+    std::unique_ptr<MovieReader> m_reader;
+    std::unique_ptr<Ticker> m_ticker;
+    int64_t m_started = 0;
+    QString m_path;
+    QString m_bgColor = QStringLiteral("FFFFFF");
+    int m_frame = 0;
+};
+
+} // namespace platform

@@ -1,0 +1,30 @@
+// A box to type or to read text in.
+#pragma once
+
+#include "platform/visual_control.h"
+
+class QPlainTextEdit;
+class QLineEdit;
+
+namespace platform {
+
+class TextBox : public VisualControl {
+public:
+    enum class Kind { OneLine, ReadOnlyPage };
+    TextBox(const ControlId &id, const Place &place, Kind kind = Kind::OneLine);
+
+    QString Text() const;
+    // Raises Change when the text differs, as typing does.
+    void SetText(const QString &text);
+
+    std::function<void()> OnChange;
+
+protected:
+    void Refresh() override;
+
+private:
+    QLineEdit *m_line = nullptr;
+    QPlainTextEdit *m_page = nullptr;
+};
+
+} // namespace platform

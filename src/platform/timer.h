@@ -1,0 +1,34 @@
+// A timer of a form. It starts disabled; an interval of 0 means no ticks.
+#pragma once
+
+#include "platform/control.h"
+#include "platform/host.h"
+
+namespace platform {
+
+class Timer : public Control {
+public:
+    Timer(const ControlId &id, int milliseconds);
+
+    bool Enabled() const override { return m_enabled; }
+    // Enabling an enabled timer changes nothing. A timer of an unloaded form never ticks.
+    void SetEnabled(bool enabled) override;
+    int Interval() const { return m_interval; }
+    // Starts the interval anew, also with the value it has.
+    void SetInterval(int milliseconds);
+
+    std::function<void()> OnTimer;
+
+    // Takes the ticks away for good: the form is unloaded.
+    void Stop();
+
+private:
+    void Start();
+
+    int m_interval;
+    bool m_enabled = false;
+    bool m_stopped = false;
+    std::unique_ptr<Ticker> m_ticker;
+};
+
+} // namespace platform

@@ -1,0 +1,95 @@
+// What all controls share that a person sees: a place kept exactly in twips, colours, font, pointer,
+// the events of mouse and keyboard.
+#pragma once
+
+#include "platform/colors.h"
+#include "platform/control.h"
+#include "platform/font.h"
+#include "platform/form.h"
+
+#include <memory>
+
+class QWidget;
+class QEvent;
+
+namespace platform {
+
+class VisualControl : public Control {
+public:
+    ~VisualControl() override;
+
+    double Left() const override { return m_place.Left; }
+    double Top() const override { return m_place.Top; }
+    double Width() const override { return m_place.Width; }
+    double Height() const override { return m_place.Height; }
+    void SetLeft(double twips) override;
+    void SetTop(double twips) override;
+    void SetWidth(double twips) override;
+    void SetHeight(double twips) override;
+
+    bool Enabled() const override { return m_enabled; }
+    void SetEnabled(bool enabled) override;
+    bool Visible() const override { return m_visible; }
+    void SetVisible(bool visible) override;
+    QString ToolTipText() const override;
+    void SetToolTipText(const QString &text) override;
+
+    platform::Color BackColor() const { return m_backColor; }
+    void SetBackColor(platform::Color color);
+    platform::Color ForeColor() const { return m_foreColor; }
+    void SetForeColor(platform::Color color);
+
+    const platform::Font &Font() const { return m_font; }
+    void SetFontName(const QString &family);
+    void SetFontSize(double points);
+    void SetFontBold(bool bold);
+
+    // Custom shows the program's own pointer, a hand.
+    platform::MousePointer MousePointer() const { return m_pointer; }
+    void SetMousePointer(platform::MousePointer pointer);
+
+    // Takes the keyboard; error 5 when it cannot be taken: hidden, disabled, window not active, a
+    // modal window or a popup open, the menu bar in use.
+    void SetFocus();
+    bool HasFocus() const;
+
+    std::function<void()> OnClick;
+    std::function<void()> OnDblClick;
+    std::function<void()> OnMouseMove;
+    std::function<void(int key, int shift)> OnKeyDown;
+    std::function<void(int key, int shift)> OnKeyUp;
+    std::function<void()> OnLostFocus;
+
+    QWidget *Widget() const { return m_widget; }
+
+protected:
+    // The widget becomes a child of the form's client area.
+    VisualControl(const ControlId &id, const Place &place, QWidget *widget);
+
+    // Where the widget stands, in twips; a docked control answers for itself.
+    virtual void PutInPlace();
+    // Colours, font or enabled state changed.
+    virtual void Refresh();
+    // An event of the widget before it gets it itself; true when it ends here.
+    virtual bool Event(QEvent *event);
+    void Click();
+
+    Place m_place;
+
+private:
+    friend class EventTap;
+    bool MouseEvent(QEvent *event);
+    bool KeyEvent(QEvent *event);
+
+    QWidget *m_widget;
+    std::unique_ptr<EventTap> m_tap;
+    bool m_enabled = true;
+    bool m_visible = true;
+    platform::Color m_backColor = SystemButtonFace;
+    platform::Color m_foreColor = SystemButtonText;
+    platform::Font m_font;
+    platform::MousePointer m_pointer = platform::MousePointer::Default;
+    std::vector<int> m_keysDown;
+};
+
+} // namespace platform
