@@ -1,10 +1,12 @@
 // The running application: the event dispatch that ends the program on an error nothing trapped.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 namespace platform {
 
+// Makes the toolkit's application object for as long as it lives. One a process.
 class Application {
 public:
     Application(int &argc, char **argv);
@@ -12,12 +14,15 @@ public:
     Application(const Application &) = delete;
     Application &operator=(const Application &) = delete;
 
-    // Runs until the program ends; the exit status.
-    int Run();
+    // Runs `start` and then, if a form is loaded, events until the program ends; the exit status.
+    int Run(const std::function<void()> &start);
 
 private:
     class Impl;
     std::unique_ptr<Impl> m_impl;
 };
+
+// Runs code as an event does: an error that leaves it goes to `Host::FatalError`. For tests too.
+void Guarded(const std::function<void()> &code);
 
 } // namespace platform

@@ -70,7 +70,8 @@ public:
     virtual void EndProgram() = 0;
     virtual void FatalError(int number, const QString &text) = 0;
 
-    // Tells what a window shows has changed, in the order it happens. The machine looks away.
+    // A host that watches is told each change of what a window shows, in the order it happens.
+    virtual bool Watches() const { return false; }
     virtual void Changed(const QString &what) { static_cast<void>(what); }
 };
 

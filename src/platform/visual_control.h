@@ -8,11 +8,14 @@
 #include "platform/form.h"
 
 #include <memory>
+#include <vector>
 
 class QWidget;
 class QEvent;
 
 namespace platform {
+
+class EventTap;
 
 class VisualControl : public Control {
 public:
@@ -73,6 +76,8 @@ protected:
     // An event of the widget before it gets it itself; true when it ends here.
     virtual bool Event(QEvent *event);
     void Click();
+    // A widget that tells its clicks itself: the mouse is not looked at here.
+    void TellsItsClicks() { m_mouseClicks = false; }
 
     Place m_place;
 
@@ -85,6 +90,8 @@ private:
     std::unique_ptr<EventTap> m_tap;
     bool m_enabled = true;
     bool m_visible = true;
+    bool m_mouseClicks = true;
+    bool m_pressed = false;
     platform::Color m_backColor = SystemButtonFace;
     platform::Color m_foreColor = SystemButtonText;
     platform::Font m_font;

@@ -1,0 +1,133 @@
+#include "platform/button.h"
+
+#include "platform/fitted_text.h"
+#include "platform/picture.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPushButton>
+
+#include <algorithm>
+#include <cmath>
+
+namespace platform {
+
+class ButtonView : public QPushButton {
+public:
+    ButtonView() { setAttribute(Qt::WA_Hover, false); }
+
+    void Show(const Font &font, Color back, Color fore)
+    {
+        m_font = font;
+        m_back = back;
+        m_fore = fore;
+        update();
+    }
+    QString Caption;
+    QString Picture;
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const double line = std::clamp(height() / 25.0, 2.0, 6.0);
+        const QRectF box = QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2);
+        const double radius = std::min(box.height(), box.width()) * 0.24;
+        QPainterPath shape;
+        shape.addRoundedRect(box, radius, radius);
+        const QColor face = ToQColor(m_back);
+        painter.fillPath(shape, isEnabled() ? face : Faded(face));
+        Shade(painter, shape, box);
+        painter.strokePath(shape, QPen(isEnabled() ? Ink() : Faded(Ink()), line));
+        if (hasFocus())
+            painter.strokePath(shape, QPen(ToQColor(0x8000000D), line));
+
+        painter.setOpacity(isEnabled() ? 1.0 : 0.35);
+        const int margin = static_cast<int>(std::lround(line * 2));
+        QRect room = rect().adjusted(margin, margin, -margin, -margin);
+        if (isDown())
+            room.translate(0, 2);
+        if (!Picture.isEmpty())
+            DrawPicture(painter, room);
+        painter.setPen(ToQColor(m_fore));
+        DrawFitted(painter, room, Qt::AlignCenter, Caption, m_font);
+    }
+
+    // Only a button that takes the keyboard gets here: Enter presses it as Space does.
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+            click();
+        else
+            QPushButton::keyPressEvent(event);
+    }
+
+private:
+    static QColor Ink() { return QColor(0x3A, 0x2B, 0x28); }
+    static QColor Faded(const QColor &color)
+    {
+        const auto half = [](int part) { return (part + 2 * 0xE8) / 3; };
+        return QColor(half(color.red()), half(color.green()), half(color.blue()));
+    }
+
+    // One soft shade along the foot; a pressed button loses it.
+    void Shade(QPainter &painter, const QPainterPath &shape, const QRectF &box) const
+    {
+        if (isDown())
+            return;
+        QPainterPath upper;
+        upper.addRect(box.left(), box.top(), box.width(), box.height() * 0.86);
+        painter.fillPath(shape.subtracted(upper), QColor(0, 0, 0, 28));
+    }
+
+    void DrawPicture(QPainter &painter, const QRect &room) const
+    {
+        const int side = std::min(room.width(), room.height());
+        const QPixmap picture = DrawnPicture(Picture, QSize(side, side), devicePixelRatioF());
+        painter.drawPixmap(room.center().x() - side / 2, room.center().y() - side / 2, picture);
+    }
+
+    Font m_font;
+    Color m_back = SystemButtonFace;
+    Color m_fore = SystemButtonText;
+};
+
+Button::Button(const ControlId &id, const Place &place, const QString &caption)
+    : VisualControl(id, place, new ButtonView), m_view(static_cast<ButtonView *>(Widget()))
+{
+    TellsItsClicks();
+    m_view->Caption = caption;
+    m_view->setAccessibleName(caption);
+    QObject::connect(m_view, &QPushButton::clicked, m_view, [this] { Click(); });
+}
+
+QString Button::Caption() const { return m_view->Caption; }
+
+void Button::SetCaption(const QString &caption)
+{
+    m_view->Caption = caption;
+    m_view->setAccessibleName(caption);
+    Note("Caption", caption);
+    m_view->update();
+}
+
+void Button::SetPicture(const QString &name)
+{
+    m_view->Picture = name;
+    m_view->update();
+}
+
+void Button::SetSpokenName(const QString &name) { m_view->setAccessibleName(name); }
+
+void Button::SetTakesFocus(bool takes)
+{
+    m_view->setFocusPolicy(takes ? Qt::StrongFocus : Qt::NoFocus);
+    if (takes)
+        m_view->setFocus();
+}
+
+void Button::Refresh() { m_view->Show(Font(), BackColor(), ForeColor()); }
+
+} // namespace platform

@@ -1,0 +1,198 @@
+#include "platform/form.h"
+
+#include "platform/control.h"
+#include "platform/form_window.h"
+#include "platform/host.h"
+#include "platform/status_bar.h"
+#include "platform/timer.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QMenuBar>
+
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+std::vector<Form *> loaded;
+
+// Deletes the form when the event loop is back at the depth where this was made.
+class Undertaker : public QObject {
+public:
+    explicit Undertaker(Form *form) : m_form(form) { deleteLater(); }
+    ~Undertaker() override { delete m_form; }
+
+private:
+    Form *m_form;
+};
+
+} // namespace
+
+Form::Form(const char *name, double scaleWidth, double scaleHeight)
+    : m_name(QString::fromLatin1(name)), m_window(std::make_unique<FormWindow>(*this)),
+      m_self(std::make_shared<Form *>(this))
+{
+    m_window->resize(ToPixels(scaleWidth), ToPixels(scaleHeight));
+    m_window->LayOut();
+}
+
+Form::~Form() { std::erase(loaded, this); }
+
+const std::vector<Form *> &Form::Loaded() { return loaded; }
+
+Form *Form::Find(const QString &name)
+{
+    const auto found =
+        std::find_if(loaded.begin(), loaded.end(), [&](Form *form) { return form->m_name == name; });
+    return found == loaded.end() ? nullptr : *found;
+}
+
+QString Form::Caption() const { return m_window->windowTitle(); }
+
+void Form::SetCaption(const QString &caption) { m_window->setWindowTitle(caption); }
+
+void Form::SetBackColor(Color color)
+{
+    m_backColor = color;
+    m_window->Client()->update();
+    if (host().Watches())
+        host().Changed(QStringLiteral("%1.BackColor=%2").arg(m_name).arg(color, 8, 16, QChar(u'0')));
+}
+
+void Form::SetMousePointer(platform::MousePointer pointer)
+{
+    m_pointer = pointer;
+    if (pointer == MousePointer::Hourglass)
+        m_window->setCursor(Qt::WaitCursor);
+    else
+        m_window->unsetCursor();
+    if (host().Watches())
+        host().Changed(QStringLiteral("%1.MousePointer=%2").arg(m_name).arg(static_cast<int>(pointer)));
+}
+
+double Form::Left() const { return m_window->Left; }
+double Form::Top() const { return m_window->Top; }
+double Form::Width() const { return m_window->width() * TwipsPerPixel; }
+double Form::Height() const { return m_window->height() * TwipsPerPixel; }
+double Form::ScaleWidth() const { return m_window->Client()->width() * TwipsPerPixel; }
+double Form::ScaleHeight() const { return m_window->Client()->height() * TwipsPerPixel; }
+
+void Form::Move(double left, double top, double width, double height)
+{
+    m_window->Left = left;
+    m_window->Top = top;
+    m_window->setGeometry(ToPixels(left), ToPixels(top), ToPixels(width), ToPixels(height));
+    // A window that is not shown yet gets no event of its new size.
+    if (!m_shown)
+        m_window->LayOut();
+}
+
+bool Form::Minimised() const { return m_window->isMinimized(); }
+
+void Form::LockDrawing(bool locked) { m_window->setUpdatesEnabled(!locked); }
+
+void Form::SetDrawingUnits(double units)
+{
+    m_window->Client()->Units = units;
+    m_window->Client()->Bands.clear();
+}
+
+void Form::DrawBand(double fromUnit, double toUnit, Color color)
+{
+    m_window->Client()->Bands.push_back({fromUnit, toUnit, color});
+    m_window->Client()->update();
+}
+
+void Form::Show()
+{
+    if (m_unloaded)
+        return;
+    if (!m_loaded) {
+        m_loaded = true;
+        loaded.push_back(this);
+        m_window->LayOut();
+        if (OnLoad)
+            OnLoad();
+    }
+    if (m_shown) {
+        m_window->raise();
+        m_window->activateWindow();
+        return;
+    }
+    // A main window fills the screen whatever the window manager says, or without one.
+    m_window->Left = m_window->Top = 0;
+    m_window->setGeometry(0, 0, ToPixels(ScreenWidth()), ToPixels(ScreenHeight()));
+    m_window->setWindowState(Qt::WindowFullScreen);
+    m_window->show();
+    m_window->setGeometry(0, 0, ToPixels(ScreenWidth()), ToPixels(ScreenHeight()));
+    m_window->activateWindow();
+    m_shown = true;
+    Resized();
+    if (!m_unloaded && OnActivate)
+        OnActivate();
+}
+
+void Form::Resized()
+{
+    if (!m_shown || m_unloaded)
+        return;
+    m_window->LayOut();
+    for (Control *control : m_controls)
+        if (auto *bar = dynamic_cast<StatusBar *>(control))
+            bar->Dock();
+    if (OnResize)
+        OnResize();
+}
+
+void Form::Unload()
+{
+    if (m_unloaded)
+        return;
+    if (OnUnload)
+        OnUnload();
+    Drop();
+    if (loaded.empty())
+        host().EndProgram();
+}
+
+void Form::Drop()
+{
+    if (m_unloaded)
+        return;
+    m_unloaded = true;
+    m_self.reset();
+    std::erase(loaded, this);
+    for (Control *control : m_controls)
+        if (auto *timer = dynamic_cast<Timer *>(control))
+            timer->Stop();
+    m_window->hide();
+    m_window->setEnabled(false);
+    new Undertaker(this);
+}
+
+bool Form::Active() const { return m_window->isActiveWindow(); }
+
+QWidget *Form::Window() const { return m_window.get(); }
+QWidget *Form::Client() const { return m_window->Client(); }
+
+QMenuBar *Form::MenuBar()
+{
+    QMenuBar *bar = m_window->MenuBar();
+    m_window->LayOut();
+    return bar;
+}
+
+Form *FormRef::Get() const
+{
+    const auto form = m_form.lock();
+    return form ? *form : nullptr;
+}
+
+void DoEvents() { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+
+double ScreenWidth() { return host().Screen().Width * TwipsPerPixel; }
+double ScreenHeight() { return host().Screen().Height * TwipsPerPixel; }
+
+} // namespace platform

@@ -1,0 +1,56 @@
+// The widget of a form: menu bar, client area, persistent drawing.
+#pragma once
+
+#include "platform/form.h"
+
+#include <QWidget>
+
+namespace platform {
+
+// Has no signals of its own, so it needs none of the toolkit's object machinery.
+class ClientArea : public QWidget {
+public:
+    ClientArea(Form &form, QWidget *parent);
+
+    struct Band {
+        double From; // units from the top
+        double To;
+        Color Fill;
+    };
+    std::vector<Band> Bands;
+    double Units = 1;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+
+private:
+    Form &m_form;
+};
+
+class FormWindow : public QWidget {
+public:
+    explicit FormWindow(Form &form);
+
+    ClientArea *Client() const { return m_client; }
+    QMenuBar *MenuBar(); // made when first asked for
+    int MenuBarHeight() const;
+    void LayOut();
+    // Places kept in twips, so that nothing drifts.
+    double Left = 0;
+    double Top = 0;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    Form &m_form;
+    QMenuBar *m_menuBar = nullptr;
+    ClientArea *m_client;
+};
+
+constexpr double TwipsPerPixel = 15;
+int ToPixels(double twips);
+
+} // namespace platform

@@ -1,0 +1,173 @@
+#include "platform/machine_host.h"
+
+#include "platform/form.h"
+#include "platform/sound_player.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QInputDialog>
+#include <QLockFile>
+#include <QMessageBox>
+#include <QScreen>
+#include <QTimer>
+#include <QUrl>
+
+#include <chrono>
+#include <cstdlib>
+
+namespace platform {
+
+namespace {
+
+class MachineTicker : public Ticker {
+public:
+    MachineTicker(int milliseconds, std::function<void()> tick) : m_timer(new QTimer)
+    {
+        m_timer->setTimerType(Qt::PreciseTimer);
+        QObject::connect(m_timer, &QTimer::timeout, m_timer, std::move(tick));
+        m_timer->start(milliseconds);
+    }
+    // A tick may end its own ticker.
+    ~MachineTicker() override
+    {
+        m_timer->stop();
+        m_timer->disconnect();
+        m_timer->deleteLater();
+    }
+    MachineTicker(const MachineTicker &) = delete;
+    MachineTicker &operator=(const MachineTicker &) = delete;
+
+private:
+    QTimer *m_timer;
+};
+
+QMessageBox::Icon IconOf(BoxIcon icon)
+{
+    switch (icon) {
+    case BoxIcon::Information:
+        return QMessageBox::Information;
+    case BoxIcon::Exclamation:
+        return QMessageBox::Warning;
+    case BoxIcon::Critical:
+        return QMessageBox::Critical;
+    case BoxIcon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+// A folder of this user alone, so that each user of the machine runs the program.
+QString LockFolder()
+{
+    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (!runtime.isEmpty() && QFileInfo(runtime).isWritable())
+        return runtime + QLatin1Char('/');
+    const QString own = QDir::homePath() + QStringLiteral("/.cache/");
+    QDir().mkpath(own);
+    return QFileInfo(own).isWritable() ? own : QDir::tempPath() + QLatin1Char('/');
+}
+
+} // namespace
+
+MachineHost::MachineHost(const QString &driveRoot) : m_driveRoot(driveRoot) {}
+
+MachineHost::~MachineHost() = default;
+
+void MachineHost::Randomize()
+{
+    std::random_device device;
+    m_generator.seed(device() ^ static_cast<uint32_t>(
+                                    std::chrono::system_clock::now().time_since_epoch().count()));
+}
+
+double MachineHost::Rnd() { return static_cast<double>((m_generator() & 0xFFFFFFFFU) >> 8) / 16777216.0; }
+
+int64_t MachineHost::Milliseconds()
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+               std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+std::unique_ptr<Ticker> MachineHost::StartTicker(int milliseconds, std::function<void()> tick)
+{
+    return std::make_unique<MachineTicker>(milliseconds, std::move(tick));
+}
+
+BoxAnswer MachineHost::MessageBox(const Box &box)
+{
+    QMessageBox window(IconOf(box.Icon),
+                       box.Title.isEmpty() ? QStringLiteral("MorleneKVT") : box.Title, box.Text,
+                       box.Buttons == BoxButtons::YesNo ? QMessageBox::Yes | QMessageBox::No
+                                                        : QMessageBox::Ok,
+                       QApplication::activeWindow());
+    window.setTextFormat(Qt::PlainText);
+    const int answer = window.exec();
+    if (box.Buttons == BoxButtons::Ok)
+        return BoxAnswer::Ok;
+    return answer == QMessageBox::Yes ? BoxAnswer::Yes : BoxAnswer::No;
+}
+
+QString MachineHost::InputBox(const QString &prompt, const QString &title, const QString &proposal)
+{
+    bool confirmed = false;
+    const QString text = QInputDialog::getText(QApplication::activeWindow(), title, prompt,
+                                               QLineEdit::Normal, proposal, &confirmed);
+    return confirmed ? text : QString();
+}
+
+void MachineHost::PlaySound(const QString &nativePath) { PlayWaveFile(nativePath); }
+
+void MachineHost::OpenDocument(const QString &nativePath)
+{
+    if (QFileInfo::exists(nativePath))
+        QDesktopServices::openUrl(QUrl::fromLocalFile(nativePath));
+}
+
+QString MachineHost::ApplicationFolder()
+{
+    return QCoreApplication::applicationDirPath() + QLatin1Char('/');
+}
+
+ScreenSize MachineHost::Screen()
+{
+    const QSize size = QGuiApplication::primaryScreen()->geometry().size();
+    return {size.width(), size.height()};
+}
+
+bool MachineHost::AnotherInstanceRuns()
+{
+    // A lock whose process is gone is no lock: after a crash the next start is not refused.
+    m_lock = std::make_unique<QLockFile>(LockFolder() + QStringLiteral("morlenekvt.lock"));
+    m_lock->setStaleLockTime(0);
+    return !m_lock->tryLock(0) && m_lock->error() == QLockFile::LockFailedError;
+}
+
+bool MachineHost::RegisterFont(const QString &nativePath)
+{
+    return QFontDatabase::addApplicationFont(nativePath) >= 0;
+}
+
+void MachineHost::EndProgram()
+{
+    while (!Form::Loaded().empty())
+        Form::Loaded().back()->Drop();
+    QCoreApplication::exit(0);
+}
+
+void MachineHost::FatalError(int number, const QString &text)
+{
+    // A window that throws while it paints would throw again behind the box.
+    for (Form *form : Form::Loaded())
+        form->LockDrawing(true);
+    const QString line = number == 0 ? text : QStringLiteral("%1: %2").arg(number).arg(text);
+    QMessageBox(QMessageBox::Critical, QStringLiteral("MorleneKVT"), line, QMessageBox::Ok).exec();
+    m_lock.reset();
+    std::_Exit(1);
+}
+
+} // namespace platform

@@ -1,0 +1,28 @@
+#include "platform/x11_keyboard.h"
+
+#include <QGuiApplication>
+
+#ifdef MORLENE_XCB
+#include <xcb/xcb.h>
+// The header uses a C++ keyword as a name.
+#define explicit explicit_
+#include <xcb/xkb.h>
+#undef explicit
+#endif
+
+namespace platform {
+
+void AskForDetectableAutoRepeat()
+{
+#ifdef MORLENE_XCB
+    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 == nullptr)
+        return;
+    xcb_connection_t *connection = x11->connection();
+    const uint32_t flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
+    xcb_xkb_per_client_flags(connection, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0);
+    xcb_flush(connection);
+#endif
+}
+
+} // namespace platform
