@@ -16,7 +16,7 @@ namespace {
 constexpr int kRate = 44100;
 constexpr double kLoudness = 0.1;    // root mean square over the sounding part, of full scale 1
 constexpr double kHighestPeak = 0.9; // what loudspeakers of a classroom take without rattling
-constexpr double kFadeOut = 0.08;    // seconds
+constexpr double kFadeOut = 0.12;    // seconds
 
 struct Partial {
     double ratio;    // to the pitch of the note
@@ -42,9 +42,9 @@ struct Melody {
 };
 
 // A wooden bar is tuned so that its second partial lies two octaves up.
-const Instrument kMarimba{0.005, {{1, 1, 0.34}, {4, 0.16, 0.09}, {9.2, 0.03, 0.03}}};
+const Instrument kMarimba{0.005, {{1, 1, 0.3}, {4, 0.16, 0.09}, {9.2, 0.03, 0.03}}};
 const Instrument kBell{0.004, {{1, 1, 0.42}, {2, 0.22, 0.26}, {3, 0.1, 0.16}, {5.4, 0.03, 0.07}}};
-const Instrument kFeltDrum{0.016, {{1, 1, 0.2}, {2, 0.3, 0.12}, {3, 0.08, 0.07}}};
+const Instrument kFeltMallet{0.016, {{1, 1, 0.15}, {2, 0.35, 0.1}, {3, 0.12, 0.07}}};
 
 const std::vector<Melody> kRight = {
     {kMarimba, 1.1, {{0, 72, 0.8}, {0.11, 76, 0.8}, {0.22, 79, 0.9}, {0.33, 84, 1}}},
@@ -66,14 +66,14 @@ const std::vector<Melody> kRight = {
       {0.36, 81, 0.6},
       {0.36, 89, 0.8}}},
     {kMarimba, 1.2, {{0, 79, 0.9}, {0.1, 79, 0.7}, {0.2, 79, 0.7}, {0.32, 84, 1}, {0.32, 76, 0.6}}},
-    {kBell, 1.3, {{0, 84, 0.9}, {0.14, 79, 0.7}, {0.28, 81, 0.8}, {0.42, 86, 0.8}, {0.56, 84, 1}}},
+    {kBell, 1.3, {{0, 84, 0.9}, {0.14, 79, 0.7}, {0.28, 81, 0.8}, {0.42, 84, 0.8}, {0.56, 88, 1}}},
 };
 
 const std::vector<Melody> kWrong = {
-    {kFeltDrum, 0.7, {{0, 62, 1}, {0.2, 59, 0.9}}},
-    {kFeltDrum, 0.6, {{0, 57, 1}, {0.16, 57, 0.8}}},
-    {kFeltDrum, 0.7, {{0, 60, 1}, {0.2, 57, 0.9}}},
-    {kFeltDrum, 0.7, {{0, 64, 1}, {0.22, 57, 0.9}}},
+    {kFeltMallet, 0.7, {{0, 62, 1}, {0.2, 59, 0.9}}},
+    {kFeltMallet, 0.6, {{0, 57, 1}, {0.16, 57, 0.8}}},
+    {kFeltMallet, 0.7, {{0, 60, 1}, {0.2, 57, 0.9}}},
+    {kFeltMallet, 0.7, {{0, 64, 1}, {0.22, 57, 0.9}}},
 };
 
 double Frequency(int pitch) {
