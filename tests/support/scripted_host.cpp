@@ -177,7 +177,9 @@ void ScriptedHost::EndProgram()
 {
     Events << QStringLiteral("end");
     Ended = true;
-    DropForms();
+    // Not deleted here: a handler of one of them may be what ended the program.
+    while (!Form::Loaded().empty())
+        Form::Loaded().back()->Drop();
 }
 
 void ScriptedHost::FatalError(int number, const QString &text)

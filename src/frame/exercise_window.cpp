@@ -1,0 +1,178 @@
+#include "frame/exercise_window.h"
+
+#include "core/profile.h"
+#include "core/windows.h"
+#include "language/language.h"
+#include "support/cls_resize.h"
+
+#include <memory>
+
+using namespace platform;
+
+namespace {
+
+constexpr int IntervalloFuoco = 100;    // ms between two pulls of the keyboard, by design
+constexpr double AltezzaBarra = 500;    // twips
+constexpr double FuoriVista = 12720;    // left of the keyboard targets: right of what is seen
+constexpr double AltezzaBarraDisegno = 495;
+
+} // namespace
+
+FinestraEsercizio::FinestraEsercizio(const DisegnoEsercizio &disegno)
+    : Form(disegno.Nome, disegno.Larghezza, disegno.Altezza),
+      picMerlino({*this, "picMerlino"}, {4440, 2760, 1335, 2535}),
+      Timer1({*this, "Timer1"}, IntervalloFuoco),
+      PictureScansioneManuale({*this, "PictureScansioneManuale"}, {FuoriVista, 2040, 615, 495}),
+      PictureScansioneAutomatica({*this, "PictureScansioneAutomatica"},
+                                 {FuoriVista, 2880, 495, 495}),
+      Command1(*this, "Command1"),
+      StatusBar1({*this, "StatusBar1"},
+                 {0, disegno.Altezza - AltezzaBarraDisegno, disegno.Larghezza, AltezzaBarraDisegno},
+                 3),
+      mnuLivelli({*this, "mnuLivelli"}, QStringLiteral("&Livelli")), mnuLiv(*this, "mnuLiv"),
+      mnuSt({*this, "mnuSt"}, QStringLiteral("&Stampa")),
+      mnuStEserc({*this, "mnuStEserc"}, mnuSt, QStringLiteral("veloce"), QStringLiteral("Ctrl+S")),
+      mnuStPg({*this, "mnuStPg"}, mnuSt, QStringLiteral("con opzioni")),
+      mnuStOr({*this, "mnuStOr"}, mnuStPg, QStringLiteral("foglio orizzontale"),
+              QStringLiteral("Ctrl+O")),
+      mnuStVer({*this, "mnuStVer"}, mnuStPg, QStringLiteral("foglio verticale"),
+               QStringLiteral("Ctrl+V")),
+      mnuCol({*this, disegno.NomeFiguraDaColorare}, mnuSt, QStringLiteral("figura da colorare"),
+             QStringLiteral("Ctrl+P")),
+      mnuEsci({*this, "mnuEsci"}, QStringLiteral("&Esci")), m_disegno(disegno)
+{
+    SetCaption(QStringLiteral("MorleneKVT"));
+    SetBackColor(disegno.Sfondo);
+    // The bar keeps its own height on every screen.
+    StatusBar1.SetTag(QStringLiteral("@L,T,W"));
+    for (int i = 1; i <= disegno.Livelli; ++i)
+        mnuLiv.Add(i, mnuLivelli, QString::number(i), QStringLiteral("F%1").arg(i));
+    mnuLiv(1).SetChecked(true);
+
+    OnLoad = [this] { Carica(); };
+    OnActivate = [this] { Attiva(); };
+    OnResize = [this] { Ridimensiona(); };
+    mnuLiv.OnClick = [this](int indice) { ScegliLivello(indice); };
+    mnuEsci.OnClick = [this] { Esci(); };
+    Timer1.OnTimer = [this] { Tick(); };
+    PictureScansioneManuale.OnKeyUp = [this](int tasto, int) { TastoManuale(tasto); };
+    PictureScansioneAutomatica.OnKeyDown = [this](int tasto, int) {
+        // A held switch freezes the highlight.
+        if (ModoInput == 2 && tasto == KeySpace)
+            Timer1.SetEnabled(false);
+    };
+    PictureScansioneAutomatica.OnKeyUp = [this](int tasto, int) { TastoAutomatico(tasto); };
+    PictureScansioneAutomatica.OnLostFocus = [this] {
+        // The release of a held switch goes to who has taken the keyboard: scanning goes on.
+        if (ModoInput == 2)
+            Timer1.SetEnabled(true);
+    };
+
+    // Printing comes from here when its window exists.
+    for (MenuItem *voce : {&mnuStEserc, &mnuStOr, &mnuStVer, &mnuCol})
+        voce->SetEnabled(FinestraEsiste(QStringLiteral("frmStampa")));
+}
+
+void FinestraEsercizio::Carica()
+{
+    MLSCaricaForm(*this);
+    Ridimensionatore = std::make_shared<clsResize>();
+    Ridimensionatore->SetSourceForm(*this);
+    Ridimensionatore->SizeFormToScreen(75);
+}
+
+void FinestraEsercizio::Ridimensiona()
+{
+    if (Ridimensionatore)
+        Ridimensionatore->ResizeControls();
+    if (ModoInput == 2) {
+        ScaricaFinestra(QStringLiteral("FormMenu"));
+        DoEvents();
+    }
+}
+
+void FinestraEsercizio::OccupaLoSchermo() { Move(0, 0, ScreenWidth(), ScreenHeight()); }
+
+void FinestraEsercizio::VestiPuntatori()
+{
+    if (!DisabilitaMousePersonalizzato)
+        return;
+    for (Button &pulsante : Command1)
+        pulsante.SetMousePointer(platform::MousePointer::Default);
+}
+
+void FinestraEsercizio::VestiSfondo()
+{
+    if (!ColoriVari)
+        SetBackColor(ToColor(ColoreSfondo));
+}
+
+void FinestraEsercizio::VestiPulsanti()
+{
+    for (Button &pulsante : Command1)
+        pulsante.SetBackColor(ToColor(ColoreBottoni));
+}
+
+void FinestraEsercizio::CominciaDalPrimoLivello()
+{
+    // The tick in the menu is not moved back: meant.
+    Livello = 1;
+    mnuLivelli.SetEnabled(!PassaggioLivelli);
+}
+
+void FinestraEsercizio::AzzeraContatori()
+{
+    ScriviPannelloLivello();
+    Esatti = 0;
+    Errati = 0;
+    ScriviPannelloEsatti();
+    ScriviPannelloErrati();
+}
+
+void FinestraEsercizio::AbbassaBarraDiStato() { StatusBar1.SetHeight(AltezzaBarra); }
+
+void FinestraEsercizio::ContaEsatto() { ++Esatti; }
+
+void FinestraEsercizio::ContaErrato() { Errati = Integer16(Errati + 1); }
+
+void FinestraEsercizio::ScriviPannelloEsatti()
+{
+    StatusBar1.SetPanel(1, QString::number(Esatti) + EtichettaEsatti);
+}
+
+void FinestraEsercizio::ScriviPannelloErrati()
+{
+    StatusBar1.SetPanel(2, QString::number(Errati) + EtichettaErrati);
+}
+
+void FinestraEsercizio::ScriviPannelloLivello()
+{
+    StatusBar1.SetPanel(3, QString::number(Livello) + EtichettaLivello);
+}
+
+void FinestraEsercizio::SpegniPulsanti()
+{
+    for (Button &pulsante : Command1)
+        if (pulsante.BackColor() != ToColor(ColoreBottoni))
+            pulsante.SetBackColor(ToColor(ColoreBottoni));
+}
+
+void FinestraEsercizio::AccendiPulsante(int indice)
+{
+    for (Button &pulsante : Command1)
+        if (pulsante.Index() != indice && pulsante.BackColor() != ToColor(ColoreBottoni))
+            pulsante.SetBackColor(ToColor(ColoreBottoni));
+    if (Command1(indice).BackColor() != ToColor(ColorePulsantiSelezionati))
+        Command1(indice).SetBackColor(ToColor(ColorePulsantiSelezionati));
+}
+
+void FinestraEsercizio::Esci()
+{
+    // Errors are skipped one by one: a full log never bars the way back to the menu.
+    Skipping([&] { EserciziEseguiti(NumeroEserciziEseguiti, 1) = QString::number(Livello); });
+    Skipping([&] { EserciziEseguiti(NumeroEserciziEseguiti, 2) = QString::number(Esatti); });
+    Skipping([&] { EserciziEseguiti(NumeroEserciziEseguiti, 3) = QString::number(Errati); });
+    Skipping([&] { NumeroEserciziEseguiti = Integer16(NumeroEserciziEseguiti + 1); });
+    Skipping([&] { MostraFinestra(QStringLiteral("FormMenu")); });
+    Skipping([&] { Unload(); });
+}

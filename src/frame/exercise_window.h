@@ -1,0 +1,115 @@
+// What every exercise window does: load, the steps of activation, levels, counters and log rows,
+// the light under the pointer, scanning, leaving. Each exercise lists the steps in its own order.
+#pragma once
+
+#include "core/profile.h"
+#include "core/shared_state.h"
+#include "platform/button.h"
+#include "platform/control_array.h"
+#include "platform/form.h"
+#include "platform/menu.h"
+#include "platform/movie_control.h"
+#include "platform/picture.h"
+#include "platform/status_bar.h"
+#include "platform/timer.h"
+
+#include <cstdint>
+#include <functional>
+
+// The numbers in which the windows differ. Sizes are twips of the design's client area.
+struct DisegnoEsercizio {
+    const char *Nome;
+    double Larghezza;
+    double Altezza;
+    platform::Color Sfondo;          // kept while `ColoriVari` is true
+    int Livelli;                     // levels 1 to this one
+    int SogliaSalita;                // right minus wrong answers that raise the level
+    const char *NomeFiguraDaColorare; // design name of the menu entry
+};
+
+class FinestraEsercizio : public platform::Form {
+public:
+    int16_t Livello = 0;
+    int16_t BottoneScansione = 0;
+
+    platform::PictureBox picMerlino;
+    platform::Timer Timer1;
+    platform::PictureBox PictureScansioneManuale;
+    platform::PictureBox PictureScansioneAutomatica;
+    platform::ControlArray<platform::Button> Command1;
+    platform::StatusBar StatusBar1;
+
+    platform::MenuItem mnuLivelli;
+    platform::ControlArray<platform::MenuItem> mnuLiv;
+    platform::MenuItem mnuSt;
+    platform::MenuItem mnuStEserc;
+    platform::MenuItem mnuStPg;
+    platform::MenuItem mnuStOr;
+    platform::MenuItem mnuStVer;
+    platform::MenuItem mnuCol;
+    platform::MenuItem mnuEsci;
+
+protected:
+    explicit FinestraEsercizio(const DisegnoEsercizio &disegno);
+
+    // What the window does when it is activated, in its own order.
+    virtual void Attiva() = 0;
+    // Makes and shows a task; its first step is `CambiaLivello` when levels move by themselves.
+    virtual void GeneraEsercizio() = 0;
+    // Scanning: one step of the highlight, forward (1) or backward (-1), and the choice.
+    virtual void PassoScansione(int verso) = 0;
+    virtual void Scegli() = 0;
+
+    // Steps of activation.
+    void OccupaLoSchermo();
+    void VestiPuntatori();
+    void VestiSfondo();
+    void VestiPulsanti();
+    // Colours and font of the sentences, on a label or a text box.
+    template <typename Testo> void VestiTesto(Testo &testo);
+    void CominciaDalPrimoLivello(); // `Livello` and the level menu
+    void PreparaScansione();        // timer, highlight on the first button, or timer off
+    void AzzeraContatori();         // panels 3, 1, 2
+    void AbbassaBarraDiStato();
+
+    // One more right or wrong answer; panels are written apart, since their order differs.
+    void ContaEsatto();
+    void ContaErrato();
+    void ScriviPannelloEsatti();
+    void ScriviPannelloErrati();
+    void ScriviPannelloLivello();
+
+    // Looks at the score. `dopoIlCambio` runs at the end of a change, before panel 3 is written.
+    void CambiaLivello(const std::function<void()> &dopoIlCambio);
+
+    // The light under the pointer; a colour is only written when it differs.
+    void SpegniPulsanti();
+    void AccendiPulsante(int indice);
+
+    // Moves the highlight over `Command1` by one step, past disabled buttons.
+    void SpostaEvidenza(int verso);
+    void Evidenzia(int indice, bool acceso);
+
+private:
+    void Carica();
+    void Ridimensiona();
+    void Esci();
+    void ScegliLivello(int indice);
+    void UnLivelloInMeno(const std::function<void()> &dopoIlCambio);
+    void UnLivelloInPiu(const std::function<void()> &dopoIlCambio);
+    void ScriviRiga();
+    void ChiudiLivello();
+    void Tick();
+    void TastoManuale(int tasto);
+    void TastoAutomatico(int tasto);
+
+    DisegnoEsercizio m_disegno;
+};
+
+template <typename Testo> void FinestraEsercizio::VestiTesto(Testo &testo)
+{
+    testo.SetBackColor(platform::ToColor(ColoreSfondoTesto));
+    testo.SetForeColor(platform::ToColor(ColoreFont));
+    testo.SetFontName(FontCorrente);
+    testo.SetFontSize(DimensioneFont);
+}

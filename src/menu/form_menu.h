@@ -1,0 +1,57 @@
+// The hub of the program: nine pictured items, the list of players, the menus of the adult.
+#pragma once
+
+#include "platform/combo_box.h"
+#include "platform/control_array.h"
+#include "platform/form.h"
+#include "platform/label.h"
+#include "platform/menu.h"
+#include "platform/picture.h"
+#include "platform/timer.h"
+
+#include <cstdint>
+
+class FormMenu : public platform::Form {
+public:
+    FormMenu();
+
+    int16_t PosizioneScansione = 0; // item that the scanning has reached, 0 to 8
+
+    platform::ControlArray<platform::Image> Image1;
+    platform::ControlArray<platform::Label> Command1; // labels, despite the name
+    platform::ComboBox Combo1;
+    platform::Label LabelDimensionaFont;
+    platform::PictureBox PictureScansioneAutomatica;
+    platform::PictureBox PictureScansioneManuale;
+    platform::Timer Timer1;
+    platform::MenuItem mnuConfigura;
+    platform::MenuItem mnuEserciziEseguiti;
+    platform::MenuItem mnuInfo;
+    platform::MenuItem mnuDocum;
+    platform::MenuItem mnuAbout;
+    platform::MenuItem mnuLanguages;
+    platform::ControlArray<platform::MenuItem> mnuLanguage;
+
+    void RecuperaUtenti();
+    void ImpostaUtente();
+    void MLSFillMenuLanguages();
+
+private:
+    void Disegna();
+    void Collega();
+    void Carica();
+    void Attiva();
+    void AvviaEsercizi(int16_t &indice);
+    void ChiudiProgramma();
+    void Accendi(int indice);
+    void Spegni();
+    void CambiaLingua(int indice);
+    void CambiaUtente();
+    void DimensionaCaratteri();
+    void ImpostaModoInput();
+    void Passo(int verso);
+    void Scegli();
+    void Tick();
+    void TastoManuale(int tasto);
+    void TastoAutomatico(int tasto);
+};
