@@ -98,6 +98,17 @@ QString Native(const Parsed &path, qsizetype count)
     return native;
 }
 
+// "*" stands for any letters, "?" for one.
+QRegularExpression Matcher(const QString &pattern)
+{
+    QString expression = QRegularExpression::escape(pattern);
+    expression.replace(QStringLiteral("\\*"), QStringLiteral(".*"));
+    expression.replace(QStringLiteral("\\?"), QStringLiteral("."));
+    return QRegularExpression(QRegularExpression::anchoredPattern(expression),
+                              QRegularExpression::CaseInsensitiveOption |
+                                  QRegularExpression::DotMatchesEverythingOption);
+}
+
 } // namespace
 
 QString AppPath()
@@ -134,10 +145,7 @@ QStringList DirList(const QString &pattern, LookUp kind)
         return {};
     if (!there.isReadable())
         throw RunTimeError(PermissionDenied, folder);
-    const QRegularExpression wanted(
-        QRegularExpression::wildcardToRegularExpression(
-            name, QRegularExpression::NonPathWildcardConversion),
-        QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpression wanted = Matcher(name);
     QStringList names;
     const auto entries = QDir(folder).entryInfoList(
         QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);

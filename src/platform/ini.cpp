@@ -53,10 +53,7 @@ IniLine ReadLine(const QByteArray &raw)
     line.LineKind = IniLine::Kind::Key;
     line.Name = FromCodePage(Trimmed(text.left(equals))).toLower();
     line.Value = Trimmed(text.mid(equals + 1));
-    const bool quoted = line.Value.size() >= 2 &&
-                        (line.Value.startsWith('"') || line.Value.startsWith('\'')) &&
-                        line.Value.front() == line.Value.back();
-    if (quoted && line.Value.startsWith('"'))
+    if (line.Value.size() >= 2 && line.Value.startsWith('"') && line.Value.endsWith('"'))
         line.Value = line.Value.mid(1, line.Value.size() - 2);
     return line;
 }

@@ -1,0 +1,196 @@
+// The sound of a right or a wrong answer must never keep the child waiting, whatever the sound
+// server does. So the server is talked to from a thread of its own, and no reply is waited for.
+#include "platform/sound_player.h"
+
+#if defined(MORLENE_PULSE)
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+#include <pulse/pulseaudio.h>
+
+#include "platform/wave_file.h"
+
+namespace platform {
+namespace {
+
+// How much the server holds ahead: long enough not to stutter, short enough to feel immediate.
+constexpr pa_usec_t kTargetLength = 40 * PA_USEC_PER_MSEC;
+
+// A server that was stuck for longer must not answer a child who is at the next task by now.
+constexpr std::chrono::seconds kLatestStart{2};
+
+pa_sample_spec SampleSpec(const WaveSound &sound) {
+    pa_sample_spec spec{};
+    spec.format = sound.bitsPerSample == 8    ? PA_SAMPLE_U8
+                  : sound.bitsPerSample == 16 ? PA_SAMPLE_S16LE
+                  : sound.bitsPerSample == 24 ? PA_SAMPLE_S24LE
+                                              : PA_SAMPLE_S32LE;
+    spec.channels = static_cast<uint8_t>(sound.channels);
+    spec.rate = static_cast<uint32_t>(sound.framesPerSecond);
+    return spec;
+}
+
+// All fields belong to the loop: they are touched with its lock held, which its callbacks have.
+class Player {
+public:
+    Player() : m_loop(pa_threaded_mainloop_new()) {
+        if (m_loop && pa_threaded_mainloop_start(m_loop) < 0) {
+            pa_threaded_mainloop_free(m_loop);
+            m_loop = nullptr;
+        }
+    }
+
+    ~Player() {
+        if (!m_loop)
+            return;
+        pa_threaded_mainloop_stop(m_loop);
+        DropStream();
+        DropContext();
+        pa_threaded_mainloop_free(m_loop);
+    }
+
+    Player(const Player &) = delete;
+    Player &operator=(const Player &) = delete;
+
+    void Play(WaveSound sound) {
+        if (!m_loop)
+            return;
+        pa_threaded_mainloop_lock(m_loop);
+        DropStream();
+        m_sound = std::move(sound);
+        m_written = 0;
+        m_asked = std::chrono::steady_clock::now();
+        if (!m_context || !PA_CONTEXT_IS_GOOD(pa_context_get_state(m_context)))
+            Connect();
+        else if (pa_context_get_state(m_context) == PA_CONTEXT_READY)
+            StartStream();
+        pa_threaded_mainloop_unlock(m_loop);
+    }
+
+private:
+    void Connect() {
+        DropContext();
+        m_context = pa_context_new(pa_threaded_mainloop_get_api(m_loop), "MorleneKVT");
+        if (!m_context)
+            return;
+        pa_context_set_state_callback(m_context, &Player::ContextChanged, this);
+        pa_context_connect(m_context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr);
+    }
+
+    void StartStream() {
+        if (IsTooLate() || m_sound.samples.isEmpty())
+            return;
+        const pa_sample_spec spec = SampleSpec(m_sound);
+        m_stream = pa_stream_new(m_context, "MorleneKVT", &spec, nullptr);
+        if (!m_stream)
+            return;
+        pa_stream_set_state_callback(m_stream, &Player::StreamChanged, this);
+        pa_stream_set_write_callback(m_stream, &Player::WriteMore, this);
+        const uint32_t serverDecides = UINT32_MAX;
+        pa_buffer_attr buffer{};
+        buffer.maxlength = serverDecides;
+        buffer.prebuf = serverDecides;
+        buffer.minreq = serverDecides;
+        buffer.fragsize = serverDecides;
+        buffer.tlength = static_cast<uint32_t>(pa_usec_to_bytes(kTargetLength, &spec));
+        if (pa_stream_connect_playback(m_stream, nullptr, &buffer, PA_STREAM_ADJUST_LATENCY,
+                                       nullptr, nullptr) < 0)
+            DropStream();
+    }
+
+    bool IsTooLate() const { return std::chrono::steady_clock::now() - m_asked > kLatestStart; }
+
+    // Without its callbacks a stream that is on its way out cannot disturb the next one.
+    void DropStream() {
+        if (!m_stream)
+            return;
+        pa_stream_set_state_callback(m_stream, nullptr, nullptr);
+        pa_stream_set_write_callback(m_stream, nullptr, nullptr);
+        pa_stream_disconnect(m_stream);
+        pa_stream_unref(m_stream);
+        m_stream = nullptr;
+    }
+
+    void DropContext() {
+        if (!m_context)
+            return;
+        pa_context_set_state_callback(m_context, nullptr, nullptr);
+        pa_context_disconnect(m_context);
+        pa_context_unref(m_context);
+        m_context = nullptr;
+    }
+
+    static void ContextChanged(pa_context *context, void *self) {
+        Player &player = *static_cast<Player *>(self);
+        const pa_context_state_t state = pa_context_get_state(context);
+        if (state == PA_CONTEXT_READY)
+            player.StartStream();
+        else if (!PA_CONTEXT_IS_GOOD(state))
+            player.DropStream();
+    }
+
+    static void StreamChanged(pa_stream *stream, void *self) {
+        if (!PA_STREAM_IS_GOOD(pa_stream_get_state(stream)))
+            static_cast<Player *>(self)->DropStream();
+    }
+
+    static void WriteMore(pa_stream *stream, size_t wanted, void *self) {
+        Player &player = *static_cast<Player *>(self);
+        if (player.m_written == 0 && player.IsTooLate()) {
+            player.DropStream();
+            return;
+        }
+        const qsizetype left = player.m_sound.samples.size() - player.m_written;
+        const qsizetype frame = player.m_sound.channels * player.m_sound.bitsPerSample / 8;
+        const qsizetype room = static_cast<qsizetype>(wanted);
+        const qsizetype length = std::min(left, room - room % frame);
+        if (length == 0)
+            return;
+        const char *from = player.m_sound.samples.constData() + player.m_written;
+        pa_stream_write(stream, from, static_cast<size_t>(length), nullptr, 0, PA_SEEK_RELATIVE);
+        player.m_written += length;
+        if (length < left)
+            return;
+        // Draining also starts a sound that is shorter than what the server wants ahead.
+        if (pa_operation *drain = pa_stream_drain(stream, &Player::Drained, self))
+            pa_operation_unref(drain);
+    }
+
+    static void Drained(pa_stream *, int, void *self) { static_cast<Player *>(self)->DropStream(); }
+
+    pa_threaded_mainloop *m_loop = nullptr;
+    pa_context *m_context = nullptr;
+    pa_stream *m_stream = nullptr;
+    WaveSound m_sound;
+    qsizetype m_written = 0; // bytes of the samples that the server has
+    std::chrono::steady_clock::time_point m_asked;
+};
+
+} // namespace
+
+void PlayWaveFile(const QString &nativePath) {
+    static Player player;
+    // A missing file cuts off what still plays, too.
+    player.Play(ReadWaveFile(nativePath).value_or(WaveSound{}));
+}
+
+} // namespace platform
+
+#elif defined(Q_OS_WIN)
+
+#include <windows.h>
+
+#include <mmsystem.h>
+
+void platform::PlayWaveFile(const QString &nativePath) {
+    PlaySoundW(reinterpret_cast<const wchar_t *>(nativePath.utf16()), nullptr,
+               SND_FILENAME | SND_ASYNC | SND_NODEFAULT);
+}
+
+#else
+
+void platform::PlayWaveFile(const QString &) {}
+
+#endif
