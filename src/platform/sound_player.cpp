@@ -102,13 +102,18 @@ private:
 
     bool IsTooLate() const { return std::chrono::steady_clock::now() - m_asked > kLatestStart; }
 
-    // Without its callbacks a stream that is on its way out cannot disturb the next one.
+    // Without its callbacks a stream that is on its way out cannot disturb the next one. One that
+    // the server has not answered yet can only be ended when the answer comes.
     void DropStream() {
         if (!m_stream)
             return;
-        pa_stream_set_state_callback(m_stream, nullptr, nullptr);
         pa_stream_set_write_callback(m_stream, nullptr, nullptr);
-        pa_stream_disconnect(m_stream);
+        if (pa_stream_get_state(m_stream) == PA_STREAM_CREATING) {
+            pa_stream_set_state_callback(m_stream, &Player::EndWhenReady, nullptr);
+        } else {
+            pa_stream_set_state_callback(m_stream, nullptr, nullptr);
+            pa_stream_disconnect(m_stream);
+        }
         pa_stream_unref(m_stream);
         m_stream = nullptr;
     }
@@ -134,6 +139,11 @@ private:
     static void StreamChanged(pa_stream *stream, void *self) {
         if (!PA_STREAM_IS_GOOD(pa_stream_get_state(stream)))
             static_cast<Player *>(self)->DropStream();
+    }
+
+    static void EndWhenReady(pa_stream *stream, void *) {
+        if (pa_stream_get_state(stream) == PA_STREAM_READY)
+            pa_stream_disconnect(stream);
     }
 
     static void WriteMore(pa_stream *stream, size_t wanted, void *self) {
