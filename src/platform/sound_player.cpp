@@ -62,14 +62,21 @@ public:
         m_sound = std::move(sound);
         m_written = 0;
         m_asked = std::chrono::steady_clock::now();
-        if (!m_context || !PA_CONTEXT_IS_GOOD(pa_context_get_state(m_context)))
-            Connect();
-        else if (pa_context_get_state(m_context) == PA_CONTEXT_READY)
-            StartStream();
+        // Finding the server reads files and may take some milliseconds: the loop does it.
+        pa_mainloop_api_once(pa_threaded_mainloop_get_api(m_loop), &Player::Start, this);
         pa_threaded_mainloop_unlock(m_loop);
     }
 
 private:
+    static void Start(pa_mainloop_api *, void *self) {
+        Player &player = *static_cast<Player *>(self);
+        player.DropStream(); // of a sound asked for just before
+        if (!player.m_context || !PA_CONTEXT_IS_GOOD(pa_context_get_state(player.m_context)))
+            player.Connect();
+        else if (pa_context_get_state(player.m_context) == PA_CONTEXT_READY)
+            player.StartStream();
+    }
+
     void Connect() {
         DropContext();
         m_context = pa_context_new(pa_threaded_mainloop_get_api(m_loop), "MorleneKVT");
