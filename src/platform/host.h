@@ -21,7 +21,7 @@ enum class BoxAnswer { Ok, Yes, No };
 
 struct Box {
     QString Text;
-    QString Title; // empty: the program's name
+    QString Title{}; // empty: the program's name
     BoxIcon Icon = BoxIcon::None;
     BoxButtons Buttons = BoxButtons::Ok;
 };

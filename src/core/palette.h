@@ -1,0 +1,15 @@
+// The 216 web-safe colours from which an adult chooses, in a fixed order that no formula gives.
+#pragma once
+
+#include <QString>
+
+#include <array>
+
+constexpr int QuantiColoriWeb = 216;
+
+// As RRGGBB, and as the literal &H00BBGGRR& of the colours of controls. Filled by
+// `PreparaColoriWeb`, which `Main` calls once.
+extern std::array<QString, QuantiColoriWeb> ColoriWebHex;
+extern std::array<QString, QuantiColoriWeb> ColoriWebLetterali;
+
+void PreparaColoriWeb();

@@ -1,0 +1,17 @@
+// Main windows by name, so that none includes another. Each exists at most once.
+#pragma once
+
+#include "platform/form.h"
+
+#include <QString>
+
+// Makes the window; it deletes itself after it is unloaded.
+using CreaFinestra = platform::Form *(*)();
+
+void RegistraFinestra(const QString &nome, CreaFinestra crea);
+// True when the program knows how to make it.
+bool FinestraEsiste(const QString &nome);
+// Shows the window, made when it is not loaded; error 5 for one that nobody makes.
+void MostraFinestra(const QString &nome);
+// Unloads it when it is loaded.
+void ScaricaFinestra(const QString &nome);
