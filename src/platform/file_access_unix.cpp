@@ -154,7 +154,7 @@ Stamp StampOf(const Place &place) {
     stamp.Size = what.st_size;
     stamp.Modified = Nanoseconds(what.st_mtim);
     stamp.Changed = Nanoseconds(what.st_ctim);
-    stamp.Settled = stamp.Changed < Nanoseconds(now) - SettleTime;
+    stamp.Settled = stamp.Modified < Nanoseconds(now) - SettleTime;
     return stamp;
 }
 

@@ -116,7 +116,9 @@ Values Parse(const QByteArray &content) {
             const QString name = ValueName(section, line.Name);
             const qsizetype nul = line.Value.indexOf('\0');
             if (!values.contains(name))
-                values.insert(name, FromCodePage(line.Value.left(nul)).left(LongestValue));
+                values.insert(
+                    name,
+                    FromCodePage(nul < 0 ? line.Value : line.Value.left(nul)).left(LongestValue));
         }
     }
     return values;

@@ -40,8 +40,8 @@ bool IsRefused(const QString &name) {
 }
 
 bool IsRefusedPattern(QString pattern) {
-    pattern.remove(QLatin1Char('*')).remove(QLatin1Char('?'));
-    return !pattern.isEmpty() && IsRefused(pattern);
+    const QLatin1Char some('x');
+    return IsRefused(pattern.replace(QLatin1Char('*'), some).replace(QLatin1Char('?'), some));
 }
 
 bool IsLink(const QString &native) {

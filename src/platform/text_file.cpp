@@ -4,7 +4,8 @@
 #include "platform/errors.h"
 #include "platform/file_access.h"
 
-#include <cmath>
+#include <charconv>
+#include <system_error>
 
 namespace platform {
 
@@ -166,9 +167,13 @@ double RecordReader::Number() {
     text.replace('d', 'e');
     if (!IsNumber(text))
         throw RunTimeError(TypeMismatch);
-    // Nought for what is too small to tell from it, infinite for what is too large.
-    const double value = text.toDouble();
-    if (std::isinf(value))
+    if (text.startsWith('+'))
+        text.remove(0, 1);
+    double value = 0;
+    const auto result = std::from_chars(text.constData(), text.constData() + text.size(), value);
+    // Too small to tell from nought, or too large.
+    const bool small = text.contains("e-") || text.startsWith('.') || text.startsWith("0.");
+    if (result.ec == std::errc::result_out_of_range && !small)
         throw RunTimeError(Overflow);
     return value;
 }
