@@ -11,6 +11,11 @@ if(MORLENE_SANITIZE)
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(morlene_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(MORLENE_FUZZ)
+    target_compile_options(morlene_flags INTERFACE
+        -fsanitize=fuzzer-no-link,address -fno-omit-frame-pointer)
+    target_link_options(morlene_flags INTERFACE -fsanitize=address)
+endif()
 
 if(MORLENE_FUZZ)
     target_compile_options(morlene_flags INTERFACE

@@ -27,6 +27,8 @@ QString StandardText(int number)
         return QStringLiteral("Impossibile trovare il file");
     case FileAlreadyOpen:
         return QStringLiteral("File già aperto");
+    case FileAlreadyExists:
+        return QStringLiteral("File già esistente");
     case DiskFull:
         return QStringLiteral("Disco pieno");
     case InputPastEnd:

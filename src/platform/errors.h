@@ -17,6 +17,7 @@ enum ErrorNumber : int {
     BadFileNameOrNumber = 52,
     FileNotFound = 53,
     FileAlreadyOpen = 55,
+    FileAlreadyExists = 58,
     DiskFull = 61,
     InputPastEnd = 62,
     PermissionDenied = 70,

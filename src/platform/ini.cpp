@@ -1,23 +1,27 @@
+// Initialisation files, read and changed line by line. A file is kept byte for byte but for the one
+// line that a change is for.
 #include "platform/ini.h"
 
 #include "platform/errors.h"
-#include "platform/file_rights.h"
+#include "platform/file_access.h"
 #include "platform/files.h"
 
-#include <QDateTime>
-#include <QFileInfo>
 #include <QHash>
+#include <QList>
+#include <QSet>
 
 namespace platform {
 
 namespace {
 
 constexpr qsizetype LongestValue = 511; // letters
+constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
 
-bool IsBlank(char letter) { return letter == ' ' || letter == '\t'; }
+bool IsBlank(char letter) {
+    return letter == ' ' || letter == '\t';
+}
 
-QByteArray Trimmed(const QByteArray &text)
-{
+QByteArray Trimmed(const QByteArray &text) {
     qsizetype start = 0;
     qsizetype end = text.size();
     while (start < end && IsBlank(text.at(start)))
@@ -27,7 +31,36 @@ QByteArray Trimmed(const QByteArray &text)
     return text.mid(start, end - start);
 }
 
-// A line of an initialisation file, as far as it means something.
+QString Folded(const QByteArray &name) {
+    return FromCodePage(Trimmed(name)).toLower();
+}
+QString Folded(const QString &name) {
+    return Folded(ToCodePage(name));
+}
+
+struct RawLine {
+    QByteArray Text;
+    QByteArray End; // CR LF, LF, CR, or nothing behind the last line
+};
+
+QList<RawLine> Split(const QByteArray &content) {
+    QList<RawLine> lines;
+    qsizetype start = 0;
+    for (qsizetype at = 0; at < content.size(); ++at) {
+        const char letter = content.at(at);
+        if (letter != '\r' && letter != '\n')
+            continue;
+        const bool pair = letter == '\r' && at + 1 < content.size() && content.at(at + 1) == '\n';
+        lines.append({content.mid(start, at - start), content.mid(at, pair ? 2 : 1)});
+        at += pair ? 1 : 0;
+        start = at + 1;
+    }
+    if (start < content.size())
+        lines.append({content.mid(start), {}});
+    return lines;
+}
+
+// A line as far as it means something.
 struct IniLine {
     enum class Kind { Other, Section, Key };
     Kind LineKind = Kind::Other;
@@ -35,8 +68,7 @@ struct IniLine {
     QByteArray Value;
 };
 
-IniLine ReadLine(const QByteArray &raw)
-{
+IniLine Understand(const QByteArray &raw) {
     IniLine line;
     const QByteArray text = Trimmed(raw);
     if (text.startsWith(';'))
@@ -44,118 +76,138 @@ IniLine ReadLine(const QByteArray &raw)
     if (text.startsWith('[')) {
         const qsizetype end = text.indexOf(']');
         line.LineKind = IniLine::Kind::Section;
-        line.Name = FromCodePage(Trimmed(text.mid(1, (end < 0 ? text.size() : end) - 1))).toLower();
+        line.Name = Folded(text.mid(1, (end < 0 ? text.size() : end) - 1));
         return line;
     }
     const qsizetype equals = text.indexOf('=');
     if (equals < 0)
         return line;
     line.LineKind = IniLine::Kind::Key;
-    line.Name = FromCodePage(Trimmed(text.left(equals))).toLower();
+    line.Name = Folded(text.left(equals));
     line.Value = Trimmed(text.mid(equals + 1));
     if (line.Value.size() >= 2 && line.Value.startsWith('"') && line.Value.endsWith('"'))
         line.Value = line.Value.mid(1, line.Value.size() - 2);
     return line;
 }
 
-QList<QByteArray> Lines(QByteArray content)
-{
-    if (content.startsWith("\xEF\xBB\xBF"))
-        content.remove(0, 3);
-    QList<QByteArray> lines = content.split('\n');
-    for (QByteArray &line : lines)
-        if (line.endsWith('\r'))
-            line.chop(1);
-    return lines;
+QByteArray WithoutMark(const QByteArray &content) {
+    return content.startsWith(ByteOrderMark) ? content.mid(sizeof ByteOrderMark - 1) : content;
 }
 
-using Values = QHash<QString, QString>; // "section\nkey" in small letters
+using Values = QHash<QString, QString>; // by section, a line feed and key, in small letters
 
-Values Parse(const QByteArray &content)
-{
+QString ValueName(const QString &section, const QString &key) {
+    return section + QLatin1Char('\n') + key;
+}
+
+Values Parse(const QByteArray &content) {
     Values values;
+    QSet<QString> seen;
     QString section;
     bool inSection = false;
-    QStringList seen;
-    for (const QByteArray &raw : Lines(content)) {
-        const IniLine line = ReadLine(raw);
+    for (const RawLine &raw : Split(WithoutMark(content))) {
+        const IniLine line = Understand(raw.Text);
         if (line.LineKind == IniLine::Kind::Section) {
             section = line.Name;
             // Of sections of one name only the first counts.
             inSection = !seen.contains(section);
-            seen << section;
+            seen.insert(section);
         } else if (line.LineKind == IniLine::Kind::Key && inSection) {
-            const QString key = section + QLatin1Char('\n') + line.Name;
-            if (!values.contains(key))
-                values.insert(key, FromCodePage(line.Value).left(LongestValue));
+            const QString name = ValueName(section, line.Name);
+            const qsizetype nul = line.Value.indexOf('\0');
+            if (!values.contains(name))
+                values.insert(
+                    name,
+                    FromCodePage(nul < 0 ? line.Value : line.Value.left(nul)).left(LongestValue));
         }
     }
     return values;
 }
 
-struct Cached {
-    qint64 Size = -1;
-    QDateTime Time;
+struct Kept {
+    Stamp FileStamp;
     Values Content;
 };
 
-} // namespace
-
-QString ReadIni(const QString &path, const QString &section, const QString &key)
-{
-    static QHash<QString, Cached> files;
-    const QString native = NativePath(path);
-    const QFileInfo info(native);
-    Cached &file = files[native];
-    if (!info.isFile() || info.size() != file.Size || info.lastModified() != file.Time) {
-        file = Cached();
-        file.Content = Parse(ReadFile(path));
-        file.Size = info.size();
-        file.Time = info.lastModified();
-    }
-    return file.Content.value(section.toLower() + QLatin1Char('\n') + key.toLower());
+QHash<QString, Kept> &KeptFiles() {
+    static QHash<QString, Kept> files;
+    return files;
 }
 
-bool WriteIni(const QString &path, const QString &section, const QString &key, const QString &value)
-{
-    QByteArray content;
-    if (FileExists(path) && Skipping([&] { content = ReadFile(path); }) != 0)
-        return false;
-    const QByteArray assignment = ToCodePage(key) + '=' + ToCodePage(value);
-    QList<QByteArray> lines = content.isEmpty() ? QList<QByteArray>() : Lines(content);
-    while (!lines.isEmpty() && lines.last().isEmpty())
-        lines.removeLast();
-    qsizetype end = -1; // behind the last line of the section
+// Puts the assignment over the key's line, else behind the last line of the section that holds
+// something, else into a new section at the end.
+QByteArray Changed(const QByteArray &content, const QString &section, const QByteArray &key,
+                   const QByteArray &assignment) {
+    const QByteArray mark = content.left(content.size() - WithoutMark(content).size());
+    QList<RawLine> lines = Split(WithoutMark(content));
+    const QByteArray end =
+        lines.isEmpty() || lines.first().End.isEmpty() ? QByteArray("\r\n") : lines.first().End;
+    qsizetype behind = -1;
+    qsizetype found = -1;
     bool inSection = false;
-    bool done = false;
-    for (qsizetype i = 0; i < lines.size() && !done; ++i) {
-        const IniLine line = ReadLine(lines.at(i));
+    for (qsizetype i = 0; i < lines.size() && found < 0; ++i) {
+        const IniLine line = Understand(lines.at(i).Text);
         if (line.LineKind == IniLine::Kind::Section) {
             if (inSection)
                 break;
-            inSection = line.Name == section.toLower();
+            inSection = line.Name == Folded(section);
         }
         if (!inSection)
             continue;
-        if (line.LineKind == IniLine::Kind::Key && line.Name == key.toLower()) {
-            lines[i] = assignment;
-            done = true;
+        if (line.LineKind == IniLine::Kind::Key && line.Name == Folded(key))
+            found = i;
+        if (!Trimmed(lines.at(i).Text).isEmpty())
+            behind = i + 1;
+    }
+    if (found >= 0) {
+        lines[found].Text = assignment;
+    } else {
+        // The last line of the file may have no end yet.
+        if (!lines.isEmpty() && lines.last().End.isEmpty())
+            lines.last().End = end;
+        if (behind < 0) {
+            lines.append({'[' + ToCodePage(section) + ']', end});
+            behind = lines.size();
         }
-        if (!Trimmed(lines.at(i)).isEmpty())
-            end = i + 1;
+        lines.insert(behind, {assignment, end});
     }
-    if (!done && end >= 0) {
-        lines.insert(end, assignment);
-    } else if (!done) {
-        lines << '[' + ToCodePage(section) + ']' << assignment;
+    QByteArray result = mark;
+    for (const RawLine &line : lines)
+        result += line.Text + line.End;
+    return result;
+}
+
+bool BreaksLines(const QByteArray &text) {
+    return text.contains('\r') || text.contains('\n') || text.contains('\0');
+}
+
+} // namespace
+
+QString ReadIni(const QString &path, const QString &section, const QString &key) {
+    const Place place = Locate(path);
+    // Taken before the content, so that a change in between shows at the next look-up.
+    const Stamp stamp = StampOf(place);
+    Kept &file = KeptFiles()[place.Native()];
+    if (!file.FileStamp.Settled || !file.FileStamp.SameAs(stamp)) {
+        file = Kept();
+        file.Content = Parse(ReadAll(place));
+        file.FileStamp = stamp;
     }
-    QString native;
+    return file.Content.value(ValueName(Folded(section), Folded(key)));
+}
+
+bool WriteIni(const QString &path, const QString &section, const QString &key,
+              const QString &value) {
+    const QByteArray assignment = ToCodePage(key) + '=' + ToCodePage(value);
+    if (BreaksLines(ToCodePage(section)) || BreaksLines(assignment))
+        return false;
     return Skipping([&] {
-               native = NativePath(path);
-               // An installed package puts a link here to a file on the drive.
-               const QFileInfo info(native);
-               WriteWhole(info.isSymLink() ? info.symLinkTarget() : native,
-                          lines.join("\r\n") + "\r\n");
+               const Place place = Locate(path);
+               QByteArray content;
+               if (NatureOf(place) != Nature::Missing)
+                   content = ReadAll(place);
+               OutputFile(place).Replace(Changed(content, section, ToCodePage(key), assignment));
+               KeptFiles().remove(place.Native());
            }) == 0;
 }
 

@@ -2,48 +2,94 @@
 #include "platform/files.h"
 
 #include "platform/errors.h"
-#include "platform/file_rights.h"
+#include "platform/file_access.h"
 
-#include <QLocale>
-
-#include <cmath>
+#include <charconv>
+#include <system_error>
 
 namespace platform {
 
+namespace {
+
+constexpr int SignificantDigits = 15;
+
+QByteArray PrintedNumber(double value) {
+    // The sum makes a negative nought a plain one.
+    QByteArray number = QByteArray::number(value + 0.0, 'g', SignificantDigits).toUpper();
+    if (number.startsWith("0."))
+        number.remove(0, 1);
+    else if (number.startsWith("-0."))
+        number.remove(1, 1);
+    return number.startsWith('-') ? number : ' ' + number;
+}
+
+bool IsDigit(char letter) {
+    return letter >= '0' && letter <= '9';
+}
+
+// Passes the digits from `at` on and tells how many there were.
+qsizetype PassDigits(const QByteArray &text, qsizetype &at) {
+    const qsizetype start = at;
+    while (at < text.size() && IsDigit(text.at(at)))
+        ++at;
+    return at - start;
+}
+
+void PassSign(const QByteArray &text, qsizetype &at) {
+    if (at < text.size() && (text.at(at) == '+' || text.at(at) == '-'))
+        ++at;
+}
+
+// A sign, digits, a point, an exponent; nothing else, whatever the locale.
+bool IsNumber(const QByteArray &text) {
+    qsizetype at = 0;
+    PassSign(text, at);
+    qsizetype digits = PassDigits(text, at);
+    if (at < text.size() && text.at(at) == '.')
+        digits += PassDigits(text, ++at);
+    if (digits == 0)
+        return false;
+    if (at < text.size() && text.at(at) == 'e') {
+        PassSign(text, ++at);
+        if (PassDigits(text, at) == 0)
+            return false;
+    }
+    return at == text.size();
+}
+
+} // namespace
+
 struct TextWriter::State {
-    QString Native;
+    explicit State(const QString &path) : File(Locate(path)) {}
+
+    OutputFile File;
     QByteArray Content;
     bool Open = true;
 };
 
-TextWriter::TextWriter(const QString &path) : m_state(std::make_unique<State>())
-{
-    m_state->Native = NativePath(path);
-    ProbeForWriting(m_state->Native);
-}
+TextWriter::TextWriter(const QString &path) : m_state(std::make_unique<State>(path)) {}
 
-TextWriter::~TextWriter()
-{
+TextWriter::~TextWriter() {
     Skipping([this] { Close(); });
 }
 
-void TextWriter::PrintText(const QString &line) { m_state->Content += ToCodePage(line) + "\r\n"; }
-
-void TextWriter::PrintNumber(double value)
-{
-    constexpr int Digits = 15;
-    QByteArray number = QByteArray::number(value, 'g', Digits).toUpper();
-    if (!number.startsWith('-'))
-        number.prepend(' ');
-    m_state->Content += number + " \r\n";
+void TextWriter::PrintText(const QString &line) {
+    if (!m_state->Open)
+        throw RunTimeError(BadFileNameOrNumber);
+    m_state->Content += ToCodePage(line) + "\r\n";
 }
 
-void TextWriter::Close()
-{
+void TextWriter::PrintNumber(double value) {
+    if (!m_state->Open)
+        throw RunTimeError(BadFileNameOrNumber);
+    m_state->Content += PrintedNumber(value) + " \r\n";
+}
+
+void TextWriter::Close() {
     if (!m_state->Open)
         return;
     m_state->Open = false;
-    WriteWhole(m_state->Native, m_state->Content);
+    m_state->File.Replace(m_state->Content);
 }
 
 struct RecordReader::State {
@@ -53,13 +99,11 @@ struct RecordReader::State {
     bool End() const { return At >= Content.size(); }
     char Here() const { return Content.at(At); }
     bool AtLineEnd() const { return End() || Here() == '\r' || Here() == '\n'; }
-    void SkipBlanks()
-    {
+    void SkipBlanks() {
         while (!End() && (Here() == ' ' || Here() == '\t'))
             ++At;
     }
-    void SkipLineEnd()
-    {
+    void SkipLineEnd() {
         if (End())
             return;
         const bool carriageReturn = Here() == '\r';
@@ -68,8 +112,7 @@ struct RecordReader::State {
             ++At;
     }
     // Over the comma or the line end that ends a field.
-    void SkipSeparator()
-    {
+    void SkipSeparator() {
         if (!End() && Here() == ',')
             ++At;
         else
@@ -79,17 +122,17 @@ struct RecordReader::State {
 
 RecordReader::RecordReader(const QString &path) : RecordReader(ReadFile(path)) {}
 
-RecordReader::RecordReader(const QByteArray &content) : m_state(std::make_unique<State>())
-{
+RecordReader::RecordReader(const QByteArray &content) : m_state(std::make_unique<State>()) {
     m_state->Content = content;
 }
 
 RecordReader::~RecordReader() = default;
 
-bool RecordReader::AtEnd() const { return m_state->End(); }
+bool RecordReader::AtEnd() const {
+    return m_state->End();
+}
 
-QString RecordReader::Text()
-{
+QString RecordReader::Text() {
     State &state = *m_state;
     if (state.End())
         throw RunTimeError(InputPastEnd);
@@ -99,8 +142,10 @@ QString RecordReader::Text()
     if (!state.End() && state.Here() == '"') {
         ++start;
         const qsizetype quote = state.Content.indexOf('"', start);
-        if (quote < 0)
+        if (quote < 0) {
+            state.At = state.Content.size();
             throw RunTimeError(InputPastEnd);
+        }
         field = state.Content.mid(start, quote - start);
         state.At = quote + 1;
         while (!state.AtLineEnd() && state.Here() != ',')
@@ -114,27 +159,30 @@ QString RecordReader::Text()
     return FromCodePage(field);
 }
 
-double RecordReader::Number()
-{
-    QString text = Text();
-    while (text.endsWith(QLatin1Char(' ')) || text.endsWith(QLatin1Char('\t')))
+double RecordReader::Number() {
+    const QString field = Text();
+    QByteArray text = ToCodePage(field).toLower();
+    while (text.endsWith(' ') || text.endsWith('\t'))
         text.chop(1);
-    // A sign, digits, a point, an exponent; nothing else, whatever the locale.
-    for (const QChar letter : text)
-        if (!QStringLiteral("0123456789+-.eEdD").contains(letter))
-            throw RunTimeError(TypeMismatch, text);
-    bool number = false;
-    const double value = text.replace(QLatin1Char('d'), QLatin1Char('e'), Qt::CaseInsensitive)
-                             .toDouble(&number);
-    if (!number || !std::isfinite(value))
-        throw RunTimeError(TypeMismatch, text);
+    text.replace('d', 'e');
+    if (!IsNumber(text))
+        throw RunTimeError(TypeMismatch);
+    if (text.startsWith('+'))
+        text.remove(0, 1);
+    double value = 0;
+    const auto result = std::from_chars(text.constData(), text.constData() + text.size(), value);
+    // Too small to tell from nought, or too large.
+    const bool small = text.contains("e-") || text.startsWith('.') || text.startsWith("0.");
+    if (result.ec == std::errc::result_out_of_range && !small)
+        throw RunTimeError(Overflow);
     return value;
 }
 
-int16_t RecordReader::Integer() { return Integer16(RoundToLong(Number())); }
+int16_t RecordReader::Integer() {
+    return Integer16(RoundToLong(Number()));
+}
 
-QString RecordReader::Line()
-{
+QString RecordReader::Line() {
     State &state = *m_state;
     if (state.End())
         throw RunTimeError(InputPastEnd);
