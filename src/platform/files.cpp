@@ -5,6 +5,7 @@
 #include "platform/file_rights.h"
 #include "platform/host.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -185,6 +186,14 @@ int64_t FileLength(const QString &path)
     if (!file.isFile())
         throw RunTimeError(FileNotFound, path);
     return file.size();
+}
+
+FileState StateOfFile(const QString &path)
+{
+    const QFileInfo file(NativePath(path));
+    if (!file.isFile())
+        throw RunTimeError(FileNotFound, path);
+    return {file.size(), file.lastModified().toMSecsSinceEpoch()};
 }
 
 void CreateFolder(const QString &path)
