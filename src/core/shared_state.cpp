@@ -1,5 +1,6 @@
 #include "core/shared_state.h"
 
+#include "core/palette.h"
 #include "core/profile.h"
 #include "language/language.h"
 #include "platform/errors.h"
@@ -15,10 +16,10 @@ int16_t NumeroEserciziEseguiti = 0;
 QString EtichettaEsatti;
 QString EtichettaErrati;
 QString EtichettaLivello;
+QString UltimoFileScelto;
 
 template <int Righe, int Colonne>
-QString &TabellaTesti<Righe, Colonne>::operator()(int riga, int colonna)
-{
+QString &TabellaTesti<Righe, Colonne>::operator()(int riga, int colonna) {
     if (riga < 0 || riga >= Righe || colonna < 0 || colonna >= Colonne)
         throw RunTimeError(SubscriptOutOfRange);
     return m_celle[static_cast<size_t>(riga) * Colonne + static_cast<size_t>(colonna)];
@@ -33,15 +34,13 @@ std::array<QString, QuantiMessaggi> messaggi;
 
 } // namespace
 
-QString &Messaggi(int indice)
-{
+QString &Messaggi(int indice) {
     if (indice < 0 || indice >= QuantiMessaggi)
         throw RunTimeError(SubscriptOutOfRange);
     return messaggi[static_cast<size_t>(indice)];
 }
 
-void AzzeraStatoCondiviso()
-{
+void AzzeraStatoCondiviso() {
     Ridimensionatore.reset();
     Esatti = 0;
     Errati = 0;
@@ -50,7 +49,10 @@ void AzzeraStatoCondiviso()
     EtichettaEsatti.clear();
     EtichettaErrati.clear();
     EtichettaLivello.clear();
+    UltimoFileScelto.clear();
     messaggi = {};
+    ColoriWebHex = {};
+    ColoriWebLetterali = {};
     LinguaCorrente.clear();
     AzzeraProfilo();
 }

@@ -9,8 +9,7 @@ using namespace platform;
 
 namespace {
 
-void Suona(const QString &cartella)
-{
+void Suona(const QString &cartella) {
     if (!SuoniAttivi)
         return;
     const QString percorso = AppPath() + cartella;
@@ -27,6 +26,10 @@ void Suona(const QString &cartella)
 
 } // namespace
 
-void SuonoEsatto() { Suona(QStringLiteral("\\suoni\\si\\")); }
+void SuonoEsatto() {
+    Suona(QStringLiteral("\\suoni\\si\\"));
+}
 
-void SuonoErrato() { Suona(QStringLiteral("\\suoni\\no\\")); }
+void SuonoErrato() {
+    Suona(QStringLiteral("\\suoni\\no\\"));
+}

@@ -15,11 +15,14 @@ using namespace platform;
 
 namespace {
 
-QString CartellaRadice() { return QStringLiteral("C:\\ImpostazioniProgrammiTesmi\\"); }
-QString CartellaImpostazioni() { return CartellaRadice() + QStringLiteral("morlenekvt\\"); }
+QString CartellaRadice() {
+    return QStringLiteral("C:\\ImpostazioniProgrammiTesmi\\");
+}
+QString CartellaImpostazioni() {
+    return CartellaRadice() + QStringLiteral("morlenekvt\\");
+}
 
-void ScriviLeggimi()
-{
+void ScriviLeggimi() {
     TextWriter file(CartellaRadice() + QStringLiteral("leggimi.txt"));
     file.PrintText(QStringLiteral("Questa cartella contiene i file di impostazione dei programmi "
                                   "del sito di MorleneKVT."));
@@ -34,29 +37,35 @@ void ScriviLeggimi()
 }
 
 // Fonts on the drive are known to this process only: they are registered at each start.
-void RegistraFontDelDisco()
-{
+void RegistraFontDelDisco() {
     const QString cartella = CartellaWindows() + QStringLiteral("fonts\\");
-    Skipping([&] {
-        for (const QString &nome : DirList(cartella + QStringLiteral("*.ttf"), LookUp::FilesOnly))
-            host().RegisterFont(NativePath(cartella + nome));
-    });
+    for (const QString &tipo : {QStringLiteral("*.ttf"), QStringLiteral("*.otf")})
+        Skipping([&] {
+            for (const QString &nome : DirList(cartella + tipo, LookUp::FilesOnly))
+                host().RegisterFont(NativePath(cartella + nome));
+        });
 }
 
 } // namespace
 
-bool EsisteFile(const QString &percorso) { return FileExists(percorso); }
+bool EsisteFile(const QString &percorso) {
+    return FileExists(percorso);
+}
 
-bool EsisteCartella(const QString &percorso) { return FolderExists(percorso); }
+bool EsisteCartella(const QString &percorso) {
+    // The look-up finds plain files too. With a separator at its end the path asks for what stands
+    // in a folder.
+    if (percorso.endsWith(QLatin1Char('\\')))
+        return FolderExists(percorso);
+    return FolderExists(percorso) || FileExists(percorso);
+}
 
-void CreaCartella(const QString &percorso)
-{
+void CreaCartella(const QString &percorso) {
     CreateFolder(percorso);
     ScriviLeggimi();
 }
 
-void PreparaCartelle()
-{
+void PreparaCartelle() {
     if (!EsisteCartella(CartellaRadice()))
         CreaCartella(CartellaRadice());
     if (!EsisteCartella(CartellaImpostazioni())) {
@@ -67,10 +76,11 @@ void PreparaCartelle()
         CreaCartella(CartellaImpostazioni() + QStringLiteral("dati"));
 }
 
-QString CartellaWindows() { return QStringLiteral("c:\\windows\\"); }
+QString CartellaWindows() {
+    return QStringLiteral("c:\\windows\\");
+}
 
-void InstallaFont()
-{
+void InstallaFont() {
     Skipping([] {
         const QString windows = CartellaWindows();
         if (EsisteFile(windows + QStringLiteral("\\fonts\\indis1.ttf")))
@@ -79,21 +89,21 @@ void InstallaFont()
         CopyFile(AppPath() + QStringLiteral("\\indis1.ttf"), font);
         host().RegisterFont(NativePath(font));
         host().MessageBox(
-            {.Text = MLSTesto(QStringLiteral("0006")) +
-                     QStringLiteral("\n ----------------------- \nFont prodotto da Rinaldo Torvesi\n"
-                                    "Playwrite Italia Tradizionale, di TypeTogether "
-                                    "(type-together.com), licenza SIL Open Font License 1.1")});
+            {.Text =
+                 MLSTesto(QStringLiteral("0006")) +
+                 QStringLiteral("\n ----------------------- \nFont prodotto da Rinaldo Torvesi\n"
+                                "Playwrite Italia Tradizionale, di TypeTogether "
+                                "(type-together.com), licenza SIL Open Font License 1.1")});
     });
 }
 
-void CaricaMessaggi()
-{
+void CaricaMessaggi() {
     // Which pieces have a blank ahead or behind is irregular on purpose: a piece that ends a
     // sentence has none, one that joins two others has one or two.
     constexpr std::array<const char *, QuantiMessaggi> forme = {
-        "",  "t ", "t ", "t ", "t ", "t ", "t",  "t",  "t",  "t",  "t",  "t",
-        "t", "t",  " t ", "t", "t",  "t",  "t",  "t",  "t ", "t ", "t ", "t ",
-        "t ", "t ", "t ", "t ", "t ", "t ", "t ", "t",  " t ", "t ", "t"};
+        "",   "t ", "t ",  "t ", "t ", "t ", "t",  "t", "t",   "t",  "t",  "t",
+        "t",  "t",  " t ", "t",  "t",  "t",  "t",  "t", "t ",  "t ", "t ", "t ",
+        "t ", "t ", "t ",  "t ", "t ", "t ", "t ", "t", " t ", "t ", "t"};
     constexpr int PrimaChiave = 6; // piece i takes key 6 + i
     Messaggi(0) = QStringLiteral(" ");
     for (int i = 1; i < QuantiMessaggi; ++i) {
@@ -103,15 +113,14 @@ void CaricaMessaggi()
     }
 }
 
-void Main()
-{
+void Main() {
     if (host().AnotherInstanceRuns()) {
         host().MessageBox({.Text = MLSTesto(QStringLiteral("0001"))});
         return;
     }
     host().Randomize();
-    PreparaCartelle();
     RegistraFontDelDisco();
+    PreparaCartelle();
     FileUtente = CartellaImpostazioni() + QStringLiteral("_predefinito.INI");
     NomeUtente = QStringLiteral("_predefinito");
     CaricaImpostazioni();
