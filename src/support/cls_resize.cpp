@@ -5,6 +5,7 @@
 #include "platform/errors.h"
 #include "platform/shape.h"
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 
@@ -14,8 +15,7 @@ namespace {
 
 // A property that a control does not have, or not now, is passed over; any other failure is tried
 // again until it passes.
-void Assegna(const std::function<void()> &istruzione)
-{
+void Assegna(const std::function<void()> &istruzione) {
     for (;;) {
         const int errore = Skipping(istruzione);
         if (errore == 0 || errore == SetNotSupported || errore == SetNotPermitted ||
@@ -24,14 +24,17 @@ void Assegna(const std::function<void()> &istruzione)
     }
 }
 
-int32_t Intero(double twips) { return RoundToLong(twips); }
+int32_t Intero(double twips) {
+    return RoundToLong(twips);
+}
 
 } // namespace
 
-void clsResize::SetSourceForm(Form &finestra) { m_finestra = FormRef(finestra); }
+void clsResize::SetSourceForm(Form &finestra) {
+    m_finestra = FormRef(finestra);
+}
 
-void clsResize::ReInitialise()
-{
+void clsResize::ReInitialise() {
     Form *finestra = m_finestra.Get();
     if (finestra == nullptr)
         return;
@@ -57,8 +60,7 @@ void clsResize::ReInitialise()
     m_daInizializzare = false;
 }
 
-void clsResize::SizeFormToScreen(uint8_t percentuale)
-{
+void clsResize::SizeFormToScreen(uint8_t percentuale) {
     Form *finestra = m_finestra.Get();
     if (finestra == nullptr)
         return;
@@ -71,24 +73,27 @@ void clsResize::SizeFormToScreen(uint8_t percentuale)
     ResizeControls();
 }
 
-void clsResize::ResizeControls()
-{
+void clsResize::ResizeControls() {
     Form *finestra = m_finestra.Get();
     if (finestra == nullptr || finestra->Controls().empty() || finestra->Minimised())
         return;
     if (m_daInizializzare)
         ReInitialise();
+    if (m_larghezza == 0 || m_altezza == 0)
+        throw RunTimeError(DivisionByZero, finestra->Name());
     const double orizzontale = finestra->ScaleWidth() / m_larghezza;
     const double verticale = finestra->ScaleHeight() / m_altezza;
     finestra->LockDrawing(true);
     // Always from the designed values, so that rounding never adds up.
+    const auto &presenti = finestra->Controls();
     for (const Misure &misure : m_controlli)
-        Scala(misure, orizzontale, verticale);
+        // An element may have been taken away since.
+        if (std::find(presenti.begin(), presenti.end(), misure.Controllo) != presenti.end())
+            Scala(misure, orizzontale, verticale);
     finestra->LockDrawing(false);
 }
 
-void clsResize::Scala(const Misure &misure, double orizzontale, double verticale)
-{
+void clsResize::Scala(const Misure &misure, double orizzontale, double verticale) {
     Control &controllo = *misure.Controllo;
     QString regola = InMaiuscolo(controllo.Tag());
     if (!regola.startsWith(QLatin1Char('@')))
