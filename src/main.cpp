@@ -9,10 +9,11 @@
 
 namespace {
 
-template <typename Finestra> platform::Form *Crea() { return new Finestra; }
+template <typename Finestra> platform::Form *Crea() {
+    return new Finestra;
+}
 
-void RegistraFinestre()
-{
+void RegistraFinestre() {
     RegistraFinestra(QStringLiteral("FormAvvio"), Crea<FormAvvio>);
     RegistraFinestra(QStringLiteral("FormMenu"), Crea<FormMenu>);
     RegistraFinestra(QStringLiteral("FormEs1"), Crea<FormEs1>);
@@ -20,8 +21,7 @@ void RegistraFinestre()
 
 } // namespace
 
-int main(int argc, char **argv)
-{
+int main(int argc, char **argv) {
     platform::MachineHost machine(QStringLiteral(MORLENE_DRIVE_ROOT));
     platform::SetHost(&machine);
     platform::Application application(argc, argv);
