@@ -1,0 +1,54 @@
+// A movie that is a drawing: the figure, which can be painted, and the rewards, which move.
+#pragma once
+
+#include "platform/movies/movie_reader.h"
+#include "platform/movies/pick_map.h"
+#include "platform/movies/svg_animation.h"
+
+#include <QSvgRenderer>
+
+#include <map>
+#include <tuple>
+
+namespace platform {
+
+// What all readers of one file share. Kept once per process; readers change copies.
+struct SvgSource {
+    explicit SvgSource(SvgDocument document) : Document(std::move(document)), Animation(Document) {}
+    const SvgDocument Document;
+    const SvgAnimation Animation;
+    // By width, height and shown parts. Made when asked; a resized window drops the old ones.
+    std::map<std::tuple<int, int, unsigned>, std::shared_ptr<const PickMap>> PickMaps;
+};
+
+class SvgMovie : public MovieReader {
+public:
+    explicit SvgMovie(std::shared_ptr<SvgSource> source);
+
+    QSizeF Size() const override { return m_document.ViewBox.size(); }
+    void Paint(QPainter &painter, const QRectF &target) override;
+    void SetVariable(const QString &name, const QString &value) override;
+    void SetProperty(const QString &target, int property, const QString &value) override;
+    void GotoFrame(int) override {} // all four look the same; the control takes the clicks by them
+    bool Advance(int milliseconds) override;
+    int Duration() const override { return m_source->Animation.Duration(); }
+    int Hit(const QPointF &point, const QRectF &target) override;
+    QString Description() const override;
+
+private:
+    void Color(const QByteArray &color);
+    QByteArray ColorOf(const QByteArray &object) const;
+
+    std::shared_ptr<SvgSource> m_source;
+    SvgDocument m_document;        // with this reader's paint
+    QByteArray m_object;           // that the next colour goes to
+    int m_time = 0;                // ms
+    SvgAnimation::Values m_values; // at m_time
+    QSvgRenderer m_renderer;
+    bool m_stale = true; // the renderer does not hold the present state yet
+};
+
+// The largest rectangle of the picture's proportions inside `target`, centred.
+QRectF Fitted(const QSizeF &picture, const QRectF &target);
+
+} // namespace platform

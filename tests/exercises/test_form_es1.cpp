@@ -1,0 +1,363 @@
+// "Vero o falso": the task, the order of what an answer does, and fairness to the child.
+#include "exercises/form_es1.h"
+
+#include "support/exercise_fixture.h"
+#include "support/sentence_reader.h"
+
+#include <QRegularExpression>
+#include <QTest>
+
+#include <cstdlib>
+
+using namespace platform;
+
+namespace {
+
+// The draws of a colouring: six parts of 4 colours, smoke and clouds of 2.
+QList<ScriptedDraw> Colouring(const QList<int> &parts, int smoke, int clouds)
+{
+    QList<ScriptedDraw> draws;
+    for (const int part : parts)
+        draws << ScriptedDraw{4, part - 1};
+    return draws << ScriptedDraw{2, smoke} << ScriptedDraw{2, clouds};
+}
+
+const QList<int> AllGreen = {1, 1, 1, 1, 1, 1};
+
+// True sentence on the roof (part 2): index 0, then the part of 8.
+const QList<ScriptedDraw> TrueOnTheRoof = {{2, 0}, {8, 1}};
+const QList<ScriptedDraw> FalseOnTheRoof = {{2, 1}, {8, 1}, {4, 1}};
+
+// Only the four colours of a new player stand on the parts.
+bool IsPainted(const QString &figure)
+{
+    static const QRegularExpression painted(
+        QStringLiteral("^(\\w+ (00FF00|FF0000|0000FF|FFFF00), ){6}"));
+    return painted.match(figure).hasMatch();
+}
+
+} // namespace
+
+class TestFormEs1 : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theWindowStartsAtLevelOneWithEmptyCounters()
+    {
+        Player player;
+        Esatti = 5;
+        Errati = 5;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        QCOMPARE(form.Livello, int16_t{1});
+        QCOMPARE(form.StatusBar1.Panel(1), QStringLiteral("0 Esatti"));
+        QCOMPARE(form.StatusBar1.Panel(2), QStringLiteral("0 Errati"));
+        QCOMPARE(form.StatusBar1.Panel(3), QStringLiteral("1 Livello"));
+        QCOMPARE(form.StatusBar1.Height(), 500.0);
+        QVERIFY(form.Command1(0).Enabled());
+        QVERIFY(form.Command1(1).Enabled());
+        QVERIFY(!form.Command1(2).Enabled());
+        QVERIFY(!form.picMerlino.Visible());
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è verde."));
+        QCOMPARE(form.Width(), ScreenWidth());
+        QCOMPARE(form.BackColor(), Color{0x00FF0000});
+    }
+
+    void activationTakesItsStepsInOrder()
+    {
+        Player player;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        ColoriVari = false;
+        DisabilitaMousePersonalizzato = true;
+        player.Host.TakeEvents();
+        player.Host.RecordsDraws = true;
+        player.Open<FormEs1>();
+        const QStringList events = player.Host.TakeEvents();
+        const QString inOrder = events.join(QLatin1Char('\n'));
+        int last = -1;
+        for (const char *step :
+             {"picMerlino.Visible=False", "Command1(0).MousePointer=0", "FormEs1.BackColor=00ffff80",
+              "Command1(0).BackColor=8000000f", "mnuLivelli.Enabled=True", "Panels(3)=1 Livello",
+              "Panels(1)=0 Esatti", "Panels(2)=0 Errati", "ShockwaveFlash1.Movie=", "GotoFrame=0",
+              "FormEs1.MousePointer=11", "estratto 0 di 4", "BGColor=FFFFCC",
+              "SetVariable=QualeOggetto comignolo.interno",
+              "SetVariable=TestoColore.QualeColore 00FF00",
+              "SetVariable=QualeOggetto gradino.interno", "TSetProperty=fumo 7 1",
+              "TSetProperty=nuvole 7 0", "FormEs1.MousePointer=0", "Command1(0).Enabled=True",
+              "Command1(2).Enabled=False", "estratto 1 di 8", "Label1.Caption=Il tetto è verde."}) {
+            const auto at = static_cast<int>(inOrder.indexOf(QString::fromUtf8(step), last + 1));
+            QVERIFY2(at > last, step);
+            last = at;
+        }
+    }
+
+    void aRightAnswerByPointerTakesItsStepsInOrder()
+    {
+        Player player;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        player.Host.TakeEvents();
+        player.Host.Expect({{6, 2}});
+        ClickOn(form.Command1(0));
+        QCOMPARE(player.Host.TakeEvents(),
+                 QStringList({QStringLiteral("StatusBar1.Panels(1)=1 Esatti"),
+                              QStringLiteral("suono si/3.wav"),
+                              QStringLiteral("Command1(0).Enabled=False"),
+                              QStringLiteral("Command1(1).Enabled=False"),
+                              QStringLiteral("Command1(2).Enabled=True")}));
+        QCOMPARE(Esatti, 1);
+        QCOMPARE(Errati, int16_t{0});
+    }
+
+    void aWrongAnswerKeepsTheTaskAndCountsEachMiss()
+    {
+        Player player;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + FalseOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è rosso."));
+        player.Host.TakeEvents();
+        player.Host.Expect({{4, 0}, {4, 3}});
+        ClickOn(form.Command1(0));
+        QCOMPARE(player.Host.TakeEvents(),
+                 QStringList({QStringLiteral("suono no/1.wav"),
+                              QStringLiteral("StatusBar1.Panels(2)=1 Errati")}));
+        ClickOn(form.Command1(0));
+        QCOMPARE(Errati, int16_t{2});
+        QVERIFY(form.Command1(0).Enabled());
+        QVERIFY(!form.Command1(2).Enabled());
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è rosso."));
+    }
+
+    void fourTasksShareOneColouring()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        for (int task = 2; task <= 4; ++task) {
+            player.Host.Expect(TrueOnTheRoof);
+            ClickOn(form.Command1(0));
+            ClickOn(form.Command1(2));
+        }
+        player.Host.Expect(Colouring({3, 3, 3, 3, 3, 3}, 0, 0) + TrueOnTheRoof);
+        ClickOn(form.Command1(0));
+        ClickOn(form.Command1(2));
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è blu."));
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
+    void clicksAndHoverDoNothingWithoutAMouse()
+    {
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = 1;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        player.Host.TakeEvents();
+        MoveOver(form.Command1(1));
+        ClickOn(form.Command1(0));
+        ClickOn(form.Command1(1));
+        QCOMPARE(player.Host.TakeEvents(), QStringList());
+        QCOMPARE(Esatti, 0);
+        QCOMPARE(Errati, int16_t{0});
+    }
+
+    void theLightFollowsThePointerAndIsWrittenOnlyWhenItDiffers()
+    {
+        Player player;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        player.Host.TakeEvents();
+        MoveOver(form.Command1(0));
+        QCOMPARE(player.Host.TakeEvents(),
+                 QStringList({QStringLiteral("Command1(0).BackColor=000000ff")}));
+        MoveOver(form.Command1(1));
+        QCOMPARE(player.Host.TakeEvents(),
+                 QStringList({QStringLiteral("Command1(0).BackColor=8000000f"),
+                              QStringLiteral("Command1(1).BackColor=000000ff")}));
+        MoveOver(form.Label1);
+        QCOMPARE(player.Host.TakeEvents(),
+                 QStringList({QStringLiteral("Command1(1).BackColor=8000000f")}));
+    }
+
+    void leavingWritesARowAndShowsTheMenu()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        ClickOn(form.Command1(1));
+        ClickOn(form.Command1(0));
+        form.mnuEsci.OnClick();
+        QCOMPARE(EserciziEseguiti(1, 1), QStringLiteral("1"));
+        QCOMPARE(EserciziEseguiti(1, 2), QStringLiteral("1"));
+        QCOMPARE(EserciziEseguiti(1, 3), QStringLiteral("1"));
+        QCOMPARE(NumeroEserciziEseguiti, int16_t{2});
+        QVERIFY(Form::Find(QStringLiteral("FormMenu")) != nullptr);
+        QVERIFY(Form::Find(QStringLiteral("FormEs1")) == nullptr);
+        QVERIFY(!player.Host.Ended);
+    }
+
+    void aFullLogNeverBarsTheWayBack()
+    {
+        Player player;
+        player.Host.Seed(1);
+        auto &form = player.Open<FormEs1>();
+        NumeroEserciziEseguiti = 501;
+        form.mnuEsci.OnClick();
+        QCOMPARE(NumeroEserciziEseguiti, int16_t{502});
+        QVERIFY(Form::Find(QStringLiteral("FormMenu")) != nullptr);
+        QCOMPARE(player.Host.FatalNumber, 0);
+    }
+
+    void theWindowsOwnEndGoesNowhereAndWritesNothing()
+    {
+        Player player;
+        player.Host.Seed(1);
+        auto &form = player.Open<FormEs1>();
+        form.Window()->close();
+        QVERIFY(player.Host.Ended);
+        QCOMPARE(EserciziEseguiti(1, 1), QString());
+        QVERIFY(!player.Host.DriveHas(QStringLiteral("ImpostazioniProgrammiTesmi")));
+    }
+
+    void eachLevelIsFairToTheChild_data()
+    {
+        QTest::addColumn<int>("level");
+        for (int level = 1; level <= 6; ++level)
+            QTest::addRow("level %d", level) << level;
+    }
+
+    // Ten thousand tasks a level, judged by a reader that sees the sentence and the figure only.
+    void eachLevelIsFairToTheChild()
+    {
+        QFETCH(int, level);
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Seed(static_cast<uint32_t>(level) * 7919);
+        auto &form = player.Open<FormEs1>();
+        if (level > 1)
+            form.mnuLiv.OnClick(level);
+        constexpr int Tasks = 10000;
+        int judged = 0;
+        int unpainted = 0;
+        int trueOnes = 0;
+        while (judged < Tasks) {
+            const QString figure = form.ShockwaveFlash1.Shown();
+            const QString sentence = form.Label1.Caption();
+            const int before = Esatti;
+            if (IsPainted(figure)) {
+                const bool holds = SentenceIsTrue(sentence, figure);
+                trueOnes += holds ? 1 : 0;
+                ++judged;
+                form.Command1.OnClick(holds ? 0 : 1);
+                QVERIFY2(Esatti == before + 1, qPrintable(sentence + figure));
+                QCOMPARE(Errati, int16_t{0});
+            } else {
+                // After a reward three figures of four are shown as the file has them: meant.
+                ++unpainted;
+                form.Command1.OnClick(form.IndiceEsatto);
+            }
+            form.Command1.OnClick(2);
+            player.Host.TakeEvents();
+        }
+        // Both answers are equally likely: within five deviations.
+        QVERIFY2(std::abs(trueOnes - Tasks / 2) < 250, qPrintable(QString::number(trueOnes)));
+        qInfo("%d tasks judged, %d true, %d unpainted figures passed over", judged, trueOnes,
+              unpainted);
+        QVERIFY(std::abs(unpainted - 3 * judged) < 100);
+    }
+
+    void aFalseDoubleSentenceNeverBeginsWithATruth()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Seed(5);
+        auto &form = player.Open<FormEs1>();
+        form.mnuLiv.OnClick(4);
+        int bothFalse = 0;
+        int falseOnes = 0;
+        for (int task = 0; task < 2000; ++task) {
+            if (form.IndiceEsatto == 1) {
+                const QStringList clauses =
+                    form.Label1.Caption().toLower().chopped(1).split(QStringLiteral(" e "));
+                QCOMPARE(clauses.size(), 2);
+                QVERIFY(!SentenceIsTrue(clauses.at(0), form.ShockwaveFlash1.Shown()));
+                bothFalse += SentenceIsTrue(clauses.at(1), form.ShockwaveFlash1.Shown()) ? 0 : 1;
+                ++falseOnes;
+            }
+            form.mnuLiv.OnClick(4);
+            NumeroEserciziEseguiti = 1;
+            player.Host.TakeEvents();
+        }
+        // The second statement is false or true with equal chance.
+        QVERIFY(falseOnes > 800);
+        QVERIFY(std::abs(bothFalse * 2 - falseOnes) < 250);
+    }
+
+    void levelSixSpendsTheDrawsOfAStatementThatItThrowsAway()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        // True; chimney and roof; first: positive drawn (no colour draw, as it is true), then the
+        // negative one with its other colour; second: positive.
+        player.Host.Expect({{2, 0}, {8, 0}, {8, 1}, {2, 0}, {4, 1}, {2, 0}});
+        form.mnuLiv.OnClick(6);
+        QCOMPARE(form.Label1.Caption(),
+                 QStringLiteral("Il comignolo non è rosso e il tetto è verde."));
+        QVERIFY(!player.Host.DrawsLeft());
+        // Now the drawn statement is negative too, and its colour draw is spent twice.
+        player.Host.Expect({{2, 0}, {8, 0}, {8, 1}, {2, 1}, {4, 2}, {4, 0}, {4, 3}, {2, 0}});
+        form.mnuLiv.OnClick(6);
+        QCOMPARE(form.Label1.Caption(),
+                 QStringLiteral("Il comignolo non è giallo e il tetto è verde."));
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
+    void windowsAndDoorTakeTheirOwnNegativePieces()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        player.Host.Expect({{2, 0}, {8, 3}, {4, 1}});
+        form.mnuLiv.OnClick(2);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Le finestre non sono rosse."));
+        player.Host.Expect({{2, 1}, {8, 4}});
+        form.mnuLiv.OnClick(2);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("La porta non è verde."));
+    }
+
+    void aLostMovieLeavesTheTaskGoing()
+    {
+        Player player;
+        SuoniAttivi = false;
+        QTemporaryDir elsewhere;
+        player.Host.Seed(3);
+        player.Host.Application = elsewhere.path() + QLatin1Char('/');
+        auto &form = player.Open<FormEs1>();
+        QVERIFY(form.ShockwaveFlash1.Shown().isEmpty());
+        form.Command1.OnClick(form.IndiceEsatto);
+        QCOMPARE(Esatti, 1);
+        QVERIFY(form.Command1(2).Enabled());
+    }
+
+    void writingIsInThePlayersStyle()
+    {
+        Player player;
+        SuoniAttivi = false;
+        TipoCarattere = QStringLiteral("maiuscolo");
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("IL TETTO È VERDE."));
+        TipoCarattere = QStringLiteral("corsivo");
+        player.Host.Expect(TrueOnTheRoof);
+        form.mnuLiv.OnClick(1);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è verde."));
+    }
+};
+
+MORLENE_TEST_MAIN(TestFormEs1)
+#include "test_form_es1.moc"

@@ -1,0 +1,27 @@
+"""Makes the program's cursive font: a copy of an openly licensed web font as a TrueType file with
+the family name that the program asks for. Its notice and licence stay in it.
+
+    make_font.py FONT.woff indis1.ttf
+"""
+import sys
+
+from fontTools.ttLib import TTFont
+
+FAMILY = "Indis1"
+FAMILY_NAMES = (1, 4, 6, 16)  # family, full name, PostScript name, typographic family
+
+
+def main() -> int:
+    source, target = sys.argv[1:]
+    # The time of change stays the source's, so that the same font gives the same file.
+    font = TTFont(source, recalcTimestamp=False)
+    font.flavor = None
+    for record in font["name"].names:
+        if record.nameID in FAMILY_NAMES:
+            record.string = FAMILY
+    font.save(target)
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
