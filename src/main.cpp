@@ -9,11 +9,13 @@
 
 namespace {
 
-template <typename Finestra> platform::Form *Crea() {
+template <typename Finestra> platform::Form *Crea()
+{
     return new Finestra;
 }
 
-void RegistraFinestre() {
+void RegistraFinestre()
+{
     RegistraFinestra(QStringLiteral("FormAvvio"), Crea<FormAvvio>);
     RegistraFinestra(QStringLiteral("FormMenu"), Crea<FormMenu>);
     RegistraFinestra(QStringLiteral("FormEs1"), Crea<FormEs1>);
@@ -21,7 +23,8 @@ void RegistraFinestre() {
 
 } // namespace
 
-int main(int argc, char **argv) {
+int main(int argc, char **argv)
+{
     platform::MachineHost machine(QStringLiteral(MORLENE_DRIVE_ROOT));
     platform::SetHost(&machine);
     platform::Application application(argc, argv);

@@ -38,7 +38,8 @@ constexpr std::array<const char *, QuantiColoriWeb> Ordine = {{
 
 } // namespace
 
-void PreparaColoriWeb() {
+void PreparaColoriWeb()
+{
     for (size_t i = 0; i < Ordine.size(); ++i) {
         const QString colore = QString::fromLatin1(Ordine.at(i));
         ColoriWebHex.at(i) = colore;
@@ -47,7 +48,8 @@ void PreparaColoriWeb() {
     }
 }
 
-platform::Color ConvertiLetterale(const QString &letterale) {
+platform::Color ConvertiLetterale(const QString &letterale)
+{
     bool numero = false;
     platform::Color colore = 0;
     if (letterale.startsWith(QStringLiteral("&H"), Qt::CaseInsensitive)) {

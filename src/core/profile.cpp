@@ -35,16 +35,19 @@ namespace {
 constexpr int RigheColori = 5;
 constexpr int ColonneColori = 5;
 
-void ScriviBooleano(TextWriter &file, bool valore) {
+void ScriviBooleano(TextWriter &file, bool valore)
+{
     file.PrintText(valore ? QStringLiteral("True") : QStringLiteral("False"));
 }
 
 // Only a capital T is true.
-bool LeggiBooleano(RecordReader &file) {
+bool LeggiBooleano(RecordReader &file)
+{
     return file.Text().startsWith(QLatin1Char('T'));
 }
 
-void Leggi(RecordReader &file) {
+void Leggi(RecordReader &file)
+{
     SuoniAttivi = LeggiBooleano(file);
     DisabilitaMousePersonalizzato = LeggiBooleano(file);
     ModoInput = file.Integer();
@@ -70,7 +73,8 @@ void Leggi(RecordReader &file) {
 
 } // namespace
 
-void ColoriPredefiniti() {
+void ColoriPredefiniti()
+{
     constexpr std::array<std::array<const char *, ColonneColori>, RigheColori> predefiniti = {{
         {"FFFFCC", "sfondo", "sfondo", "sfondo", "sfondo"},
         {"00FF00", "verde", "verdi", "verde", "verdi"},
@@ -84,7 +88,8 @@ void ColoriPredefiniti() {
                 predefiniti[static_cast<size_t>(riga)][static_cast<size_t>(colonna)]);
 }
 
-void ImpostazioniPredefinite() {
+void ImpostazioniPredefinite()
+{
     SuoniAttivi = true;
     DisabilitaMousePersonalizzato = false;
     ModoInput = 0;
@@ -106,7 +111,8 @@ void ImpostazioniPredefinite() {
     NomePersonaggio = QStringLiteral("Merlin");
 }
 
-void SalvaImpostazioni() {
+void SalvaImpostazioni()
+{
     TextWriter file(FileUtente);
     ScriviBooleano(file, SuoniAttivi);
     ScriviBooleano(file, DisabilitaMousePersonalizzato);
@@ -132,7 +138,8 @@ void SalvaImpostazioni() {
     file.Close();
 }
 
-void CaricaImpostazioni() {
+void CaricaImpostazioni()
+{
     // Of a damaged file nothing stays, however much of it was good.
     if (Skipping([] {
             RecordReader file(FileUtente);
@@ -141,7 +148,8 @@ void CaricaImpostazioni() {
         ImpostazioniPredefinite();
 }
 
-void AzzeraProfilo() {
+void AzzeraProfilo()
+{
     SuoniAttivi = DisabilitaMousePersonalizzato = ColoriVari = false;
     PassaggioLivelli = SalvaUtente = false;
     ModoInput = VelocitaScansione = DimensioneFont = 0;

@@ -19,7 +19,8 @@ QString EtichettaLivello;
 QString UltimoFileScelto;
 
 template <int Righe, int Colonne>
-QString &TabellaTesti<Righe, Colonne>::operator()(int riga, int colonna) {
+QString &TabellaTesti<Righe, Colonne>::operator()(int riga, int colonna)
+{
     if (riga < 0 || riga >= Righe || colonna < 0 || colonna >= Colonne)
         throw RunTimeError(SubscriptOutOfRange);
     return m_celle[static_cast<size_t>(riga) * Colonne + static_cast<size_t>(colonna)];
@@ -34,13 +35,15 @@ std::array<QString, QuantiMessaggi> messaggi;
 
 } // namespace
 
-QString &Messaggi(int indice) {
+QString &Messaggi(int indice)
+{
     if (indice < 0 || indice >= QuantiMessaggi)
         throw RunTimeError(SubscriptOutOfRange);
     return messaggi[static_cast<size_t>(indice)];
 }
 
-void AzzeraStatoCondiviso() {
+void AzzeraStatoCondiviso()
+{
     Ridimensionatore.reset();
     Esatti = 0;
     Errati = 0;

@@ -9,7 +9,8 @@ using namespace platform;
 
 namespace {
 
-void Suona(const QString &cartella) {
+void Suona(const QString &cartella)
+{
     if (!SuoniAttivi)
         return;
     const QString percorso = AppPath() + cartella;
@@ -26,10 +27,12 @@ void Suona(const QString &cartella) {
 
 } // namespace
 
-void SuonoEsatto() {
+void SuonoEsatto()
+{
     Suona(QStringLiteral("\\suoni\\si\\"));
 }
 
-void SuonoErrato() {
+void SuonoErrato()
+{
     Suona(QStringLiteral("\\suoni\\no\\"));
 }

@@ -15,14 +15,17 @@ using namespace platform;
 
 namespace {
 
-QString CartellaRadice() {
+QString CartellaRadice()
+{
     return QStringLiteral("C:\\ImpostazioniProgrammiTesmi\\");
 }
-QString CartellaImpostazioni() {
+QString CartellaImpostazioni()
+{
     return CartellaRadice() + QStringLiteral("morlenekvt\\");
 }
 
-void ScriviLeggimi() {
+void ScriviLeggimi()
+{
     TextWriter file(CartellaRadice() + QStringLiteral("leggimi.txt"));
     file.PrintText(QStringLiteral("Questa cartella contiene i file di impostazione dei programmi "
                                   "del sito di MorleneKVT."));
@@ -37,7 +40,8 @@ void ScriviLeggimi() {
 }
 
 // Fonts on the drive are known to this process only: they are registered at each start.
-void RegistraFontDelDisco() {
+void RegistraFontDelDisco()
+{
     const QString cartella = CartellaWindows() + QStringLiteral("fonts\\");
     for (const QString &tipo : {QStringLiteral("*.ttf"), QStringLiteral("*.otf")})
         Skipping([&] {
@@ -48,11 +52,13 @@ void RegistraFontDelDisco() {
 
 } // namespace
 
-bool EsisteFile(const QString &percorso) {
+bool EsisteFile(const QString &percorso)
+{
     return FileExists(percorso);
 }
 
-bool EsisteCartella(const QString &percorso) {
+bool EsisteCartella(const QString &percorso)
+{
     // The look-up finds plain files too. With a separator at its end the path asks for what stands
     // in a folder.
     if (percorso.endsWith(QLatin1Char('\\')))
@@ -60,12 +66,14 @@ bool EsisteCartella(const QString &percorso) {
     return FolderExists(percorso) || FileExists(percorso);
 }
 
-void CreaCartella(const QString &percorso) {
+void CreaCartella(const QString &percorso)
+{
     CreateFolder(percorso);
     ScriviLeggimi();
 }
 
-void PreparaCartelle() {
+void PreparaCartelle()
+{
     if (!EsisteCartella(CartellaRadice()))
         CreaCartella(CartellaRadice());
     if (!EsisteCartella(CartellaImpostazioni())) {
@@ -76,11 +84,13 @@ void PreparaCartelle() {
         CreaCartella(CartellaImpostazioni() + QStringLiteral("dati"));
 }
 
-QString CartellaWindows() {
+QString CartellaWindows()
+{
     return QStringLiteral("c:\\windows\\");
 }
 
-void InstallaFont() {
+void InstallaFont()
+{
     Skipping([] {
         const QString windows = CartellaWindows();
         if (EsisteFile(windows + QStringLiteral("\\fonts\\indis1.ttf")))
@@ -97,7 +107,8 @@ void InstallaFont() {
     });
 }
 
-void CaricaMessaggi() {
+void CaricaMessaggi()
+{
     // Which pieces have a blank ahead or behind is irregular on purpose: a piece that ends a
     // sentence has none, one that joins two others has one or two.
     constexpr std::array<const char *, QuantiMessaggi> forme = {
@@ -113,7 +124,8 @@ void CaricaMessaggi() {
     }
 }
 
-void Main() {
+void Main()
+{
     if (host().AnotherInstanceRuns()) {
         host().MessageBox({.Text = MLSTesto(QStringLiteral("0001"))});
         return;

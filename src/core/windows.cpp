@@ -8,22 +8,26 @@ using namespace platform;
 
 namespace {
 
-std::map<QString, CreaFinestra> &Finestre() {
+std::map<QString, CreaFinestra> &Finestre()
+{
     static std::map<QString, CreaFinestra> finestre;
     return finestre;
 }
 
 } // namespace
 
-void RegistraFinestra(const QString &nome, CreaFinestra crea) {
+void RegistraFinestra(const QString &nome, CreaFinestra crea)
+{
     Finestre()[nome] = crea;
 }
 
-bool FinestraEsiste(const QString &nome) {
+bool FinestraEsiste(const QString &nome)
+{
     return Finestre().contains(nome);
 }
 
-void MostraFinestra(const QString &nome) {
+void MostraFinestra(const QString &nome)
+{
     Form *finestra = Form::Find(nome);
     if (finestra == nullptr) {
         if (!FinestraEsiste(nome))
@@ -33,7 +37,8 @@ void MostraFinestra(const QString &nome) {
     finestra->Show();
 }
 
-void ScaricaFinestra(const QString &nome) {
+void ScaricaFinestra(const QString &nome)
+{
     if (Form *finestra = Form::Find(nome))
         finestra->Unload();
 }

@@ -16,11 +16,13 @@ namespace {
 // Beyond this many bytes a language file is scanned by lines.
 constexpr int64_t LimiteIni = 64000;
 
-QString Cartella() {
+QString Cartella()
+{
     return AppPath() + QStringLiteral("\\lngmorlene\\");
 }
 
-QString FileImpostazione() {
+QString FileImpostazione()
+{
     return Cartella() + QStringLiteral("LangSetting.ini");
 }
 
@@ -32,7 +34,8 @@ struct FileGrande {
     QByteArray Contenuto; // without a byte order mark, lines ended by LF alone
 };
 
-const QByteArray &ContenutoGrande(const QString &file) {
+const QByteArray &ContenutoGrande(const QString &file)
+{
     static FileGrande ultimo;
     const FileState stato = StateOfFile(file);
     if (ultimo.Percorso != file || !(ultimo.Stato == stato)) {
@@ -47,7 +50,8 @@ const QByteArray &ContenutoGrande(const QString &file) {
     return ultimo.Contenuto;
 }
 
-QString CercaPerRighe(const QByteArray &contenuto, const QString &chiave) {
+QString CercaPerRighe(const QByteArray &contenuto, const QString &chiave)
+{
     const QByteArray inizio = ToCodePage(chiave);
     qsizetype riga = 0;
     while (riga < contenuto.size()) {
@@ -68,38 +72,45 @@ QString CercaPerRighe(const QByteArray &contenuto, const QString &chiave) {
 
 } // namespace
 
-QString FileLinguaCorrente() {
+QString FileLinguaCorrente()
+{
     return Cartella() + LinguaCorrente + QStringLiteral(".lng");
 }
 
-QString MLSLeggiIni(const QString &file, const QString &sezione, const QString &chiave) {
+QString MLSLeggiIni(const QString &file, const QString &sezione, const QString &chiave)
+{
     if (FileLength(file) <= LimiteIni)
         return ReadIni(file, sezione, chiave);
     return CercaPerRighe(ContenutoGrande(file), chiave);
 }
 
 void MLSScriviIni(const QString &file, const QString &sezione, const QString &chiave,
-                  const QString &valore) {
+                  const QString &valore)
+{
     static_cast<void>(WriteIni(file, sezione, chiave, valore));
 }
 
-void LeggiLinguaCorrente() {
+void LeggiLinguaCorrente()
+{
     Skipping([] {
         LinguaCorrente = MLSLeggiIni(FileImpostazione(), QStringLiteral("Language"),
                                      QStringLiteral("CurrentLanguage"));
     });
 }
 
-void SalvaLinguaCorrente() {
+void SalvaLinguaCorrente()
+{
     MLSScriviIni(FileImpostazione(), QStringLiteral("Language"), QStringLiteral("CurrentLanguage"),
                  LinguaCorrente);
 }
 
-QStringList LingueInstallate() {
+QStringList LingueInstallate()
+{
     return DirList(Cartella() + QStringLiteral("*.lng"), LookUp::FilesOnly);
 }
 
-QString MLSTesto(const QString &chiave) {
+QString MLSTesto(const QString &chiave)
+{
     QString testo;
     if (LinguaCorrente.isEmpty())
         LeggiLinguaCorrente();

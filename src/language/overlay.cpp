@@ -10,13 +10,15 @@ namespace {
 
 // Error 53 when there is no such language file: the statement that asked is skipped as a whole, and
 // the design stays.
-QString Valore(const Form &finestra, const QString &chiave) {
+QString Valore(const Form &finestra, const QString &chiave)
+{
     return MLSLeggiIni(FileLinguaCorrente(), finestra.Name(), chiave);
 }
 
 // A property takes the text that is there; without one, or without the property, the design stays.
 void Carica(const Form &finestra, Control &controllo, const QString &chiave,
-            void (Control::*imposta)(const QString &)) {
+            void (Control::*imposta)(const QString &))
+{
     Skipping([&] {
         const QString testo = Valore(finestra, chiave);
         if (!testo.isEmpty())
@@ -25,7 +27,8 @@ void Carica(const Form &finestra, Control &controllo, const QString &chiave,
 }
 
 // Every tab takes its text, also an empty one. Tabs that are no number have none to take.
-void CaricaLinguette(const Form &finestra, Control &controllo, const QString &nome) {
+void CaricaLinguette(const Form &finestra, Control &controllo, const QString &nome)
+{
     int linguette = 0;
     if (Skipping([&] { linguette = controllo.Tabs(); }) != 0)
         return;
@@ -36,7 +39,8 @@ void CaricaLinguette(const Form &finestra, Control &controllo, const QString &no
         });
 }
 
-void CaricaControllo(const Form &finestra, Control &controllo) {
+void CaricaControllo(const Form &finestra, Control &controllo)
+{
     QString nome = controllo.Name();
     int indice = -1;
     if (Skipping([&] { indice = controllo.Index(); }) == 0 && indice >= 0)
@@ -49,7 +53,8 @@ void CaricaControllo(const Form &finestra, Control &controllo) {
 
 } // namespace
 
-void MLSCaricaForm(Form &finestra) {
+void MLSCaricaForm(Form &finestra)
+{
     const FormRef riferimento(finestra);
     const QString nome = finestra.Name();
     // A key that is not there empties the title and the tag; a window without a title is not asked.

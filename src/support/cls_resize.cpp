@@ -15,7 +15,8 @@ namespace {
 
 // A property that a control does not have, or not now, is passed over; any other failure is tried
 // again until it passes.
-void Assegna(const std::function<void()> &istruzione) {
+void Assegna(const std::function<void()> &istruzione)
+{
     for (;;) {
         const int errore = Skipping(istruzione);
         if (errore == 0 || errore == SetNotSupported || errore == SetNotPermitted ||
@@ -24,17 +25,20 @@ void Assegna(const std::function<void()> &istruzione) {
     }
 }
 
-int32_t Intero(double twips) {
+int32_t Intero(double twips)
+{
     return RoundToLong(twips);
 }
 
 } // namespace
 
-void clsResize::SetSourceForm(Form &finestra) {
+void clsResize::SetSourceForm(Form &finestra)
+{
     m_finestra = FormRef(finestra);
 }
 
-void clsResize::ReInitialise() {
+void clsResize::ReInitialise()
+{
     Form *finestra = m_finestra.Get();
     if (finestra == nullptr)
         return;
@@ -60,7 +64,8 @@ void clsResize::ReInitialise() {
     m_daInizializzare = false;
 }
 
-void clsResize::SizeFormToScreen(uint8_t percentuale) {
+void clsResize::SizeFormToScreen(uint8_t percentuale)
+{
     Form *finestra = m_finestra.Get();
     if (finestra == nullptr)
         return;
@@ -73,7 +78,8 @@ void clsResize::SizeFormToScreen(uint8_t percentuale) {
     ResizeControls();
 }
 
-void clsResize::ResizeControls() {
+void clsResize::ResizeControls()
+{
     Form *finestra = m_finestra.Get();
     if (finestra == nullptr || finestra->Controls().empty() || finestra->Minimised())
         return;
@@ -93,7 +99,8 @@ void clsResize::ResizeControls() {
     finestra->LockDrawing(false);
 }
 
-void clsResize::Scala(const Misure &misure, double orizzontale, double verticale) {
+void clsResize::Scala(const Misure &misure, double orizzontale, double verticale)
+{
     Control &controllo = *misure.Controllo;
     QString regola = InMaiuscolo(controllo.Tag());
     if (!regola.startsWith(QLatin1Char('@')))

@@ -18,7 +18,8 @@ constexpr int Gradini = 256; // from white at the top to pure blue at the bottom
 FormAvvio::FormAvvio()
     : Form("FormAvvio", 7200, 5400),
       Image1({*this, "Image1"}, {960, 1380, 5280, 3000}, QStringLiteral("titolo")),
-      Label2(*this, "Label2"), Command1({*this, "Command1"}, {2880, 4440, 1440, 840}) {
+      Label2(*this, "Label2"), Command1({*this, "Command1"}, {2880, 4440, 1440, 840})
+{
     SetCaption(QStringLiteral("MorleneKVT"));
     SetBackColor(Rgb(0, 0, 255));
     Label &titolo =
@@ -53,7 +54,8 @@ FormAvvio::FormAvvio()
     };
 }
 
-void FormAvvio::Attiva() {
+void FormAvvio::Attiva()
+{
     Move(0, 0, ScreenWidth(), ScreenHeight());
     SetDrawingUnits(Gradini);
     // The first band lies above the window, and below the last one stands the back colour.
