@@ -319,8 +319,6 @@ private Q_SLOTS:
         Load(content);
         // A damaged one would give the same values, so one field tells that it was read.
         QCOMPARE(Values(), m_defaults);
-        QList<QByteArray> parts = {"prova"};
-        Load(content + (content.endsWith('\n') ? "" : "\r\n"));
         Load(QByteArray(content).replace("Merlin", "Morgana"));
         QCOMPARE(NomePersonaggio, QStringLiteral("Morgana"));
     }
