@@ -12,6 +12,12 @@ if(MORLENE_SANITIZE)
     target_link_options(morlene_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(MORLENE_FUZZ)
+    target_compile_options(morlene_flags INTERFACE
+        -fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer -O1 -Wno-error)
+    target_link_options(morlene_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
 # morlene_layer(NAME DEPENDS layer... [SOURCES file...] [LIBRARIES target...])
 # Without SOURCES every .cpp below the current folder belongs to the layer.
 function(morlene_layer name)
