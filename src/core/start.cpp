@@ -101,9 +101,10 @@ void InstallaFont()
         host().MessageBox(
             {.Text =
                  MLSTesto(QStringLiteral("0006")) +
-                 QStringLiteral("\n ----------------------- \nFont prodotto da Rinaldo Torvesi\n"
-                                "Playwrite Italia Tradizionale, di TypeTogether "
-                                "(type-together.com), licenza SIL Open Font License 1.1")});
+                 QStringLiteral(
+                     "\n ----------------------- \nFont prodotto da Rinaldo Torvesi\n"
+                     "Playwrite Italia Tradizionale, di TypeTogether "
+                     "(github.com/TypeTogether/Playwrite), licenza SIL Open Font License 1.1")});
     });
 }
 

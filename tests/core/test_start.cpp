@@ -26,10 +26,11 @@ const QString Data = QStringLiteral("ImpostazioniProgrammiTesmi/morlenekvt/dati"
 const QString Readme = QStringLiteral("ImpostazioniProgrammiTesmi/leggimi.txt");
 const QString Font = QStringLiteral("windows/fonts/indis1.ttf");
 
-const QString FontBox = QStringLiteral(
-    "Font installato\n ----------------------- \nFont prodotto da Rinaldo Torvesi\n"
-    "Playwrite Italia Tradizionale, di TypeTogether (type-together.com), licenza SIL Open Font "
-    "License 1.1");
+const QString FontBox =
+    QStringLiteral("Font installato\n ----------------------- \nFont prodotto da Rinaldo Torvesi\n"
+                   "Playwrite Italia Tradizionale, di TypeTogether "
+                   "(github.com/TypeTogether/Playwrite), licenza SIL Open Font "
+                   "License 1.1");
 
 class Splash : public Form {
 public:
