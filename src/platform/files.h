@@ -27,8 +27,8 @@ QString AppPath();
 enum class LookUp { FilesOnly, FilesAndFolders };
 QStringList DirList(const QString &pattern, LookUp kind);
 
-bool FileExists(const QString &path);   // a plain file
-bool FolderExists(const QString &path); // false on any error too
+bool FileExists(const QString &path);    // a plain file
+bool FolderExists(const QString &path);  // false on any error too
 int64_t FileLength(const QString &path); // bytes; error 53 when it is not there
 
 // Tells one state of a file from another, so that what was read of it can be kept.
@@ -86,10 +86,10 @@ public:
     RecordReader &operator=(const RecordReader &) = delete;
 
     bool AtEnd() const;
-    QString Text();      // error 62 past the end, also inside an unclosed quote
-    double Number();     // error 13 for what is no number, also empty
-    int16_t Integer();   // rounded, halves to even; error 6 outside 16 bits
-    QString Line();      // the rest of the line as it stands, without its end
+    QString Text();    // error 62 past the end, also inside an unclosed quote
+    double Number();   // error 13 for what is no number, also empty
+    int16_t Integer(); // rounded, halves to even; error 6 outside 16 bits
+    QString Line();    // the rest of the line as it stands, without its end
 
 private:
     struct State;

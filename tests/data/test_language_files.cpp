@@ -11,11 +11,13 @@ constexpr qsizetype LongestValue = 511;  // letters that the reader gives
 constexpr qsizetype LargestFile = 64000; // bytes; beyond, sections and unquoted values are lost
 const QByteArray LetterlessBytes = QByteArrayLiteral("\x81\x8D\x8F\x90\x9D");
 
-QString Folder() {
+QString Folder()
+{
     return QStringLiteral(SOURCE_DIR "/data/lngmorlene/");
 }
 
-QByteArray Content(const QString &name) {
+QByteArray Content(const QString &name)
+{
     QFile file(Folder() + name);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
@@ -31,7 +33,8 @@ struct Language {
     QList<Entry> Entries;
     QList<QByteArray> Strange; // lines of no known form
 
-    QByteArray Text(const QByteArray &key) const {
+    QByteArray Text(const QByteArray &key) const
+    {
         for (const Entry &entry : Entries)
             if (entry.Section == "Strings" && entry.Key == key)
                 return entry.Value;
@@ -39,7 +42,8 @@ struct Language {
     }
 };
 
-Language Read(const QString &name) {
+Language Read(const QString &name)
+{
     static const QRegularExpression heading(QStringLiteral("^\\[(\\w+)\\]$"));
     static const QRegularExpression entry(
         QStringLiteral("^(\\d{4}|\\w+(?:\\(\\d+\\))?\\.[A-Z]\\w+(?:\\(\\d+\\))?)=\"([^\"]*)\"$"));
@@ -63,7 +67,8 @@ Language Read(const QString &name) {
 }
 
 // The numbered texts that the program asks for; the numbers in between belong to nothing.
-QList<QByteArray> Catalogue() {
+QList<QByteArray> Catalogue()
+{
     QList<QByteArray> keys;
     const auto add = [&keys](int from, int to) {
         for (int key = from; key <= to; ++key)
@@ -76,7 +81,8 @@ QList<QByteArray> Catalogue() {
     return keys;
 }
 
-QByteArray Name(const Entry &entry) {
+QByteArray Name(const Entry &entry)
+{
     return entry.Section + ": " + entry.Key;
 }
 
@@ -120,20 +126,23 @@ private Q_SLOTS:
     void everyLanguageNamesTheSameKeysAsItalian();
 
 private:
-    static void EachFile() {
+    static void EachFile()
+    {
         QTest::addColumn<QString>("name");
         for (const QString &name : QDir(Folder()).entryList({QStringLiteral("*.lng")}))
             QTest::newRow(qPrintable(name)) << name;
     }
 };
 
-void TestLanguageFiles::theLanguageOfANewInstallationIsThere() {
+void TestLanguageFiles::theLanguageOfANewInstallationIsThere()
+{
     QCOMPARE(Content(QStringLiteral("LangSetting.ini")),
              QByteArray("[Language]\r\nCurrentLanguage=italiano\r\n"));
     QVERIFY(!Content(QStringLiteral("italiano.lng")).isEmpty());
 }
 
-void TestLanguageFiles::linesEndInCarriageReturnAndLineFeed() {
+void TestLanguageFiles::linesEndInCarriageReturnAndLineFeed()
+{
     QFETCH(QString, name);
     const QByteArray content = Content(name);
     QVERIFY(content.endsWith("\r\n"));
@@ -141,7 +150,8 @@ void TestLanguageFiles::linesEndInCarriageReturnAndLineFeed() {
     QCOMPARE(content.count('\r'), content.count("\r\n"));
 }
 
-void TestLanguageFiles::everyByteIsALetterOfTheCodePage() {
+void TestLanguageFiles::everyByteIsALetterOfTheCodePage()
+{
     QFETCH(QString, name);
     int line = 1;
     for (const char byte : Content(name)) {
@@ -155,19 +165,22 @@ void TestLanguageFiles::everyByteIsALetterOfTheCodePage() {
     QVERIFY2(!Content(name).contains('\xC3') && !Content(name).contains('\xC2'), "UTF-8");
 }
 
-void TestLanguageFiles::theFileIsSmallEnoughToBeReadBySections() {
+void TestLanguageFiles::theFileIsSmallEnoughToBeReadBySections()
+{
     QFETCH(QString, name);
     QVERIFY(Content(name).size() < LargestFile);
 }
 
-void TestLanguageFiles::everyLineIsANoteAHeadingOrAQuotedValue() {
+void TestLanguageFiles::everyLineIsANoteAHeadingOrAQuotedValue()
+{
     QFETCH(QString, name);
     const Language language = Read(name);
     QVERIFY2(language.Strange.isEmpty(), language.Strange.join('\n').constData());
     QVERIFY(language.Sections.contains("Strings"));
 }
 
-void TestLanguageFiles::everyNumberedTextIsThere() {
+void TestLanguageFiles::everyNumberedTextIsThere()
+{
     QFETCH(QString, name);
     const Language language = Read(name);
     QCOMPARE(Catalogue().size(), 101);
@@ -175,26 +188,30 @@ void TestLanguageFiles::everyNumberedTextIsThere() {
         QVERIFY2(!language.Text(key).trimmed().isEmpty(), key.constData());
 }
 
-void TestLanguageFiles::noNumberedTextIsUnknown() {
+void TestLanguageFiles::noNumberedTextIsUnknown()
+{
     QFETCH(QString, name);
     for (const Entry &entry : Read(name).Entries)
         if (entry.Section == "Strings")
             QVERIFY2(Catalogue().contains(entry.Key), entry.Key.constData());
 }
 
-void TestLanguageFiles::noValueIsLongerThanTheReaderGives() {
+void TestLanguageFiles::noValueIsLongerThanTheReaderGives()
+{
     QFETCH(QString, name);
     for (const Entry &entry : Read(name).Entries)
         QVERIFY2(entry.Value.size() <= LongestValue, Name(entry).constData());
 }
 
-void TestLanguageFiles::noLanguageChangesATag() {
+void TestLanguageFiles::noLanguageChangesATag()
+{
     QFETCH(QString, name);
     for (const Entry &entry : Read(name).Entries)
         QVERIFY2(!entry.Key.endsWith(".Tag"), Name(entry).constData());
 }
 
-void TestLanguageFiles::everyWindowHasATitle() {
+void TestLanguageFiles::everyWindowHasATitle()
+{
     // A title that the language does not give is emptied.
     QFETCH(QString, name);
     const Language language = Read(name);
@@ -210,7 +227,8 @@ void TestLanguageFiles::everyWindowHasATitle() {
     }
 }
 
-void TestLanguageFiles::noSectionAndNoKeyStandsTwice() {
+void TestLanguageFiles::noSectionAndNoKeyStandsTwice()
+{
     QFETCH(QString, name);
     const Language language = Read(name);
     QSet<QByteArray> seen;
@@ -224,7 +242,8 @@ void TestLanguageFiles::noSectionAndNoKeyStandsTwice() {
     }
 }
 
-void TestLanguageFiles::noKeyBeginsAnother() {
+void TestLanguageFiles::noKeyBeginsAnother()
+{
     // In a file that has grown large a key also finds a longer one that begins with it.
     QFETCH(QString, name);
     const QList<Entry> entries = Read(name).Entries;
@@ -234,7 +253,8 @@ void TestLanguageFiles::noKeyBeginsAnother() {
                      (entry.Key + " begins " + other.Key).constData());
 }
 
-void TestLanguageFiles::piecesThatGetTheirBlanksFromTheProgramHaveNoneOfTheirOwn() {
+void TestLanguageFiles::piecesThatGetTheirBlanksFromTheProgramHaveNoneOfTheirOwn()
+{
     QFETCH(QString, name);
     const Language language = Read(name);
     for (int number = 4; number <= 40; ++number) {
@@ -244,7 +264,8 @@ void TestLanguageFiles::piecesThatGetTheirBlanksFromTheProgramHaveNoneOfTheirOwn
     QCOMPARE(language.Text("0105"), language.Text("0105").simplified());
 }
 
-void TestLanguageFiles::openingsThatGetNoBlankEndInOne() {
+void TestLanguageFiles::openingsThatGetNoBlankEndInOne()
+{
     QFETCH(QString, name);
     const Language language = Read(name);
     for (const char *key :
@@ -252,12 +273,14 @@ void TestLanguageFiles::openingsThatGetNoBlankEndInOne() {
         QCOMPARE(language.Text(key), language.Text(key).simplified() + ' ');
 }
 
-void TestLanguageFiles::theFiguresFindTheirVariable() {
+void TestLanguageFiles::theFiguresFindTheirVariable()
+{
     QFETCH(QString, name);
     QCOMPARE(Read(name).Text("0103"), QByteArray("TestoColore.QualeColore"));
 }
 
-void TestLanguageFiles::everyLanguageNamesTheSameKeysAsItalian() {
+void TestLanguageFiles::everyLanguageNamesTheSameKeysAsItalian()
+{
     QFETCH(QString, name);
     const auto names = [](const QString &file) {
         QList<QByteArray> list;

@@ -14,7 +14,8 @@
 
 namespace {
 
-QString Folder() {
+QString Folder()
+{
     return QStringLiteral(SOURCE_DIR "/data/lngmorlene/");
 }
 
@@ -25,7 +26,8 @@ struct Entry {
     QString Value;
 };
 
-QList<Entry> EntriesOfWindows(const QString &name) {
+QList<Entry> EntriesOfWindows(const QString &name)
+{
     static const QRegularExpression heading(QStringLiteral("^\\[(\\w+)\\]$"));
     static const QRegularExpression pair(QStringLiteral("^([^.=]+)\\.([\\w()]+)=\"([^\"]*)\"$"));
     QFile file(Folder() + name);
@@ -45,7 +47,8 @@ QList<Entry> EntriesOfWindows(const QString &name) {
 }
 
 // As designed: a window is not translated before it loads.
-std::unique_ptr<platform::Form> Make(const QString &name) {
+std::unique_ptr<platform::Form> Make(const QString &name)
+{
     if (name == QStringLiteral("FormAvvio"))
         return std::make_unique<FormAvvio>();
     if (name == QStringLiteral("FormMenu"))
@@ -55,7 +58,8 @@ std::unique_ptr<platform::Form> Make(const QString &name) {
     return nullptr;
 }
 
-const platform::Control *Find(const platform::Form &window, const QString &key) {
+const platform::Control *Find(const platform::Form &window, const QString &key)
+{
     for (const platform::Control *control : window.Controls())
         if (control->Key() == key)
             return control;
@@ -74,13 +78,15 @@ private Q_SLOTS:
     void everyCaptionOfAWindowHasAKey();
 };
 
-void TestLanguageWindows::everyControlThatALanguageNamesExists_data() {
+void TestLanguageWindows::everyControlThatALanguageNamesExists_data()
+{
     QTest::addColumn<QString>("name");
     for (const QString &name : QDir(Folder()).entryList({QStringLiteral("*.lng")}))
         QTest::newRow(qPrintable(name)) << name;
 }
 
-void TestLanguageWindows::everyControlThatALanguageNamesExists() {
+void TestLanguageWindows::everyControlThatALanguageNamesExists()
+{
     QFETCH(QString, name);
     const Player player;
     const QList<Entry> entries = EntriesOfWindows(name);
@@ -93,7 +99,8 @@ void TestLanguageWindows::everyControlThatALanguageNamesExists() {
     }
 }
 
-void TestLanguageWindows::italianSaysWhatTheDesignSays() {
+void TestLanguageWindows::italianSaysWhatTheDesignSays()
+{
     const Player player;
     for (const Entry &entry : EntriesOfWindows(QStringLiteral("italiano.lng"))) {
         QCOMPARE(entry.Property, QStringLiteral("Caption"));
@@ -105,7 +112,8 @@ void TestLanguageWindows::italianSaysWhatTheDesignSays() {
     }
 }
 
-void TestLanguageWindows::everyCaptionOfAWindowHasAKey() {
+void TestLanguageWindows::everyCaptionOfAWindowHasAKey()
+{
     const Player player;
     const QList<Entry> entries = EntriesOfWindows(QStringLiteral("italiano.lng"));
     QStringList sections;

@@ -102,7 +102,8 @@ private Q_SLOTS:
         MenuPlayer player;
         DimensioneFont = 72; // has no influence here
         double last = 0;
-        for (const ScreenSize size : {ScreenSize{1024, 768}, {1366, 768}, {1920, 1080}, {3840, 2160}}) {
+        for (const ScreenSize size :
+             {ScreenSize{1024, 768}, {1366, 768}, {1920, 1080}, {3840, 2160}}) {
             player.Host.ScreenSizeNow = size;
             const FormMenu &menu = player.OpenMenu();
             const double points = menu.Command1(0).Font().Size;
@@ -164,7 +165,8 @@ private Q_SLOTS:
         QVERIFY(Ridimensionatore != nullptr);
         ClickOn(menu.Command1(8));
         QVERIFY(player.Host.Ended);
-        QCOMPARE(player.Host.DriveFile(Settings + QStringLiteral("_predefinito.INI")).count('\n'), 43);
+        QCOMPARE(player.Host.DriveFile(Settings + QStringLiteral("_predefinito.INI")).count('\n'),
+                 43);
         QVERIFY(Ridimensionatore == nullptr);
     }
 
@@ -319,7 +321,8 @@ private Q_SLOTS:
         NumeroEserciziEseguiti = 3;
         EserciziEseguiti(1, 0) = QStringLiteral("x");
         player.OpenMenu();
-        QVERIFY(player.Host.DriveFile(Settings + QStringLiteral("_predefinito.ini")).contains("\r\n 31 \r\n"));
+        QVERIFY(player.Host.DriveFile(Settings + QStringLiteral("_predefinito.ini"))
+                    .contains("\r\n 31 \r\n"));
         QCOMPARE(EserciziEseguiti(1, 0), QStringLiteral("x"));
         QCOMPARE(NumeroEserciziEseguiti, int16_t{3});
     }
