@@ -40,7 +40,7 @@ int PassoCircolare(int da, int quanti, int verso, const std::function<bool(int)>
 
 int IntervalloScansione()
 {
-    return Integer16(VelocitaScansione * 250);
+    return Integer16(int64_t{VelocitaScansione} * 250);
 }
 
 void FinestraEsercizio::PreparaScansione()

@@ -148,7 +148,6 @@ private Q_SLOTS:
         MenuPlayer player;
         player.Host.Seed(1);
         player.OpenMenu().Command1.OnClick(0);
-        Form::Find(QStringLiteral("FormEs1"));
         dynamic_cast<FormEs1 &>(*Form::Find(QStringLiteral("FormEs1"))).mnuEsci.OnClick();
         dynamic_cast<FormMenu &>(*Form::Find(QStringLiteral("FormMenu"))).Command1.OnClick(0);
         QCOMPARE(NumeroEserciziEseguiti, int16_t{3});
@@ -190,7 +189,9 @@ private Q_SLOTS:
         QCOMPARE(player.Host.FatalNumber, 0);
         DropForms();
         FormMenu &again = player.OpenMenu();
-        ClickOn(again.Command1(0));
+        // As an event does, but not through the toolkit, which loses a little when it is thrown
+        // through; the program ends then.
+        Guarded([&] { again.Command1.OnClick(0); });
         QCOMPARE(player.Host.FatalNumber, static_cast<int>(SubscriptOutOfRange));
     }
 
