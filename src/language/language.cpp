@@ -5,7 +5,6 @@
 #include "platform/ini.h"
 
 #include <QByteArray>
-#include <QByteArrayView>
 
 using namespace platform;
 
