@@ -1,0 +1,268 @@
+// Scanning in the three modes without a mouse, on the first exercise.
+#include "frame/scanning.h"
+
+#include "exercises/form_es1.h"
+#include "support/exercise_fixture.h"
+
+#include <QMenuBar>
+#include <QTest>
+
+using namespace platform;
+
+namespace {
+
+class Child : public Player {
+public:
+    explicit Child(int mode)
+    {
+        SuoniAttivi = false;
+        ModoInput = static_cast<int16_t>(mode);
+        Host.Seed(4);
+        Form = &Open<FormEs1>();
+        Host.TakeEvents();
+    }
+
+    QList<int> Lit() const
+    {
+        QList<int> lit;
+        for (Button &button : Form->Command1)
+            if (button.BackColor() == ToColor(ColorePulsantiSelezionati))
+                lit << button.Index();
+        return lit;
+    }
+
+    PictureBox &Target() const
+    {
+        return ModoInput == 2 ? Form->PictureScansioneAutomatica : Form->PictureScansioneManuale;
+    }
+    void Key(Qt::Key key) const { PressAndRelease(Target(), key); }
+    // Brings the highlight to the right or the wrong button, and chooses it.
+    void Answer(bool right) const
+    {
+        const int wanted = right ? Form->IndiceEsatto : 1 - Form->IndiceEsatto;
+        while (Form->BottoneScansione != wanted)
+            if (ModoInput == 2)
+                const_cast<ScriptedHost &>(Host).Advance(Form->Timer1.Interval());
+            else
+                Key(ModoInput == 1 ? Qt::Key_Space : Qt::Key_Right);
+        Key(ModoInput == 2 ? Qt::Key_Space : Qt::Key_Return);
+    }
+
+    FormEs1 *Form;
+};
+
+} // namespace
+
+class TestScanning : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theFirstButtonIsLitAtOnce()
+    {
+        for (const int mode : {1, 2, 3}) {
+            const Child child(mode);
+            QCOMPARE(child.Lit(), QList<int>{0});
+            QVERIFY(child.Form->Timer1.Enabled());
+            QCOMPARE(child.Form->Timer1.Interval(), mode == 2 ? 1000 : 100);
+            QCOMPARE(child.Form->Command1(2).MousePointer(), platform::MousePointer::Default);
+        }
+    }
+
+    void modeOneStepsBySpaceAndChoosesByEnter()
+    {
+        const Child child(1);
+        child.Key(Qt::Key_Space);
+        QCOMPARE(child.Lit(), QList<int>{1});
+        // The next-task button is disabled and passed over.
+        child.Key(Qt::Key_Space);
+        QCOMPARE(child.Lit(), QList<int>{0});
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Left, Qt::Key_Up, Qt::Key_Down})
+            child.Key(key);
+        QCOMPARE(child.Lit(), QList<int>{0});
+        child.Answer(true);
+        QCOMPARE(Esatti, 1);
+        QCOMPARE(child.Lit(), QList<int>{2});
+        child.Key(Qt::Key_Space);
+        QCOMPARE(child.Lit(), QList<int>{2});
+        child.Key(Qt::Key_Return);
+        QCOMPARE(child.Lit(), QList<int>{0});
+        QCOMPARE(Esatti, 1);
+    }
+
+    void modeThreeStepsByArrowsBothWays()
+    {
+        const Child child(3);
+        child.Key(Qt::Key_Left);
+        QCOMPARE(child.Lit(), QList<int>{1});
+        child.Key(Qt::Key_Up);
+        QCOMPARE(child.Lit(), QList<int>{0});
+        child.Key(Qt::Key_Down);
+        QCOMPARE(child.Lit(), QList<int>{1});
+        child.Key(Qt::Key_Right);
+        QCOMPARE(child.Lit(), QList<int>{0});
+        child.Key(Qt::Key_Space);
+        QCOMPARE(child.Lit(), QList<int>{0});
+        child.Answer(true);
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Left, Qt::Key_Up, Qt::Key_Down})
+            child.Key(key);
+        QCOMPARE(child.Lit(), QList<int>{2});
+        child.Key(Qt::Key_Return);
+        QCOMPARE(child.Lit(), QList<int>{0});
+    }
+
+    void modeTwoStepsByItselfAndChoosesBySpace()
+    {
+        Child child(2);
+        child.Host.Advance(999);
+        QCOMPARE(child.Lit(), QList<int>{0});
+        child.Host.Advance(1);
+        QCOMPARE(child.Lit(), QList<int>{1});
+        child.Host.Advance(1000);
+        QCOMPARE(child.Lit(), QList<int>{0});
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Right, Qt::Key_Left})
+            child.Key(key);
+        QCOMPARE(child.Lit(), QList<int>{0});
+        QCOMPARE(Esatti + Errati, 0);
+        child.Answer(true);
+        QCOMPARE(child.Lit(), QList<int>{2});
+        // The highlight waits on the next-task button.
+        child.Host.Advance(10000);
+        QCOMPARE(child.Lit(), QList<int>{2});
+        child.Key(Qt::Key_Space);
+        QCOMPARE(child.Lit(), QList<int>{0});
+    }
+
+    void aHeldSwitchFreezesAndTheNextTickComesAFullIntervalAfterRelease()
+    {
+        Child child(2);
+        child.Host.Advance(900);
+        QTest::keyPress(child.Target().Widget(), Qt::Key_Space);
+        child.Host.Advance(5000);
+        QCOMPARE(child.Lit(), QList<int>{0});
+        QTest::keyRelease(child.Target().Widget(), Qt::Key_Space);
+        const QList<int> after = child.Lit();
+        child.Host.Advance(999);
+        QCOMPARE(child.Lit(), after);
+        if (after != QList<int>{2}) {
+            child.Host.Advance(1);
+            QVERIFY(child.Lit() != after);
+        }
+    }
+
+    void aSwitchReleasedElsewhereDoesNotStopTheScanning()
+    {
+        Child child(2);
+        child.Target().SetFocus();
+        QTest::keyPress(child.Target().Widget(), Qt::Key_Space);
+        child.Target().Widget()->clearFocus();
+        child.Host.Advance(1000);
+        QCOMPARE(child.Lit(), QList<int>{1});
+        QCOMPARE(Esatti + Errati, 0);
+    }
+
+    void aRightChoiceTakesItsStepsInOrder()
+    {
+        Child child(1);
+        SuoniAttivi = true;
+        while (child.Form->BottoneScansione != child.Form->IndiceEsatto)
+            child.Key(Qt::Key_Space);
+        const QString button = QStringLiteral("Command1(%1)").arg(child.Form->IndiceEsatto);
+        child.Host.TakeEvents();
+        child.Host.Expect({{6, 0}});
+        child.Key(Qt::Key_Return);
+        // The answer buttons stay enabled here.
+        QCOMPARE(child.Host.TakeEvents(),
+                 QStringList({QStringLiteral("StatusBar1.Panels(1)=1 Esatti"),
+                              QStringLiteral("suono si/1.wav"),
+                              button + QStringLiteral(".BackColor=8000000f"),
+                              QStringLiteral("Command1(2).BackColor=000000ff")}));
+        QVERIFY(child.Form->Command1(0).Enabled());
+        QVERIFY(!child.Form->Command1(2).Enabled());
+    }
+
+    void aWrongChoiceKeepsTheHighlight()
+    {
+        for (const int mode : {1, 2, 3}) {
+            const Child child(mode);
+            child.Answer(false);
+            QCOMPARE(Errati, int16_t{1});
+            QCOMPARE(Esatti, 0);
+            QCOMPARE(child.Lit(), QList<int>{1 - child.Form->IndiceEsatto});
+        }
+    }
+
+    void aLevelChosenWhileWaitingLeavesTheHighlightOnTheNextTask()
+    {
+        const Child child(1);
+        child.Answer(true);
+        child.Form->mnuLiv.OnClick(2);
+        QCOMPARE(child.Lit(), QList<int>{2});
+        child.Key(Qt::Key_Space);
+        QCOMPARE(child.Lit(), QList<int>{2});
+        child.Key(Qt::Key_Return);
+        QCOMPARE(child.Lit(), QList<int>{0});
+    }
+
+    void theKeyboardIsTakenBackTenTimesASecond()
+    {
+        for (const int mode : {1, 3}) {
+            Child child(mode);
+            child.Target().Widget()->clearFocus();
+            child.Host.Advance(99);
+            QVERIFY(!child.Target().HasFocus());
+            child.Host.Advance(1);
+            QVERIFY(child.Target().HasFocus());
+        }
+        Child child(2);
+        child.Target().Widget()->clearFocus();
+        child.Host.Advance(1000);
+        QVERIFY(child.Target().HasFocus());
+    }
+
+    void withTheMenuBarInUseTheFocusStaysAndTheHighlightGoesOn()
+    {
+        Child child(2);
+        child.Form->MenuBar()->setFocus();
+        child.Host.Advance(1000);
+        QVERIFY(!child.Target().HasFocus());
+        QCOMPARE(child.Lit(), QList<int>{1});
+        QCOMPARE(child.Host.FatalNumber, 0);
+        child.Form->MenuBar()->clearFocus();
+        child.Host.Advance(1000);
+        QVERIFY(child.Target().HasFocus());
+    }
+
+    void aStepGoesRoundPastWhatIsDisabled()
+    {
+        QCOMPARE(PassoCircolare(1, 3, 1, [](int) { return true; }), 2);
+        QCOMPARE(PassoCircolare(2, 3, 1, [](int i) { return i != 0; }), 1);
+        QCOMPARE(PassoCircolare(0, 3, -1, [](int i) { return i != 2; }), 1);
+        QCOMPARE(PassoCircolare(1, 3, 1, [](int) { return false; }), 1);
+    }
+
+    void aSpeedAbove131OverflowsAtActivation()
+    {
+        VelocitaScansione = 131;
+        QCOMPARE(IntervalloScansione(), 32750);
+        Player player;
+        player.Host.Seed(1);
+        ModoInput = 2;
+        VelocitaScansione = 132;
+        auto *form = new FormEs1;
+        Guarded([&] { form->Show(); });
+        QCOMPARE(player.Host.FatalNumber, 6);
+    }
+
+    void theResizeOfModeTwoUnloadsTheMenu()
+    {
+        Player player;
+        player.Host.Seed(1);
+        ModoInput = 2;
+        MostraFinestra(QStringLiteral("FormMenu"));
+        player.Open<FormEs1>();
+        QVERIFY(Form::Find(QStringLiteral("FormMenu")) == nullptr);
+    }
+};
+
+MORLENE_TEST_MAIN(TestScanning)
+#include "test_scanning.moc"
