@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QMenuBar>
+#include <QScreen>
 
 #include <algorithm>
 
@@ -123,10 +124,13 @@ void Form::Show()
     }
     // A main window fills the screen whatever the window manager says, or without one.
     m_window->Left = m_window->Top = 0;
-    m_window->setGeometry(0, 0, ToPixels(ScreenWidth()), ToPixels(ScreenHeight()));
-    m_window->setWindowState(Qt::WindowFullScreen);
+    const QRect screen(0, 0, ToPixels(ScreenWidth()), ToPixels(ScreenHeight()));
+    m_window->setGeometry(screen);
+    // A test's screen is only a size.
+    if (m_window->screen()->size() == screen.size())
+        m_window->setWindowState(Qt::WindowFullScreen);
     m_window->show();
-    m_window->setGeometry(0, 0, ToPixels(ScreenWidth()), ToPixels(ScreenHeight()));
+    m_window->setGeometry(screen);
     m_window->activateWindow();
     m_shown = true;
     Resized();

@@ -19,6 +19,8 @@ protected:
         painter.fillRect(rect(), QColor(QLatin1Char('#') + Owner->m_bgColor));
         if (Owner->m_reader)
             Owner->m_reader->Paint(painter, rect());
+        // Told when it is seen, and once for the many calls that paint a figure.
+        Owner->Describe();
     }
 };
 
@@ -34,7 +36,6 @@ MovieControl::MovieControl(const ControlId &id, const Place &place)
 {
     m_view->Owner = this;
     m_view->setAttribute(Qt::WA_OpaquePaintEvent);
-    Describe();
 }
 
 MovieControl::~MovieControl() = default;
@@ -48,7 +49,7 @@ void MovieControl::SetMovie(const QString &path)
     Note("Movie", path);
     if (m_reader && m_reader->Duration() > 0)
         Play();
-    Describe();
+    m_view->update();
 }
 
 void MovieControl::Play()
@@ -88,7 +89,7 @@ void MovieControl::SetVariable(const QString &name, const QString &value)
         return;
     m_reader->SetVariable(name, value);
     Note("SetVariable", name + QLatin1Char(' ') + value);
-    Describe();
+    m_view->update();
 }
 
 void MovieControl::TSetProperty(const QString &target, int property, const QString &value)
@@ -97,7 +98,7 @@ void MovieControl::TSetProperty(const QString &target, int property, const QStri
         return;
     m_reader->SetProperty(target, property, value);
     Note("TSetProperty", QStringLiteral("%1 %2 %3").arg(target).arg(property).arg(value));
-    Describe();
+    m_view->update();
 }
 
 QString MovieControl::Shown() const { return m_reader ? m_reader->Description() : QString(); }
@@ -105,8 +106,9 @@ QString MovieControl::Shown() const { return m_reader ? m_reader->Description() 
 void MovieControl::Describe()
 {
     const QString shown = Shown();
-    m_view->setAccessibleDescription(shown.isEmpty() ? Key() : Key() + QStringLiteral(": ") + shown);
-    m_view->update();
+    const QString told = shown.isEmpty() ? Key() : Key() + QStringLiteral(": ") + shown;
+    if (m_view->accessibleDescription() != told)
+        m_view->setAccessibleDescription(told);
 }
 
 bool MovieControl::Event(QEvent *event)

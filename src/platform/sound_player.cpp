@@ -62,14 +62,21 @@ public:
         m_sound = std::move(sound);
         m_written = 0;
         m_asked = std::chrono::steady_clock::now();
-        if (!m_context || !PA_CONTEXT_IS_GOOD(pa_context_get_state(m_context)))
-            Connect();
-        else if (pa_context_get_state(m_context) == PA_CONTEXT_READY)
-            StartStream();
+        // Finding the server reads files and may take some milliseconds: the loop does it.
+        pa_mainloop_api_once(pa_threaded_mainloop_get_api(m_loop), &Player::Start, this);
         pa_threaded_mainloop_unlock(m_loop);
     }
 
 private:
+    static void Start(pa_mainloop_api *, void *self) {
+        Player &player = *static_cast<Player *>(self);
+        player.DropStream(); // of a sound asked for just before
+        if (!player.m_context || !PA_CONTEXT_IS_GOOD(pa_context_get_state(player.m_context)))
+            player.Connect();
+        else if (pa_context_get_state(player.m_context) == PA_CONTEXT_READY)
+            player.StartStream();
+    }
+
     void Connect() {
         DropContext();
         m_context = pa_context_new(pa_threaded_mainloop_get_api(m_loop), "MorleneKVT");
@@ -102,13 +109,18 @@ private:
 
     bool IsTooLate() const { return std::chrono::steady_clock::now() - m_asked > kLatestStart; }
 
-    // Without its callbacks a stream that is on its way out cannot disturb the next one.
+    // Without its callbacks a stream that is on its way out cannot disturb the next one. One that
+    // the server has not answered yet can only be ended when the answer comes.
     void DropStream() {
         if (!m_stream)
             return;
-        pa_stream_set_state_callback(m_stream, nullptr, nullptr);
         pa_stream_set_write_callback(m_stream, nullptr, nullptr);
-        pa_stream_disconnect(m_stream);
+        if (pa_stream_get_state(m_stream) == PA_STREAM_CREATING) {
+            pa_stream_set_state_callback(m_stream, &Player::EndWhenReady, nullptr);
+        } else {
+            pa_stream_set_state_callback(m_stream, nullptr, nullptr);
+            pa_stream_disconnect(m_stream);
+        }
         pa_stream_unref(m_stream);
         m_stream = nullptr;
     }
@@ -134,6 +146,11 @@ private:
     static void StreamChanged(pa_stream *stream, void *self) {
         if (!PA_STREAM_IS_GOOD(pa_stream_get_state(stream)))
             static_cast<Player *>(self)->DropStream();
+    }
+
+    static void EndWhenReady(pa_stream *stream, void *) {
+        if (pa_stream_get_state(stream) == PA_STREAM_READY)
+            pa_stream_disconnect(stream);
     }
 
     static void WriteMore(pa_stream *stream, size_t wanted, void *self) {

@@ -16,9 +16,10 @@ void AskForDetectableAutoRepeat()
 {
 #ifdef MORLENE_XCB
     const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr)
+    // Off screen there is an interface without a connection.
+    xcb_connection_t *connection = x11 == nullptr ? nullptr : x11->connection();
+    if (connection == nullptr)
         return;
-    xcb_connection_t *connection = x11->connection();
     const uint32_t flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
     xcb_xkb_per_client_flags(connection, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0);
     xcb_flush(connection);

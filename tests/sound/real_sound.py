@@ -21,6 +21,8 @@ import wave
 
 RATE = 44100
 WINDOW = 441  # 10 ms
+# With rewinds a null sink works in steps of two seconds, without them in steps of 50 ms.
+DEVICE = ("sink_name=ear", f"rate={RATE}", "norewinds=1")
 LONGEST_WAIT = 10  # seconds for a server or a recorder to be there
 PLAY_PROGRAM = ""
 SOUND_FOLDER = pathlib.Path()
@@ -77,6 +79,7 @@ class RealSound(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
         self.home = self.folder / "home"
+        self.recording = self.folder / "recording"
         run = self.folder / "run"
         for made in (self.home, run):
             made.mkdir(mode=0o700)
@@ -86,26 +89,33 @@ class RealSound(unittest.TestCase):
             "XDG_RUNTIME_DIR": str(run),
             "LC_ALL": "C.UTF-8",
         }
+        # The tools must not start a server of their own accord; the program must know by itself.
+        no_start = self.folder / "client.conf"
+        no_start.write_text("autospawn = no\n")
+        self.tools = {**self.environment, "PULSE_CLIENTCONFIG": str(no_start)}
         self.server = None
         self.program = None
         self.addCleanup(self.stop_server)
         self.addCleanup(self.stop_program)
 
-    def run_process(self, *command, **pipes):
-        return subprocess.Popen(command, env=self.environment, **pipes)
+    def run_tool(self, *command, **pipes):
+        return subprocess.Popen(command, env=self.tools, **pipes)
 
     def pactl(self, *arguments):
         return subprocess.run(
-            ("pactl", *arguments), env=self.environment, capture_output=True, text=True, timeout=5
+            ("pactl", *arguments), env=self.tools, capture_output=True, text=True, timeout=5
         )
+
+    def streams(self):
+        return self.pactl("list", "short", "sink-inputs").stdout
 
     def start_server(self, device=True):
         command = ["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--realtime=no"]
         command += ["--high-priority=no", "--use-pid-file=no", "-L"]
         command += ["module-native-protocol-unix auth-anonymous=1"]
         if device:
-            command += ["-L", f"module-null-sink sink_name=ear rate={RATE}"]
-        self.server = self.run_process(*command, stderr=subprocess.DEVNULL)
+            command += ["-L", " ".join(("module-null-sink", *DEVICE))]
+        self.server = self.run_tool(*command, stderr=subprocess.DEVNULL)
         until(lambda: self.pactl("info").returncode == 0, "the sound server")
 
     def stop_server(self):
@@ -130,8 +140,12 @@ class RealSound(unittest.TestCase):
     def play(self, path):
         """Plays a file in the one program of the test and returns the seconds the call took."""
         if not self.program:
-            self.program = self.run_process(
-                PLAY_PROGRAM, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True
+            self.program = subprocess.Popen(
+                PLAY_PROGRAM,
+                env=self.environment,
+                stdin=subprocess.PIPE,
+                stdout=subprocess.PIPE,
+                text=True,
             )
         self.program.stdin.write(f"{path}\n")
         self.program.stdin.flush()
@@ -145,22 +159,18 @@ class RealSound(unittest.TestCase):
 
     def record(self, action):
         """What the device plays while the action runs."""
-        path = self.folder / "recording"
-        with open(path, "wb") as file:
-            recorder = self.run_process(
-                *("parec", "--device=ear.monitor", "--format=s16le", "--channels=1"),
-                *(f"--rate={RATE}", "--latency-msec=10"),
-                stdout=file,
-            )
+        tone = ("--format=s16le", "--channels=1", f"--rate={RATE}", "--latency-msec=10")
+        with open(self.recording, "wb") as file:
+            recorder = self.run_tool("parec", "--device=ear.monitor", *tone, stdout=file)
             try:
-                until(lambda: path.stat().st_size > 0, "the recorder")
+                until(lambda: self.recording.stat().st_size > 0, "the recorder")
                 action()
                 time.sleep(0.3)
             finally:
-                recorder.terminate()
+                recorder.kill()
                 recorder.wait()
         recording = array.array("h")
-        data = path.read_bytes()
+        data = self.recording.read_bytes()
         recording.frombytes(data[: len(data) // 2 * 2])
         return recording
 
@@ -183,13 +193,17 @@ class RealSound(unittest.TestCase):
     def test_a_sound_is_heard_whole_and_unchanged(self):
         self.start_server()
         path = self.tone(440, 1)
+        asked = []
 
         def action():
+            time.sleep(0.2)
+            asked.append(self.recording.stat().st_size / 2)
             self.play(path)
             time.sleep(1.1)
 
         recording = self.record(action)
         windows = sounding(recording, 440)
+        self.assertLess(windows[0] * WINDOW - asked[0], 0.15 * RATE, "the sound starts late")
         self.assertAlmostEqual(len(windows), 100, delta=2)
         self.assertEqual(windows, list(range(windows[0], windows[-1] + 1)), "a gap in the sound")
         middle = windows[len(windows) // 2] * WINDOW
@@ -269,19 +283,21 @@ class RealSound(unittest.TestCase):
 
     def test_streams_that_have_ended_leave_the_server(self):
         self.start_server()
-        for _ in range(20):
-            self.play(self.tone(440, 0.1))
-        until(
-            lambda: self.pactl("list", "short", "sink-inputs").stdout == "", "the end of all streams"
-        )
+        # So close that the server has not yet answered for one when the next one comes.
+        path = self.tone(440, 0.1)
+        for _ in range(50):
+            self.play(path)
+        until(lambda: self.streams() == "", "the end of all streams")
 
     def test_without_a_server_the_program_is_silent_and_quick(self):
         self.assert_quick(self.tone(440, 0.3))
 
-    def test_without_a_server_nothing_is_written_to_the_home(self):
+    def test_without_a_server_none_is_started_and_nothing_is_written(self):
         self.play(self.tone(440, 0.3))
+        time.sleep(0.2)
         self.stop_program()
         self.assertEqual(list(self.home.rglob("*")), [])
+        self.assertNotEqual(self.pactl("info").returncode, 0)
 
     def test_a_server_that_comes_later_is_heard(self):
         self.play(self.tone(440, 0.3))
@@ -291,7 +307,7 @@ class RealSound(unittest.TestCase):
     def test_a_device_that_comes_later_is_heard(self):
         self.start_server(device=False)
         self.assert_quick(self.tone(440, 0.3))
-        self.pactl("load-module", "module-null-sink", "sink_name=ear", f"rate={RATE}")
+        self.pactl("load-module", "module-null-sink", *DEVICE)
         self.assert_heard()
 
     def test_after_a_killed_server_the_next_one_is_heard(self):

@@ -41,6 +41,12 @@ bool IsWebp(const QByteArray &content) {
     return content.startsWith("RIFF") && content.mid(8, 4) == "WEBP";
 }
 
+QSize CanvasSize(const QByteArray &content) {
+    if (!IsGif(content))
+        return {};
+    return {static_cast<int>(Little(content, 6, 2)), static_cast<int>(Little(content, 8, 2))};
+}
+
 std::vector<int> GifDelays(const QByteArray &content) {
     std::vector<int> delays;
     qint64 delay = 0;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QSize>
 
 #include <vector>
 
@@ -10,6 +11,9 @@ namespace platform {
 
 bool IsGif(const QByteArray &content);
 bool IsWebp(const QByteArray &content);
+
+// Of the whole picture as a GIF tells it; empty for other kinds.
+QSize CanvasSize(const QByteArray &content);
 
 // Milliseconds of each frame; empty for a still picture without a table. A frame of 10 ms or less
 // stands 100 ms, as it does everywhere else.

@@ -31,9 +31,10 @@ public:
     }
 
     bool Open() {
-        const QSize size = m_reader->size();
-        if (!size.isValid() || size.width() > LargestSide || size.height() > LargestSide ||
-            m_delays.size() > MostFrames ||
+        // The decoder tells the size of a frame where a GIF tells that of the whole.
+        const QSize size = m_reader->size().expandedTo(CanvasSize(m_content));
+        if (!m_reader->size().isValid() || size.width() > LargestSide ||
+            size.height() > LargestSide || m_delays.size() > MostFrames ||
             qint64{size.width()} * size.height() * static_cast<qint64>(m_delays.size()) >
                 MostPixels)
             return false;

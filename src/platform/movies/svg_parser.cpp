@@ -204,6 +204,11 @@ bool Parser::Start() {
     element.Parent = root ? -1 : m_open.back();
     m_pixels.push_back(0);
     TakeAttributes(element);
+    if (name == "image" && element.Find("xlink:href") == nullptr) {
+        m_pixels.pop_back();
+        m_skippedFrom = m_depth;
+        return true;
+    }
     for (const SvgAttribute &attribute : element.Attributes) {
         const bool picture = name == "image" && attribute.Name == "xlink:href";
         if (!picture && attribute.Name != "id" && !NumbersAreSane(attribute.Value))

@@ -1,0 +1,43 @@
+// Any bytes as a movie: opened, painted, played to its end and clicked.
+#include "platform/movies/movie_formats.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QLoggingCategory>
+#include <QPainter>
+
+#include <cstddef>
+#include <cstdint>
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+    static int count = 1;
+    static char name[] = "fuzz_movie";
+    static char *arguments[] = {name, nullptr};
+    static QGuiApplication application(count, arguments);
+    static const bool quiet = [] {
+        QLoggingCategory::setFilterRules("*=false");
+        return true;
+    }();
+    static_cast<void>(quiet);
+
+    const QByteArray content(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
+    auto movie = platform::ReadMovie(content);
+    if (!movie)
+        return 0;
+    QImage image(60, 80, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    movie->Paint(painter, image.rect());
+    for (const char *object : {"tetto.interno", "porta.contorno"}) {
+        movie->SetVariable("QualeOggetto", object);
+        movie->SetVariable("TestoColore.QualeColore", "FF0000");
+    }
+    movie->SetProperty("fumo", 7, "0");
+    for (const int part : {1, 2, 4}) {
+        movie->Advance(movie->Duration() / part);
+        movie->Paint(painter, image.rect());
+    }
+    movie->Hit({30, 40}, image.rect());
+    static_cast<void>(movie->Description());
+    return 0;
+}

@@ -1,0 +1,54 @@
+// Drawings and pictures that the movie tests are made of.
+#pragma once
+
+#include "platform/movies/movie_formats.h"
+
+#include <QColor>
+#include <QImage>
+#include <QPainter>
+
+#include <memory>
+
+// What a movie shows on a white ground of this size.
+inline QImage Shown(platform::MovieReader &movie, const QSize &size = {100, 100}) {
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    movie.Paint(painter, image.rect());
+    return image;
+}
+
+inline QByteArray Svg(const QByteArray &inside,
+                      const QByteArray &attributes = "viewBox='0 0 100 100'") {
+    return "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' " +
+           attributes + ">" + inside + "</svg>";
+}
+
+// A figure of flat bars, 10 units each, from the chimney at the top to the clouds at the bottom;
+// each has an inside, an outline on its left tenth and a shade on its right one.
+inline QByteArray Figure() {
+    QByteArray inside;
+    int y = 0;
+    for (const char *part :
+         {"comignolo", "tetto", "pareti", "finestre", "porta", "gradino", "fumo", "nuvole"}) {
+        const QByteArray name = part;
+        const QByteArray top = QByteArray::number(y);
+        const QByteArray middle = QByteArray::number(y + 5);
+        inside += "<g id='" + name + "'><rect id='" + name +
+                  ".interno' style='fill:#eeeeee' x='20' y='" + top +
+                  "' width='60' height='10'/><path id='" + name +
+                  ".contorno' style='fill:none;stroke:#000000;stroke-width:10' d='M10 " + middle +
+                  "H20'/><rect id='" + name + ".ombra' fill='#000' fill-opacity='0.2' x='80' y='" +
+                  top + "' width='10' height='10'/></g>";
+        y += 10;
+    }
+    return Svg(inside);
+}
+
+inline std::unique_ptr<platform::MovieReader> Movie(const QByteArray &content) {
+    return platform::ReadMovie(content);
+}
+
+inline QColor At(const QImage &image, int x, int y) {
+    return image.pixelColor(x, y);
+}

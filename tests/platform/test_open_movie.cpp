@@ -1,0 +1,169 @@
+// Which file a movie's name stands for, and how many movies a folder holds.
+#include "platform/movie_helpers.h"
+#include "platform/raster_pictures.h"
+#include "support/scripted_host.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using platform::CountMovies;
+using platform::OpenMovie;
+
+class TestOpenMovie : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { m_host.reset(); }
+    void theNamedFileComesFirst();
+    void theFormatsOfTodayFollowInOrder();
+    void aFileThatNoReaderKnowsIsPassedOver();
+    void theContentDecidesAndNotTheEnding();
+    void whatIsNotThereIsNoError();
+    void aFolderIsNoMovie();
+    void literalNamesAreFoundWithoutRegardToCase();
+    void aReplacedFileShowsAtTheNextOpening();
+    void aFileReplacedByOneOfTheSameLengthShowsToo();
+    void paintStaysWithItsReader();
+    void aHugeFileIsNotRead();
+    void moviesAreCountedByBaseName();
+    void aMissingFolderHoldsNone();
+
+private:
+    QString Path(const QString &name) const { return m_folder->filePath(name); }
+    void Write(const QString &name, const QByteArray &content) const;
+
+    std::unique_ptr<ScriptedHost> m_host;
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+static QByteArray Flat(const char *color) {
+    return Svg("<rect width='100' height='100' fill='" + QByteArray(color) + "'/>");
+}
+
+static QColor ColorOf(const QString &path) {
+    auto movie = OpenMovie(path);
+    return movie ? At(Shown(*movie), 50, 50) : QColor();
+}
+
+void TestOpenMovie::init() {
+    m_host = std::make_unique<ScriptedHost>();
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_host->Application = m_folder->path() + QLatin1Char('/');
+}
+
+void TestOpenMovie::Write(const QString &name, const QByteArray &content) const {
+    QVERIFY(QDir(m_folder->path()).mkpath(QFileInfo(name).path()));
+    QFile file(Path(name));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), content.size());
+}
+
+void TestOpenMovie::theNamedFileComesFirst() {
+    Write("a.svg", Flat("#00ff00"));
+    Write("a.swf", Flat("#ff0000"));
+    QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::red));
+}
+
+void TestOpenMovie::theFormatsOfTodayFollowInOrder() {
+    Write("a.gif", Gif({{Qt::blue, 100}}));
+    QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::blue));
+    Write("a.webp", Gif({{Qt::green, 100}}));
+    QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::green));
+    Write("a.svg", Flat("#ff0000"));
+    QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::red));
+}
+
+void TestOpenMovie::aFileThatNoReaderKnowsIsPassedOver() {
+    Write("a.swf", "FWS\x06 something of old");
+    Write("a.svg", Flat("#ff0000").chopped(9));
+    Write("a.gif", Gif({{Qt::blue, 100}}));
+    QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::blue));
+}
+
+void TestOpenMovie::theContentDecidesAndNotTheEnding() {
+    Write("a.swf", Webp({{Qt::red, 100}, {Qt::blue, 100}}));
+    auto movie = OpenMovie(Path("a.swf"));
+    QVERIFY(movie);
+    QCOMPARE(movie->Duration(), 200);
+}
+
+void TestOpenMovie::whatIsNotThereIsNoError() {
+    QVERIFY(!OpenMovie(Path("a.swf")));
+    QVERIFY(!OpenMovie(Path("none/a.swf")));
+    QVERIFY(!OpenMovie(QString()));
+    QVERIFY(!OpenMovie("C:\\a*b?\\c.swf")); // a name that no file can have
+    QVERIFY(!OpenMovie(m_folder->path() + "\\swf\\a|b.swf"));
+}
+
+void TestOpenMovie::aFolderIsNoMovie() {
+    Write("a.swf/inside", Flat("#ff0000"));
+    QVERIFY(!OpenMovie(Path("a.swf")));
+}
+
+void TestOpenMovie::literalNamesAreFoundWithoutRegardToCase() {
+    Write("Swf/Morlene1.SVG", Flat("#ff0000"));
+    QCOMPARE(ColorOf(m_folder->path() + "\\swf\\morlene1.swf"), QColor(Qt::red));
+}
+
+void TestOpenMovie::aReplacedFileShowsAtTheNextOpening() {
+    Write("a.svg", Flat("#ff0000"));
+    auto before = OpenMovie(Path("a.swf"));
+    Write("a.svg", Flat("#0000ff") + "<!-- -->");
+    QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::blue));
+    QCOMPARE(At(Shown(*before), 50, 50), QColor(Qt::red));
+    Write("a.svg", "gone");
+    QVERIFY(!OpenMovie(Path("a.swf")));
+}
+
+void TestOpenMovie::aFileReplacedByOneOfTheSameLengthShowsToo() {
+    Write("a.svg", Flat("#ff0000"));
+    QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::red));
+    Write("a.svg", Flat("#0000ff"));
+    QFile file(Path("a.svg"));
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(QDateTime::fromMSecsSinceEpoch(1000), QFile::FileModificationTime));
+    file.close();
+    QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::blue));
+}
+
+void TestOpenMovie::paintStaysWithItsReader() {
+    Write("a.svg", Figure());
+    auto first = OpenMovie(Path("a.swf"));
+    first->SetVariable("QualeOggetto", "tetto.interno");
+    first->SetVariable("TestoColore.QualeColore", "FF0000");
+    first->SetProperty("nuvole", 7, "0");
+    auto second = OpenMovie(Path("a.swf"));
+    QVERIFY(second->Description().contains("tetto EEEEEE"));
+    QVERIFY(second->Description().endsWith("nuvole 1"));
+    // Maps of who lies where are shared, but not between other things to be seen.
+    const QRectF target(0, 0, 100, 100);
+    QCOMPARE(first->Hit({50, 75}, target), 0);
+    QCOMPARE(second->Hit({50, 75}, target), 8);
+}
+
+void TestOpenMovie::aHugeFileIsNotRead() {
+    QFile file(Path("a.svg"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.resize(qint64{8} << 30)); // takes no room on the disk
+    QVERIFY(!OpenMovie(Path("a.swf")));
+}
+
+void TestOpenMovie::moviesAreCountedByBaseName() {
+    for (const char *name :
+         {"animazioni/1.swf", "animazioni/1.svg", "animazioni/2.svg", "animazioni/3.webp",
+          "animazioni/4.gif", "animazioni/4.GIF", "animazioni/5.SWF", "animazioni/readme.txt",
+          "animazioni/6.png", "animazioni/7.svg/inside"})
+        Write(name, "x");
+    QCOMPARE(CountMovies(m_folder->path() + "\\animazioni\\*.swf"), 6);
+}
+
+void TestOpenMovie::aMissingFolderHoldsNone() {
+    QCOMPARE(CountMovies(m_folder->path() + "\\animazioni\\*.swf"), 0);
+}
+
+QTEST_MAIN(TestOpenMovie)
+#include "test_open_movie.moc"

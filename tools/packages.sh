@@ -1,0 +1,31 @@
+# Debian packages, for the scripts that install what is missing.
+
+BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache git ca-certificates
+    qt6-base-dev qt6-svg-dev libpulse-dev libxcb1-dev libxcb-xkb-dev
+    python3 python3-fonttools)
+
+RUN_PACKAGES=(libqt6widgets6 libqt6svg6 libqt6xml6 qt6-qpa-plugins qt6-image-formats-plugins
+    qt6-translations-l10n libpulse0 libxcb-xkb1 fonts-dejavu-core fonts-liberation2
+    fonts-comic-neue)
+
+TEST_PACKAGES=(xvfb openbox xdotool x11-utils dbus at-spi2-core python3-pyatspi python3-pil
+    pulseaudio pulseaudio-utils procps
+    clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 locales)
+
+# Installs those of its arguments that are missing.
+install_missing() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||
+            missing+=("$package")
+    done
+    # The npm client brings the cursive font; one that is there already will do.
+    command -v npm >/dev/null || missing+=(npm)
+    [ ${#missing[@]} -eq 0 ] && return
+    echo "Installing: ${missing[*]}"
+    local as_root=()
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
