@@ -224,13 +224,13 @@ bool VisualControl::MouseEvent(QEvent *event)
         m_pressed = false;
         if (clicked && m_mouseClicks)
             Click();
-        return false;
+        return m_mouseClicks;
     }
     // A quick child's second press is a press like the first.
     m_pressed = true;
     if (event->type() == QEvent::MouseButtonDblClick && OnDblClick)
         OnDblClick();
-    return false;
+    return m_mouseClicks;
 }
 
 bool VisualControl::KeyEvent(QEvent *event)

@@ -11,6 +11,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     static int count = 1;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     static char name[] = "fuzz_movie";
     static char *arguments[] = {name, nullptr};
     static QGuiApplication application(count, arguments);

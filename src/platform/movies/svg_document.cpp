@@ -4,6 +4,30 @@
 #include <algorithm>
 
 namespace platform {
+namespace {
+
+void AppendAttribute(QByteArray &text, const QByteArray &name, const QByteArray &value) {
+    text += ' ';
+    text += name;
+    text += "=\"";
+    for (const char letter : value)
+        switch (letter) {
+        case '&':
+            text += "&amp;";
+            break;
+        case '<':
+            text += "&lt;";
+            break;
+        case '"':
+            text += "&quot;";
+            break;
+        default:
+            text += letter;
+        }
+    text += '"';
+}
+
+} // namespace
 
 const QByteArray *SvgElement::Find(const QByteArray &name) const {
     for (const SvgAttribute &attribute : Attributes)
@@ -34,27 +58,6 @@ void SvgElement::Remove(const QByteArray &name) {
 bool IsAnimation(const SvgElement &element) {
     return element.Name == "animate" || element.Name == "animateTransform" ||
            element.Name == "animateMotion" || element.Name == "set";
-}
-
-void AppendAttribute(QByteArray &text, const QByteArray &name, const QByteArray &value) {
-    text += ' ';
-    text += name;
-    text += "=\"";
-    for (const char letter : value)
-        switch (letter) {
-        case '&':
-            text += "&amp;";
-            break;
-        case '<':
-            text += "&lt;";
-            break;
-        case '"':
-            text += "&quot;";
-            break;
-        default:
-            text += letter;
-        }
-    text += '"';
 }
 
 QByteArray SvgText(const SvgDocument &document, const std::function<bool(int)> &skipped) {

@@ -54,7 +54,4 @@ bool IsAnimation(const SvgElement &element);
 QByteArray SvgText(const SvgDocument &document,
                    const std::function<bool(int index)> &skipped = nullptr);
 
-// A piece of that text: the start tag up to the attributes, an attribute, the end tag.
-void AppendAttribute(QByteArray &text, const QByteArray &name, const QByteArray &value);
-
 } // namespace platform

@@ -5,13 +5,12 @@
 #include "platform/movies/svg_values.h"
 
 #include <QBuffer>
-#include <QImage>
 #include <QImageReader>
 #include <QSet>
 #include <QStringDecoder>
 #include <QXmlStreamReader>
 
-#include <algorithm>
+#include <utility>
 
 namespace platform {
 namespace {
