@@ -9,7 +9,10 @@
 
 namespace {
 
-template <typename Finestra> platform::Form *Crea() { return new Finestra; }
+template <typename Finestra> platform::Form *Crea()
+{
+    return new Finestra;
+}
 
 void RegistraFinestre()
 {

@@ -76,16 +76,19 @@ const std::vector<Melody> kWrong = {
     {kFeltMallet, 0.7, {{0, 64, 1}, {0.22, 57, 0.9}}},
 };
 
-double Frequency(int pitch) {
+double Frequency(int pitch)
+{
     return 440.0 * std::pow(2.0, (pitch - 69) / 12.0);
 }
 
 // From 0 to 1 without a corner, which the ear would hear as a click.
-double SmoothRise(double part) {
+double SmoothRise(double part)
+{
     return 0.5 - 0.5 * std::cos(std::numbers::pi * std::clamp(part, 0.0, 1.0));
 }
 
-void AddNote(std::vector<double> &samples, const Instrument &instrument, const Note &note) {
+void AddNote(std::vector<double> &samples, const Instrument &instrument, const Note &note)
+{
     const double frequency = Frequency(note.pitch);
     const double speed = std::sqrt(frequency / 440.0);
     const auto first = static_cast<std::size_t>(std::lround(note.start * kRate));
@@ -100,7 +103,8 @@ void AddNote(std::vector<double> &samples, const Instrument &instrument, const N
 }
 
 // The sounding part ends where the sound has fallen to a hundredth of its loudest moment.
-double LoudnessOfSoundingPart(const std::vector<double> &samples) {
+double LoudnessOfSoundingPart(const std::vector<double> &samples)
+{
     double loudest = 0;
     for (double sample : samples)
         loudest = std::max(loudest, std::abs(sample));
@@ -113,7 +117,8 @@ double LoudnessOfSoundingPart(const std::vector<double> &samples) {
     return std::sqrt(sum / static_cast<double>(std::max<std::ptrdiff_t>(samples.rend() - last, 1)));
 }
 
-std::vector<double> Play(const Melody &melody) {
+std::vector<double> Play(const Melody &melody)
+{
     std::vector<double> samples(static_cast<std::size_t>(std::lround(melody.length * kRate)));
     for (const Note &note : melody.notes)
         AddNote(samples, melody.instrument, note);
@@ -125,12 +130,14 @@ std::vector<double> Play(const Melody &melody) {
     return samples;
 }
 
-void AppendNumber(std::string &bytes, std::uint32_t number, int length) {
+void AppendNumber(std::string &bytes, std::uint32_t number, int length)
+{
     for (int i = 0; i < length; ++i)
         bytes += static_cast<char>(number >> (8 * i) & 0xFF);
 }
 
-std::string WaveFile(const std::vector<double> &samples) {
+std::string WaveFile(const std::vector<double> &samples)
+{
     const auto dataLength = static_cast<std::uint32_t>(samples.size() * 2);
     std::string bytes = "RIFF";
     AppendNumber(bytes, 36 + dataLength, 4);
@@ -149,7 +156,8 @@ std::string WaveFile(const std::vector<double> &samples) {
     return bytes;
 }
 
-bool WriteFolder(const std::filesystem::path &folder, const std::vector<Melody> &melodies) {
+bool WriteFolder(const std::filesystem::path &folder, const std::vector<Melody> &melodies)
+{
     std::filesystem::create_directories(folder);
     for (std::size_t i = 0; i < melodies.size(); ++i) {
         const std::vector<double> samples = Play(melodies[i]);
@@ -171,7 +179,8 @@ bool WriteFolder(const std::filesystem::path &folder, const std::vector<Melody> 
 
 } // namespace
 
-int main(int count, char **arguments) {
+int main(int count, char **arguments)
+{
     if (count != 2) {
         std::fprintf(stderr, "Usage: make_sounds FOLDER\n");
         return 2;

@@ -1,6 +1,8 @@
 // The 216 web-safe colours from which an adult chooses, in a fixed order that no formula gives.
 #pragma once
 
+#include "platform/colors.h"
+
 #include <QString>
 
 #include <array>
@@ -13,3 +15,6 @@ extern std::array<QString, QuantiColoriWeb> ColoriWebHex;
 extern std::array<QString, QuantiColoriWeb> ColoriWebLetterali;
 
 void PreparaColoriWeb();
+
+// The colour of a literal such as "&H0000CCFF&"; error 13 for anything else.
+platform::Color ConvertiLetterale(const QString &letterale);

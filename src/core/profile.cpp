@@ -41,7 +41,10 @@ void ScriviBooleano(TextWriter &file, bool valore)
 }
 
 // Only a capital T is true.
-bool LeggiBooleano(RecordReader &file) { return file.Text().startsWith(QLatin1Char('T')); }
+bool LeggiBooleano(RecordReader &file)
+{
+    return file.Text().startsWith(QLatin1Char('T'));
+}
 
 void Leggi(RecordReader &file)
 {

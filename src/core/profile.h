@@ -1,5 +1,5 @@
-// The settings of the current player. The variables are the truth; the file is 43 lines by position,
-// loaded and saved at few moments.
+// The settings of the current player. The variables are the truth; the file is 43 lines by
+// position, loaded and saved at few moments.
 #pragma once
 
 #include "core/shared_state.h"

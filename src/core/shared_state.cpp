@@ -1,5 +1,6 @@
 #include "core/shared_state.h"
 
+#include "core/palette.h"
 #include "core/profile.h"
 #include "language/language.h"
 #include "platform/errors.h"
@@ -15,6 +16,7 @@ int16_t NumeroEserciziEseguiti = 0;
 QString EtichettaEsatti;
 QString EtichettaErrati;
 QString EtichettaLivello;
+QString UltimoFileScelto;
 
 template <int Righe, int Colonne>
 QString &TabellaTesti<Righe, Colonne>::operator()(int riga, int colonna)
@@ -50,7 +52,10 @@ void AzzeraStatoCondiviso()
     EtichettaEsatti.clear();
     EtichettaErrati.clear();
     EtichettaLivello.clear();
+    UltimoFileScelto.clear();
     messaggi = {};
+    ColoriWebHex = {};
+    ColoriWebLetterali = {};
     LinguaCorrente.clear();
     AzzeraProfilo();
 }

@@ -1,5 +1,5 @@
-// The state that every window reads and writes directly: the score, the log, the sentence pieces and
-// the labels. It is filled by `Main` and lives until the process ends.
+// The state that every window reads and writes directly: the score, the log, the sentence pieces
+// and the labels. It is filled by `Main` and lives until the process ends.
 #pragma once
 
 #include <QString>
@@ -28,8 +28,8 @@ extern std::shared_ptr<clsResize> Ridimensionatore;
 extern int32_t Esatti;
 extern int16_t Errati;
 
-// The log of this run: rows 0 to 500; columns title, level, right, wrong. The menu writes the title,
-// the exercises the rest.
+// The log of this run: rows 0 to 500; columns title, level, right, wrong. The menu writes the
+// title, the exercises the rest.
 constexpr int RigheEserciziEseguiti = 501;
 extern TabellaTesti<RigheEserciziEseguiti, 4> EserciziEseguiti;
 // Current row; 0 means no entry. Cleared by a change of player.
@@ -39,6 +39,9 @@ extern int16_t NumeroEserciziEseguiti;
 extern QString EtichettaEsatti;
 extern QString EtichettaErrati;
 extern QString EtichettaLivello;
+
+// What the last file dialog returned. Written by the dialogs of files.
+extern QString UltimoFileScelto;
 
 // The sentence pieces 0 to 34, with their blanks; error 9 outside. Written by `CaricaMessaggi`.
 constexpr int QuantiMessaggi = 35;

@@ -27,6 +27,12 @@ void Suona(const QString &cartella)
 
 } // namespace
 
-void SuonoEsatto() { Suona(QStringLiteral("\\suoni\\si\\")); }
+void SuonoEsatto()
+{
+    Suona(QStringLiteral("\\suoni\\si\\"));
+}
 
-void SuonoErrato() { Suona(QStringLiteral("\\suoni\\no\\")); }
+void SuonoErrato()
+{
+    Suona(QStringLiteral("\\suoni\\no\\"));
+}

@@ -15,8 +15,14 @@ using namespace platform;
 
 namespace {
 
-QString CartellaRadice() { return QStringLiteral("C:\\ImpostazioniProgrammiTesmi\\"); }
-QString CartellaImpostazioni() { return CartellaRadice() + QStringLiteral("morlenekvt\\"); }
+QString CartellaRadice()
+{
+    return QStringLiteral("C:\\ImpostazioniProgrammiTesmi\\");
+}
+QString CartellaImpostazioni()
+{
+    return CartellaRadice() + QStringLiteral("morlenekvt\\");
+}
 
 void ScriviLeggimi()
 {
@@ -37,17 +43,28 @@ void ScriviLeggimi()
 void RegistraFontDelDisco()
 {
     const QString cartella = CartellaWindows() + QStringLiteral("fonts\\");
-    Skipping([&] {
-        for (const QString &nome : DirList(cartella + QStringLiteral("*.ttf"), LookUp::FilesOnly))
-            host().RegisterFont(NativePath(cartella + nome));
-    });
+    for (const QString &tipo : {QStringLiteral("*.ttf"), QStringLiteral("*.otf")})
+        Skipping([&] {
+            for (const QString &nome : DirList(cartella + tipo, LookUp::FilesOnly))
+                host().RegisterFont(NativePath(cartella + nome));
+        });
 }
 
 } // namespace
 
-bool EsisteFile(const QString &percorso) { return FileExists(percorso); }
+bool EsisteFile(const QString &percorso)
+{
+    return FileExists(percorso);
+}
 
-bool EsisteCartella(const QString &percorso) { return FolderExists(percorso); }
+bool EsisteCartella(const QString &percorso)
+{
+    // The look-up finds plain files too. With a separator at its end the path asks for what stands
+    // in a folder.
+    if (percorso.endsWith(QLatin1Char('\\')))
+        return FolderExists(percorso);
+    return FolderExists(percorso) || FileExists(percorso);
+}
 
 void CreaCartella(const QString &percorso)
 {
@@ -67,7 +84,10 @@ void PreparaCartelle()
         CreaCartella(CartellaImpostazioni() + QStringLiteral("dati"));
 }
 
-QString CartellaWindows() { return QStringLiteral("c:\\windows\\"); }
+QString CartellaWindows()
+{
+    return QStringLiteral("c:\\windows\\");
+}
 
 void InstallaFont()
 {
@@ -79,10 +99,12 @@ void InstallaFont()
         CopyFile(AppPath() + QStringLiteral("\\indis1.ttf"), font);
         host().RegisterFont(NativePath(font));
         host().MessageBox(
-            {.Text = MLSTesto(QStringLiteral("0006")) +
-                     QStringLiteral("\n ----------------------- \nFont prodotto da Rinaldo Torvesi\n"
-                                    "Playwrite Italia Tradizionale, di TypeTogether "
-                                    "(type-together.com), licenza SIL Open Font License 1.1")});
+            {.Text =
+                 MLSTesto(QStringLiteral("0006")) +
+                 QStringLiteral(
+                     "\n ----------------------- \nFont prodotto da Rinaldo Torvesi\n"
+                     "Playwrite Italia Tradizionale, di TypeTogether "
+                     "(github.com/TypeTogether/Playwrite), licenza SIL Open Font License 1.1")});
     });
 }
 
@@ -91,9 +113,9 @@ void CaricaMessaggi()
     // Which pieces have a blank ahead or behind is irregular on purpose: a piece that ends a
     // sentence has none, one that joins two others has one or two.
     constexpr std::array<const char *, QuantiMessaggi> forme = {
-        "",  "t ", "t ", "t ", "t ", "t ", "t",  "t",  "t",  "t",  "t",  "t",
-        "t", "t",  " t ", "t", "t",  "t",  "t",  "t",  "t ", "t ", "t ", "t ",
-        "t ", "t ", "t ", "t ", "t ", "t ", "t ", "t",  " t ", "t ", "t"};
+        "",   "t ", "t ",  "t ", "t ", "t ", "t",  "t", "t",   "t",  "t",  "t",
+        "t",  "t",  " t ", "t",  "t",  "t",  "t",  "t", "t ",  "t ", "t ", "t ",
+        "t ", "t ", "t ",  "t ", "t ", "t ", "t ", "t", " t ", "t ", "t"};
     constexpr int PrimaChiave = 6; // piece i takes key 6 + i
     Messaggi(0) = QStringLiteral(" ");
     for (int i = 1; i < QuantiMessaggi; ++i) {
@@ -110,8 +132,8 @@ void Main()
         return;
     }
     host().Randomize();
-    PreparaCartelle();
     RegistraFontDelDisco();
+    PreparaCartelle();
     FileUtente = CartellaImpostazioni() + QStringLiteral("_predefinito.INI");
     NomeUtente = QStringLiteral("_predefinito");
     CaricaImpostazioni();

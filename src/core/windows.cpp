@@ -16,9 +16,15 @@ std::map<QString, CreaFinestra> &Finestre()
 
 } // namespace
 
-void RegistraFinestra(const QString &nome, CreaFinestra crea) { Finestre()[nome] = crea; }
+void RegistraFinestra(const QString &nome, CreaFinestra crea)
+{
+    Finestre()[nome] = crea;
+}
 
-bool FinestraEsiste(const QString &nome) { return Finestre().contains(nome); }
+bool FinestraEsiste(const QString &nome)
+{
+    return Finestre().contains(nome);
+}
 
 void MostraFinestra(const QString &nome)
 {

@@ -39,7 +39,8 @@ private:
     void ScriviFrase4();
     void ScriviFrase5();
     void ScriviFrase6();
-    void ScriviFraseDoppia(const std::function<void()> &prima, const std::function<void()> &seconda);
+    void ScriviFraseDoppia(const std::function<void()> &prima,
+                           const std::function<void()> &seconda);
     void ComponiFrasePositiva();
     void ComponiFraseNegativa();
     void ComponiFrasePresenza();

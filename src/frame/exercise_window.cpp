@@ -11,9 +11,9 @@ using namespace platform;
 
 namespace {
 
-constexpr int IntervalloFuoco = 100;    // ms between two pulls of the keyboard, by design
-constexpr double AltezzaBarra = 500;    // twips
-constexpr double FuoriVista = 12720;    // left of the keyboard targets: right of what is seen
+constexpr int IntervalloFuoco = 100; // ms between two pulls of the keyboard, by design
+constexpr double AltezzaBarra = 500; // twips
+constexpr double FuoriVista = 12720; // left of the keyboard targets: right of what is seen
 constexpr double AltezzaBarraDisegno = 495;
 
 } // namespace
@@ -91,7 +91,10 @@ void FinestraEsercizio::Ridimensiona()
     }
 }
 
-void FinestraEsercizio::OccupaLoSchermo() { Move(0, 0, ScreenWidth(), ScreenHeight()); }
+void FinestraEsercizio::OccupaLoSchermo()
+{
+    Move(0, 0, ScreenWidth(), ScreenHeight());
+}
 
 void FinestraEsercizio::VestiPuntatori()
 {
@@ -129,11 +132,20 @@ void FinestraEsercizio::AzzeraContatori()
     ScriviPannelloErrati();
 }
 
-void FinestraEsercizio::AbbassaBarraDiStato() { StatusBar1.SetHeight(AltezzaBarra); }
+void FinestraEsercizio::AbbassaBarraDiStato()
+{
+    StatusBar1.SetHeight(AltezzaBarra);
+}
 
-void FinestraEsercizio::ContaEsatto() { ++Esatti; }
+void FinestraEsercizio::ContaEsatto()
+{
+    ++Esatti;
+}
 
-void FinestraEsercizio::ContaErrato() { Errati = Integer16(Errati + 1); }
+void FinestraEsercizio::ContaErrato()
+{
+    Errati = Integer16(Errati + 1);
+}
 
 void FinestraEsercizio::ScriviPannelloEsatti()
 {

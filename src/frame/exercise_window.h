@@ -21,9 +21,9 @@ struct DisegnoEsercizio {
     const char *Nome;
     double Larghezza;
     double Altezza;
-    platform::Color Sfondo;          // kept while `ColoriVari` is true
-    int Livelli;                     // levels 1 to this one
-    int SogliaSalita;                // right minus wrong answers that raise the level
+    platform::Color Sfondo;           // kept while `ColoriVari` is true
+    int Livelli;                      // levels 1 to this one
+    int SogliaSalita;                 // right minus wrong answers that raise the level
     const char *NomeFiguraDaColorare; // design name of the menu entry
 };
 

@@ -9,12 +9,15 @@ namespace {
 
 constexpr int Visibilita = 7; // number of the movie's visibility property
 
-constexpr std::array<const char *, 9> Nomi = {"",         "comignolo", "tetto",   "pareti", "finestre",
-                                              "porta",    "gradino",   "fumo",    "nuvole"};
+constexpr std::array<const char *, 9> Nomi = {"",      "comignolo", "tetto", "pareti", "finestre",
+                                              "porta", "gradino",   "fumo",  "nuvole"};
 
 } // namespace
 
-const char *NomeParte(int parte) { return Nomi.at(static_cast<size_t>(parte)); }
+const char *NomeParte(int parte)
+{
+    return Nomi.at(static_cast<size_t>(parte));
+}
 
 void ApriFigura(MovieControl &figura, int fotogramma)
 {
@@ -35,5 +38,5 @@ void ColoraFigura(MovieControl &figura, const Colorazione &colori)
     for (const int parte : {Fumo, Nuvole})
         figura.TSetProperty(QLatin1String(NomeParte(parte)), Visibilita,
                             colori.at(static_cast<size_t>(parte)) != 0 ? QStringLiteral("1")
-                                                                      : QStringLiteral("0"));
+                                                                       : QStringLiteral("0"));
 }

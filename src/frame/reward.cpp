@@ -21,8 +21,7 @@ bool ContaVersoIlPremio(int16_t &contaPremio)
     return true;
 }
 
-void MostraPremio(MovieControl &figura, Label &frase, int16_t &giroColori,
-                  bool &figuraDaRicaricare)
+void MostraPremio(MovieControl &figura, Label &frase, int16_t &giroColori, bool &figuraDaRicaricare)
 {
     giroColori = 0;
     frase.SetCaption({});

@@ -38,7 +38,10 @@ int PassoCircolare(int da, int quanti, int verso, const std::function<bool(int)>
     return indice;
 }
 
-int IntervalloScansione() { return Integer16(VelocitaScansione * 250); }
+int IntervalloScansione()
+{
+    return Integer16(int64_t{VelocitaScansione} * 250);
+}
 
 void FinestraEsercizio::PreparaScansione()
 {

@@ -25,15 +25,27 @@ constexpr std::array<RigaParte, 7> Righe = {{
     {5, 26, 1},  // gradino
 }};
 
-const RigaParte &Riga(int parte) { return Righe.at(static_cast<size_t>(parte)); }
+const RigaParte &Riga(int parte)
+{
+    return Righe.at(static_cast<size_t>(parte));
+}
 
 } // namespace
 
-QString AperturaPositiva(int parte) { return Messaggi(Riga(parte).Positiva); }
+QString AperturaPositiva(int parte)
+{
+    return Messaggi(Riga(parte).Positiva);
+}
 
-QString AperturaNegativa(int parte) { return Messaggi(Riga(parte).Negativa); }
+QString AperturaNegativa(int parte)
+{
+    return Messaggi(Riga(parte).Negativa);
+}
 
-QString NomeColore(int colore, int parte) { return Colori(colore, Riga(parte).Colonna); }
+QString NomeColore(int colore, int parte)
+{
+    return Colori(colore, Riga(parte).Colonna);
+}
 
 QString FrasePresenza(int parte, bool presente)
 {
@@ -42,7 +54,10 @@ QString FrasePresenza(int parte, bool presente)
     return Messaggi(presente ? 16 : 15);
 }
 
-QString Congiunzione() { return Messaggi(14); }
+QString Congiunzione()
+{
+    return Messaggi(14);
+}
 
 QString InStile(const QString &frase)
 {

@@ -1,6 +1,5 @@
 #include "language/language.h"
 
-#include "platform/control.h"
 #include "platform/errors.h"
 #include "platform/files.h"
 #include "platform/ini.h"
@@ -16,11 +15,39 @@ namespace {
 // Beyond this many bytes a language file is scanned by lines.
 constexpr int64_t LimiteIni = 64000;
 
-QString Cartella() { return AppPath() + QStringLiteral("\\lngmorlene\\"); }
+QString Cartella()
+{
+    return AppPath() + QStringLiteral("\\lngmorlene\\");
+}
 
-QString FileImpostazione() { return Cartella() + QStringLiteral("LangSetting.ini"); }
+QString FileImpostazione()
+{
+    return Cartella() + QStringLiteral("LangSetting.ini");
+}
 
-QString FileLingua() { return Cartella() + LinguaCorrente + QStringLiteral(".lng"); }
+// A file beyond the limit, kept while it stays as it is on disk: a window asks for hundreds of
+// keys.
+struct FileGrande {
+    QString Percorso;
+    FileState Stato;
+    QByteArray Contenuto; // without a byte order mark, lines ended by LF alone
+};
+
+const QByteArray &ContenutoGrande(const QString &file)
+{
+    static FileGrande ultimo;
+    const FileState stato = StateOfFile(file);
+    if (ultimo.Percorso != file || !(ultimo.Stato == stato)) {
+        ultimo = {};
+        ultimo.Contenuto = ReadFile(file);
+        if (ultimo.Contenuto.startsWith("\xEF\xBB\xBF"))
+            ultimo.Contenuto.remove(0, 3);
+        ultimo.Contenuto.replace("\r\n", "\n").replace('\r', '\n');
+        ultimo.Percorso = file;
+        ultimo.Stato = stato;
+    }
+    return ultimo.Contenuto;
+}
 
 QString CercaPerRighe(const QByteArray &contenuto, const QString &chiave)
 {
@@ -30,13 +57,12 @@ QString CercaPerRighe(const QByteArray &contenuto, const QString &chiave)
         qsizetype fine = contenuto.indexOf('\n', riga);
         if (fine < 0)
             fine = contenuto.size();
-        QByteArray testo = contenuto.mid(riga, fine - riga);
-        if (testo.endsWith('\r'))
-            testo.chop(1);
+        const QByteArrayView testo(contenuto.constData() + riga, fine - riga);
         if (testo.startsWith(inizio)) {
             // Behind the key and the letter that follows it, without the first and the last letter.
-            const QByteArray valore = testo.mid(inizio.size() + 1);
-            return FromCodePage(valore.mid(1, valore.size() - 2));
+            const qsizetype valore = riga + inizio.size() + 2;
+            return fine - valore < 2 ? QString()
+                                     : FromCodePage(contenuto.mid(valore, fine - valore - 1));
         }
         riga = fine + 1;
     }
@@ -45,11 +71,16 @@ QString CercaPerRighe(const QByteArray &contenuto, const QString &chiave)
 
 } // namespace
 
+QString FileLinguaCorrente()
+{
+    return Cartella() + LinguaCorrente + QStringLiteral(".lng");
+}
+
 QString MLSLeggiIni(const QString &file, const QString &sezione, const QString &chiave)
 {
     if (FileLength(file) <= LimiteIni)
         return ReadIni(file, sezione, chiave);
-    return CercaPerRighe(ReadFile(file), chiave);
+    return CercaPerRighe(ContenutoGrande(file), chiave);
 }
 
 void MLSScriviIni(const QString &file, const QString &sezione, const QString &chiave,
@@ -82,6 +113,6 @@ QString MLSTesto(const QString &chiave)
     QString testo;
     if (LinguaCorrente.isEmpty())
         LeggiLinguaCorrente();
-    Skipping([&] { testo = MLSLeggiIni(FileLingua(), QStringLiteral("Strings"), chiave); });
+    Skipping([&] { testo = MLSLeggiIni(FileLinguaCorrente(), QStringLiteral("Strings"), chiave); });
     return testo;
 }

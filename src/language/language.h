@@ -29,6 +29,8 @@ QString MLSTesto(const QString &chiave);
 // Lays the current language over a window and its controls. Pending events pass at each control.
 void MLSCaricaForm(platform::Form &finestra);
 
+// Full path of the current language's file.
+QString FileLinguaCorrente();
 // File names of the languages that are there, in the order of the look-up.
 QStringList LingueInstallate();
 // Reads `LinguaCorrente` from the setting, also when it is known already.

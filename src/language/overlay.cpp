@@ -3,21 +3,27 @@
 
 #include "platform/control.h"
 #include "platform/errors.h"
-#include "platform/files.h"
 
 using namespace platform;
 
 namespace {
 
+// Error 53 when there is no such language file: the statement that asked is skipped as a whole, and
+// the design stays.
 QString Valore(const Form &finestra, const QString &chiave)
 {
-    QString testo;
+    return MLSLeggiIni(FileLinguaCorrente(), finestra.Name(), chiave);
+}
+
+// A property takes the text that is there; without one, or without the property, the design stays.
+void Carica(const Form &finestra, Control &controllo, const QString &chiave,
+            void (Control::*imposta)(const QString &))
+{
     Skipping([&] {
-        testo = MLSLeggiIni(AppPath() + QStringLiteral("\\lngmorlene\\") + LinguaCorrente +
-                                QStringLiteral(".lng"),
-                            finestra.Name(), chiave);
+        const QString testo = Valore(finestra, chiave);
+        if (!testo.isEmpty())
+            (controllo.*imposta)(testo);
     });
-    return testo;
 }
 
 // Every tab takes its text, also an empty one. Tabs that are no number have none to take.
@@ -28,7 +34,8 @@ void CaricaLinguette(const Form &finestra, Control &controllo, const QString &no
         return;
     for (int n = 1; n <= linguette; ++n)
         Skipping([&] {
-            controllo.SetTabCaption(n, Valore(finestra, QStringLiteral("%1.TabCaption(%2)").arg(nome).arg(n)));
+            controllo.SetTabCaption(
+                n, Valore(finestra, QStringLiteral("%1.TabCaption(%2)").arg(nome).arg(n)));
         });
 }
 
@@ -38,16 +45,9 @@ void CaricaControllo(const Form &finestra, Control &controllo)
     int indice = -1;
     if (Skipping([&] { indice = controllo.Index(); }) == 0 && indice >= 0)
         nome += QStringLiteral("(%1)").arg(indice);
-
-    const QString testo = Valore(finestra, nome + QStringLiteral(".Caption"));
-    if (!testo.isEmpty())
-        Skipping([&] { controllo.SetCaption(testo); });
-    const QString suggerimento = Valore(finestra, nome + QStringLiteral(".ToolTipText"));
-    if (!suggerimento.isEmpty())
-        Skipping([&] { controllo.SetToolTipText(suggerimento); });
-    const QString contrassegno = Valore(finestra, nome + QStringLiteral(".Tag"));
-    if (!contrassegno.isEmpty())
-        Skipping([&] { controllo.SetTag(contrassegno); });
+    Carica(finestra, controllo, nome + QStringLiteral(".Caption"), &Control::SetCaption);
+    Carica(finestra, controllo, nome + QStringLiteral(".ToolTipText"), &Control::SetToolTipText);
+    Carica(finestra, controllo, nome + QStringLiteral(".Tag"), &Control::SetTag);
     CaricaLinguette(finestra, controllo, nome);
 }
 
@@ -55,14 +55,12 @@ void CaricaControllo(const Form &finestra, Control &controllo)
 
 void MLSCaricaForm(Form &finestra)
 {
-    if (LinguaCorrente.isEmpty())
-        LeggiLinguaCorrente();
-    const QString nome = finestra.Name();
     const FormRef riferimento(finestra);
-    // An empty text empties the title; a window without one is not asked.
+    const QString nome = finestra.Name();
+    // A key that is not there empties the title and the tag; a window without a title is not asked.
     if (!finestra.Caption().isEmpty())
-        finestra.SetCaption(Valore(finestra, nome + QStringLiteral(".Caption")));
-    finestra.SetTag(Valore(finestra, nome + QStringLiteral(".Tag")));
+        Skipping([&] { finestra.SetCaption(Valore(finestra, nome + QStringLiteral(".Caption"))); });
+    Skipping([&] { finestra.SetTag(Valore(finestra, nome + QStringLiteral(".Tag"))); });
     for (size_t i = 0; i < finestra.Controls().size(); ++i) {
         CaricaControllo(finestra, *finestra.Controls().at(i));
         DoEvents();

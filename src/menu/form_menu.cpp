@@ -119,7 +119,8 @@ void FormMenu::Collega()
     mnuAbout.SetEnabled(FinestraEsiste(QStringLiteral("FormInfo")));
     mnuDocum.SetEnabled(FinestraEsiste(QStringLiteral("FormInfo")));
     for (int i = 0; i < Esci; ++i) {
-        const bool esiste = FinestraEsiste(QString::fromLatin1(Voci.at(static_cast<size_t>(i)).Finestra));
+        const bool esiste =
+            FinestraEsiste(QString::fromLatin1(Voci.at(static_cast<size_t>(i)).Finestra));
         Command1(i).SetEnabled(esiste);
         Image1(i).SetEnabled(esiste);
     }
@@ -231,8 +232,8 @@ void FormMenu::Passo(int verso)
 {
     // All four arrows walk the one line of nine items, and none is skipped.
     Command1(PosizioneScansione).SetBackColor(ToColor(ColoreBottoni));
-    PosizioneScansione = Integer16(
-        PassoCircolare(PosizioneScansione, QuanteVoci, verso, [](int) { return true; }));
+    PosizioneScansione =
+        Integer16(PassoCircolare(PosizioneScansione, QuanteVoci, verso, [](int) { return true; }));
     Command1(PosizioneScansione).SetBackColor(ToColor(ColorePulsantiSelezionati));
 }
 

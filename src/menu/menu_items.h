@@ -1,4 +1,5 @@
-// The nine items of the menu: caption, picture, place, the window each opens and its title in the log.
+// The nine items of the menu: caption, picture, place, the window each opens and its title in the
+// log.
 #pragma once
 
 #include "platform/label.h"

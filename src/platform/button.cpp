@@ -103,7 +103,10 @@ Button::Button(const ControlId &id, const Place &place, const QString &caption)
     QObject::connect(m_view, &QPushButton::clicked, m_view, [this] { Click(); });
 }
 
-QString Button::Caption() const { return m_view->Caption; }
+QString Button::Caption() const
+{
+    return m_view->Caption;
+}
 
 void Button::SetCaption(const QString &caption)
 {
@@ -119,7 +122,10 @@ void Button::SetPicture(const QString &name)
     m_view->update();
 }
 
-void Button::SetSpokenName(const QString &name) { m_view->setAccessibleName(name); }
+void Button::SetSpokenName(const QString &name)
+{
+    m_view->setAccessibleName(name);
+}
 
 void Button::SetTakesFocus(bool takes)
 {
@@ -128,6 +134,9 @@ void Button::SetTakesFocus(bool takes)
         m_view->setFocus();
 }
 
-void Button::Refresh() { m_view->Show(Font(), BackColor(), ForeColor()); }
+void Button::Refresh()
+{
+    m_view->Show(Font(), BackColor(), ForeColor());
+}
 
 } // namespace platform

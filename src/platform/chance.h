@@ -6,6 +6,9 @@
 namespace platform {
 
 // Int(r * count): 0 to count - 1 with equal chance.
-inline int Draw(int count) { return host().DrawBelow(count); }
+inline int Draw(int count)
+{
+    return host().DrawBelow(count);
+}
 
 } // namespace platform

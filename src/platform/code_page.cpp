@@ -22,8 +22,9 @@ char ToByte(char16_t letter)
     if (letter < 0x80 || (letter >= 0xA0 && letter <= 0xFF))
         return static_cast<char>(letter);
     const auto *found = std::find(Letters.begin(), Letters.end(), letter);
-    return found == Letters.end() ? '?'
-                                  : static_cast<char>(First + std::distance(Letters.begin(), found));
+    return found == Letters.end()
+               ? '?'
+               : static_cast<char>(First + std::distance(Letters.begin(), found));
 }
 
 } // namespace

@@ -15,7 +15,8 @@ constexpr Color SystemWindow = 0x80000005;
 
 constexpr Color Rgb(int red, int green, int blue)
 {
-    return static_cast<Color>(red) | static_cast<Color>(green) << 8 | static_cast<Color>(blue) << 16;
+    return static_cast<Color>(red) | static_cast<Color>(green) << 8 |
+           static_cast<Color>(blue) << 16;
 }
 
 // Colours are kept as doubles by the program: rounded into 32 bits, error 6 outside them.

@@ -17,7 +17,10 @@ ComboBox::ComboBox(const ControlId &id, const Place &place)
     ComboBox::Refresh();
 }
 
-void ComboBox::Clear() { m_box->clear(); }
+void ComboBox::Clear()
+{
+    m_box->clear();
+}
 
 void ComboBox::AddItem(const QString &text)
 {
@@ -28,11 +31,20 @@ void ComboBox::AddItem(const QString &text)
         m_box->setCurrentIndex(-1);
 }
 
-int ComboBox::ListCount() const { return m_box->count(); }
+int ComboBox::ListCount() const
+{
+    return m_box->count();
+}
 
-QString ComboBox::List(int index) const { return m_box->itemText(index); }
+QString ComboBox::List(int index) const
+{
+    return m_box->itemText(index);
+}
 
-int ComboBox::ListIndex() const { return m_box->currentIndex(); }
+int ComboBox::ListIndex() const
+{
+    return m_box->currentIndex();
+}
 
 void ComboBox::SetListIndex(int index)
 {
@@ -46,9 +58,15 @@ void ComboBox::SetListIndex(int index)
         Click();
 }
 
-QString ComboBox::Text() const { return m_box->currentText(); }
+QString ComboBox::Text() const
+{
+    return m_box->currentText();
+}
 
-void ComboBox::SetHeight(double) { throw RunTimeError(SetNotSupported, Key()); }
+void ComboBox::SetHeight(double)
+{
+    throw RunTimeError(SetNotSupported, Key());
+}
 
 void ComboBox::Refresh()
 {

@@ -1,4 +1,5 @@
-// A drop-down list. A person's choice always raises the click, a choice by code only when it changes.
+// A drop-down list. A person's choice always raises the click, a choice by code only when it
+// changes.
 #pragma once
 
 #include "platform/visual_control.h"

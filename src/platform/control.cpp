@@ -15,7 +15,10 @@ Control::Control(const ControlId &id)
     m_form.m_controls.push_back(this);
 }
 
-Control::~Control() { std::erase(m_form.m_controls, this); }
+Control::~Control()
+{
+    std::erase(m_form.m_controls, this);
+}
 
 int Control::Index() const
 {

@@ -26,7 +26,8 @@ struct Stamp {
     // changed just before it was looked at cannot be told from its next state.
     bool Settled = false;
 
-    bool SameAs(const Stamp &other) const {
+    bool SameAs(const Stamp &other) const
+    {
         return Device == other.Device && Inode == other.Inode && Size == other.Size &&
                Modified == other.Modified && Changed == other.Changed;
     }

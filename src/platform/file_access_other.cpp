@@ -20,7 +20,8 @@ constexpr int64_t NanosecondsInMillisecond = 1'000'000;
 constexpr int64_t SettleTime = 50;                    // milliseconds
 constexpr int64_t LongestContent = 256 * 1024 * 1024; // bytes
 
-Nature NatureOf(const QFileInfo &info, bool onDrive) {
+Nature NatureOf(const QFileInfo &info, bool onDrive)
+{
     if (onDrive && info.isSymLink())
         return Nature::Other;
     if (!info.exists())
@@ -32,11 +33,13 @@ Nature NatureOf(const QFileInfo &info, bool onDrive) {
 
 } // namespace
 
-Nature NatureOf(const Place &place) {
+Nature NatureOf(const Place &place)
+{
     return NatureOf(QFileInfo(place.Native()), place.OnDrive);
 }
 
-Stamp StampOf(const Place &place) {
+Stamp StampOf(const Place &place)
+{
     const QFileInfo info(place.Native());
     const Nature nature = NatureOf(info, place.OnDrive);
     if (nature != Nature::File)
@@ -51,7 +54,8 @@ Stamp StampOf(const Place &place) {
     return stamp;
 }
 
-QByteArray ReadAll(const Place &place) {
+QByteArray ReadAll(const Place &place)
+{
     if (StampOf(place).Size > LongestContent)
         throw RunTimeError(PathFileAccess, place.Native());
     QFile file(place.Native());
@@ -60,7 +64,8 @@ QByteArray ReadAll(const Place &place) {
     return file.readAll();
 }
 
-QStringList NamesIn(const Place &folder, bool folders) {
+QStringList NamesIn(const Place &folder, bool folders)
+{
     const Nature nature = NatureOf(folder);
     if (nature == Nature::Other)
         throw RunTimeError(PathFileAccess, folder.Native());
@@ -78,7 +83,8 @@ QStringList NamesIn(const Place &folder, bool folders) {
     return names;
 }
 
-void MakeFolder(const Place &place) {
+void MakeFolder(const Place &place)
+{
     const QString path = place.Native();
     if (NatureOf(place) != Nature::Missing)
         throw RunTimeError(FileAlreadyExists, path);
@@ -93,7 +99,8 @@ struct OutputFile::State {
     bool New = false;
 };
 
-OutputFile::OutputFile(const Place &place) : m_state(std::make_unique<State>()) {
+OutputFile::OutputFile(const Place &place) : m_state(std::make_unique<State>())
+{
     const QString path = place.Native();
     const Nature nature = NatureOf(place);
     if (nature == Nature::Folder || nature == Nature::Other)
@@ -108,7 +115,8 @@ OutputFile::OutputFile(const Place &place) : m_state(std::make_unique<State>()) 
 
 OutputFile::~OutputFile() = default;
 
-void OutputFile::Replace(const QByteArray &content) {
+void OutputFile::Replace(const QByteArray &content)
+{
     QFile &file = m_state->File;
     const int64_t oldSize = file.size();
     // The room is taken first, so that a full disk is met while the old content still stands.

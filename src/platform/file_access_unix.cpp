@@ -36,7 +36,8 @@ constexpr int ForPassing = O_PATH;
 constexpr int ForPassing = O_RDONLY;
 #endif
 
-[[noreturn]] void Raise(int reason, const QString &path, int whenMissing) {
+[[noreturn]] void Raise(int reason, const QString &path, int whenMissing)
+{
     switch (reason) {
     case ENOSPC:
     case EDQUOT:
@@ -64,14 +65,16 @@ public:
     explicit Descriptor(int number = -1) : m_number(number) {}
     ~Descriptor() { Close(); }
     Descriptor(Descriptor &&other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
-    Descriptor &operator=(Descriptor &&other) noexcept {
+    Descriptor &operator=(Descriptor &&other) noexcept
+    {
         std::swap(m_number, other.m_number);
         return *this;
     }
     int Number() const { return m_number; }
     bool IsOpen() const { return m_number >= 0; }
     // False when the file system reports late that content was not written.
-    bool Close() {
+    bool Close()
+    {
         if (!IsOpen())
             return true;
         return ::close(std::exchange(m_number, -1)) == 0 || errno == EINTR;
@@ -81,16 +84,19 @@ private:
     int m_number;
 };
 
-QByteArray Encoded(const QString &name) {
+QByteArray Encoded(const QString &name)
+{
     return QFile::encodeName(name);
 }
 
-int NoFollow(const Place &place) {
+int NoFollow(const Place &place)
+{
     return place.OnDrive ? O_NOFOLLOW : 0;
 }
 
 // The folder at the place itself; not open and `errno` set on failure.
-Descriptor OpenFolder(const Place &place, int lastMode) {
+Descriptor OpenFolder(const Place &place, int lastMode)
+{
     const bool rootIsLast = place.Parts.isEmpty();
     Descriptor folder(::open(Encoded(place.Root).constData(),
                              (rootIsLast ? lastMode : ForPassing) | O_DIRECTORY | O_CLOEXEC));
@@ -102,7 +108,8 @@ Descriptor OpenFolder(const Place &place, int lastMode) {
     return folder;
 }
 
-bool Examine(const Place &place, struct stat &what) {
+bool Examine(const Place &place, struct stat &what)
+{
     if (place.Parts.isEmpty())
         return ::stat(Encoded(place.Root).constData(), &what) == 0;
     const Descriptor folder = OpenFolder(place.Folder(), ForPassing);
@@ -110,18 +117,21 @@ bool Examine(const Place &place, struct stat &what) {
                                         place.OnDrive ? AT_SYMLINK_NOFOLLOW : 0) == 0;
 }
 
-Nature NatureOf(const struct stat &what) {
+Nature NatureOf(const struct stat &what)
+{
     if (S_ISREG(what.st_mode))
         return Nature::File;
     return S_ISDIR(what.st_mode) ? Nature::Folder : Nature::Other;
 }
 
-int64_t Nanoseconds(const struct timespec &time) {
+int64_t Nanoseconds(const struct timespec &time)
+{
     return int64_t{time.tv_sec} * NanosecondsInSecond + time.tv_nsec;
 }
 
 // A new file or folder takes the group of its folder where the system lets it.
-void TakeGroupAndRights(int number, const struct stat &folder, mode_t rights, const QString &path) {
+void TakeGroupAndRights(int number, const struct stat &folder, mode_t rights, const QString &path)
+{
     struct stat made = {};
     if (::fstat(number, &made) != 0)
         Raise(errno, path, PathNotFound);
@@ -135,12 +145,14 @@ void TakeGroupAndRights(int number, const struct stat &folder, mode_t rights, co
 
 } // namespace
 
-Nature NatureOf(const Place &place) {
+Nature NatureOf(const Place &place)
+{
     struct stat what = {};
     return Examine(place, what) ? NatureOf(what) : Nature::Missing;
 }
 
-Stamp StampOf(const Place &place) {
+Stamp StampOf(const Place &place)
+{
     struct timespec now = {};
     ::clock_gettime(CLOCK_REALTIME, &now);
     struct stat what = {};
@@ -158,7 +170,8 @@ Stamp StampOf(const Place &place) {
     return stamp;
 }
 
-QByteArray ReadAll(const Place &place) {
+QByteArray ReadAll(const Place &place)
+{
     const QString path = place.Native();
     if (place.Parts.isEmpty())
         throw RunTimeError(PathFileAccess, path);
@@ -192,7 +205,8 @@ QByteArray ReadAll(const Place &place) {
     return content;
 }
 
-QStringList NamesIn(const Place &folder, bool folders) {
+QStringList NamesIn(const Place &folder, bool folders)
+{
     Descriptor opened = OpenFolder(folder, O_RDONLY);
     if (!opened.IsOpen()) {
         // A link in place of the folder is told from a folder that is not there.
@@ -226,7 +240,8 @@ QStringList NamesIn(const Place &folder, bool folders) {
     return names;
 }
 
-void MakeFolder(const Place &place) {
+void MakeFolder(const Place &place)
+{
     const QString path = place.Native();
     if (place.Parts.isEmpty())
         throw RunTimeError(FileAlreadyExists, path);
@@ -264,13 +279,15 @@ struct OutputFile::State {
     bool New = false;
     int64_t OldSize = 0; // bytes
 
-    void Open(const Place &place) {
+    void Open(const Place &place)
+    {
         // With O_NONBLOCK a pipe without a reader is refused instead of waited for.
         File = Descriptor(::openat(Folder.Number(), Name.constData(),
                                    O_WRONLY | O_NONBLOCK | O_CLOEXEC | NoFollow(place)));
     }
 
-    void Make(const Place &place) {
+    void Make(const Place &place)
+    {
         struct stat folder = {};
         if (::fstat(Folder.Number(), &folder) != 0)
             Raise(errno, Path, PathNotFound);
@@ -290,7 +307,8 @@ struct OutputFile::State {
             TakeGroupAndRights(File.Number(), folder, folder.st_mode & ReadWrite, Path);
     }
 
-    bool WriteAt(const char *bytes, int64_t size, int64_t at) {
+    bool WriteAt(const char *bytes, int64_t size, int64_t at)
+    {
         while (size > 0) {
             const ssize_t written =
                 ::pwrite(File.Number(), bytes, static_cast<size_t>(size), static_cast<off_t>(at));
@@ -306,7 +324,8 @@ struct OutputFile::State {
     }
 
     // True when all of it is on its way to the disk.
-    bool Write(const QByteArray &content) {
+    bool Write(const QByteArray &content)
+    {
         const int64_t size = content.size();
         const int64_t front = std::min(size, OldSize);
         if (!WriteAt(content.constData() + front, size - front, OldSize)) {
@@ -321,7 +340,8 @@ struct OutputFile::State {
     }
 };
 
-OutputFile::OutputFile(const Place &place) : m_state(std::make_unique<State>()) {
+OutputFile::OutputFile(const Place &place) : m_state(std::make_unique<State>())
+{
     State &state = *m_state;
     state.Path = place.Native();
     if (place.Parts.isEmpty())
@@ -343,7 +363,8 @@ OutputFile::OutputFile(const Place &place) : m_state(std::make_unique<State>()) 
 
 OutputFile::~OutputFile() = default;
 
-void OutputFile::Replace(const QByteArray &content) {
+void OutputFile::Replace(const QByteArray &content)
+{
     State &state = *m_state;
     if (state.Write(content))
         return;

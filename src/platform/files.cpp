@@ -12,7 +12,8 @@ namespace platform {
 namespace {
 
 // A path that leads nowhere, for whatever reason, has nothing.
-Nature NatureAt(const QString &path) {
+Nature NatureAt(const QString &path)
+{
     Nature nature = Nature::Missing;
     if (!path.isEmpty())
         Skipping([&] { nature = NatureOf(Locate(path)); });
@@ -21,14 +22,16 @@ Nature NatureAt(const QString &path) {
 
 } // namespace
 
-QString AppPath() {
+QString AppPath()
+{
     QString folder = host().ApplicationFolder();
     while (folder.size() > 1 && folder.endsWith(QLatin1Char('/')))
         folder.chop(1);
     return folder;
 }
 
-QStringList DirList(const QString &pattern, LookUp kind) {
+QStringList DirList(const QString &pattern, LookUp kind)
+{
     const Place place = LocatePattern(pattern);
     if (place.Parts.isEmpty())
         return {};
@@ -38,28 +41,40 @@ QStringList DirList(const QString &pattern, LookUp kind) {
     return names;
 }
 
-bool FileExists(const QString &path) {
+bool FileExists(const QString &path)
+{
     return NatureAt(path) == Nature::File;
 }
 
-bool FolderExists(const QString &path) {
+bool FolderExists(const QString &path)
+{
     return NatureAt(path) == Nature::Folder;
 }
 
-int64_t FileLength(const QString &path) {
+int64_t FileLength(const QString &path)
+{
     return StampOf(Locate(path)).Size;
 }
 
-void CreateFolder(const QString &path) {
+FileState StateOfFile(const QString &path)
+{
+    const Stamp stamp = StampOf(Locate(path));
+    return {stamp.Size, stamp.Modified};
+}
+
+void CreateFolder(const QString &path)
+{
     MakeFolder(Locate(path));
 }
 
-void CopyFile(const QString &from, const QString &to) {
+void CopyFile(const QString &from, const QString &to)
+{
     const QByteArray content = ReadFile(from);
     OutputFile(Locate(to)).Replace(content);
 }
 
-QByteArray ReadFile(const QString &path) {
+QByteArray ReadFile(const QString &path)
+{
     return ReadAll(Locate(path));
 }
 

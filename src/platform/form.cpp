@@ -39,27 +39,40 @@ Form::Form(const char *name, double scaleWidth, double scaleHeight)
     m_window->LayOut();
 }
 
-Form::~Form() { std::erase(loaded, this); }
+Form::~Form()
+{
+    std::erase(loaded, this);
+}
 
-const std::vector<Form *> &Form::Loaded() { return loaded; }
+const std::vector<Form *> &Form::Loaded()
+{
+    return loaded;
+}
 
 Form *Form::Find(const QString &name)
 {
-    const auto found =
-        std::find_if(loaded.begin(), loaded.end(), [&](Form *form) { return form->m_name == name; });
+    const auto found = std::find_if(loaded.begin(), loaded.end(),
+                                    [&](Form *form) { return form->m_name == name; });
     return found == loaded.end() ? nullptr : *found;
 }
 
-QString Form::Caption() const { return m_window->windowTitle(); }
+QString Form::Caption() const
+{
+    return m_window->windowTitle();
+}
 
-void Form::SetCaption(const QString &caption) { m_window->setWindowTitle(caption); }
+void Form::SetCaption(const QString &caption)
+{
+    m_window->setWindowTitle(caption);
+}
 
 void Form::SetBackColor(Color color)
 {
     m_backColor = color;
     m_window->Client()->update();
     if (host().Watches())
-        host().Changed(QStringLiteral("%1.BackColor=%2").arg(m_name).arg(color, 8, 16, QChar(u'0')));
+        host().Changed(
+            QStringLiteral("%1.BackColor=%2").arg(m_name).arg(color, 8, 16, QChar(u'0')));
 }
 
 void Form::SetMousePointer(platform::MousePointer pointer)
@@ -70,15 +83,34 @@ void Form::SetMousePointer(platform::MousePointer pointer)
     else
         m_window->unsetCursor();
     if (host().Watches())
-        host().Changed(QStringLiteral("%1.MousePointer=%2").arg(m_name).arg(static_cast<int>(pointer)));
+        host().Changed(
+            QStringLiteral("%1.MousePointer=%2").arg(m_name).arg(static_cast<int>(pointer)));
 }
 
-double Form::Left() const { return m_window->Left; }
-double Form::Top() const { return m_window->Top; }
-double Form::Width() const { return m_window->width() * TwipsPerPixel; }
-double Form::Height() const { return m_window->height() * TwipsPerPixel; }
-double Form::ScaleWidth() const { return m_window->Client()->width() * TwipsPerPixel; }
-double Form::ScaleHeight() const { return m_window->Client()->height() * TwipsPerPixel; }
+double Form::Left() const
+{
+    return m_window->Left;
+}
+double Form::Top() const
+{
+    return m_window->Top;
+}
+double Form::Width() const
+{
+    return m_window->width() * TwipsPerPixel;
+}
+double Form::Height() const
+{
+    return m_window->height() * TwipsPerPixel;
+}
+double Form::ScaleWidth() const
+{
+    return m_window->Client()->width() * TwipsPerPixel;
+}
+double Form::ScaleHeight() const
+{
+    return m_window->Client()->height() * TwipsPerPixel;
+}
 
 void Form::Move(double left, double top, double width, double height)
 {
@@ -90,9 +122,15 @@ void Form::Move(double left, double top, double width, double height)
         m_window->LayOut();
 }
 
-bool Form::Minimised() const { return m_window->isMinimized(); }
+bool Form::Minimised() const
+{
+    return m_window->isMinimized();
+}
 
-void Form::LockDrawing(bool locked) { m_window->setUpdatesEnabled(!locked); }
+void Form::LockDrawing(bool locked)
+{
+    m_window->setUpdatesEnabled(!locked);
+}
 
 void Form::SetDrawingUnits(double units)
 {
@@ -176,10 +214,19 @@ void Form::Drop()
     new Undertaker(this);
 }
 
-bool Form::Active() const { return m_window->isActiveWindow(); }
+bool Form::Active() const
+{
+    return m_window->isActiveWindow();
+}
 
-QWidget *Form::Window() const { return m_window.get(); }
-QWidget *Form::Client() const { return m_window->Client(); }
+QWidget *Form::Window() const
+{
+    return m_window.get();
+}
+QWidget *Form::Client() const
+{
+    return m_window->Client();
+}
 
 QMenuBar *Form::MenuBar()
 {
@@ -194,9 +241,18 @@ Form *FormRef::Get() const
     return form ? *form : nullptr;
 }
 
-void DoEvents() { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+void DoEvents()
+{
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
 
-double ScreenWidth() { return host().Screen().Width * TwipsPerPixel; }
-double ScreenHeight() { return host().Screen().Height * TwipsPerPixel; }
+double ScreenWidth()
+{
+    return host().Screen().Width * TwipsPerPixel;
+}
+double ScreenHeight()
+{
+    return host().Screen().Height * TwipsPerPixel;
+}
 
 } // namespace platform

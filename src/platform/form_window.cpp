@@ -8,7 +8,10 @@
 
 namespace platform {
 
-int ToPixels(double twips) { return static_cast<int>(std::lround(twips / TwipsPerPixel)); }
+int ToPixels(double twips)
+{
+    return static_cast<int>(std::lround(twips / TwipsPerPixel));
+}
 
 ClientArea::ClientArea(Form &form, QWidget *parent) : QWidget(parent), m_form(form)
 {
@@ -64,7 +67,10 @@ void FormWindow::LayOut()
     m_client->setGeometry(0, bar, width(), height() - bar);
 }
 
-void FormWindow::resizeEvent(QResizeEvent *) { m_form.Resized(); }
+void FormWindow::resizeEvent(QResizeEvent *)
+{
+    m_form.Resized();
+}
 
 void FormWindow::closeEvent(QCloseEvent *event)
 {

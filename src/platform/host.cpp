@@ -6,8 +6,14 @@ namespace {
 Host *current = nullptr;
 }
 
-Host &host() { return *current; }
+Host &host()
+{
+    return *current;
+}
 
-void SetHost(Host *host) { current = host; }
+void SetHost(Host *host)
+{
+    current = host;
+}
 
 } // namespace platform

@@ -17,11 +17,13 @@ namespace {
 constexpr qsizetype LongestValue = 511; // letters
 constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
 
-bool IsBlank(char letter) {
+bool IsBlank(char letter)
+{
     return letter == ' ' || letter == '\t';
 }
 
-QByteArray Trimmed(const QByteArray &text) {
+QByteArray Trimmed(const QByteArray &text)
+{
     qsizetype start = 0;
     qsizetype end = text.size();
     while (start < end && IsBlank(text.at(start)))
@@ -31,10 +33,12 @@ QByteArray Trimmed(const QByteArray &text) {
     return text.mid(start, end - start);
 }
 
-QString Folded(const QByteArray &name) {
+QString Folded(const QByteArray &name)
+{
     return FromCodePage(Trimmed(name)).toLower();
 }
-QString Folded(const QString &name) {
+QString Folded(const QString &name)
+{
     return Folded(ToCodePage(name));
 }
 
@@ -43,7 +47,8 @@ struct RawLine {
     QByteArray End; // CR LF, LF, CR, or nothing behind the last line
 };
 
-QList<RawLine> Split(const QByteArray &content) {
+QList<RawLine> Split(const QByteArray &content)
+{
     QList<RawLine> lines;
     qsizetype start = 0;
     for (qsizetype at = 0; at < content.size(); ++at) {
@@ -68,7 +73,8 @@ struct IniLine {
     QByteArray Value;
 };
 
-IniLine Understand(const QByteArray &raw) {
+IniLine Understand(const QByteArray &raw)
+{
     IniLine line;
     const QByteArray text = Trimmed(raw);
     if (text.startsWith(';'))
@@ -90,17 +96,20 @@ IniLine Understand(const QByteArray &raw) {
     return line;
 }
 
-QByteArray WithoutMark(const QByteArray &content) {
+QByteArray WithoutMark(const QByteArray &content)
+{
     return content.startsWith(ByteOrderMark) ? content.mid(sizeof ByteOrderMark - 1) : content;
 }
 
 using Values = QHash<QString, QString>; // by section, a line feed and key, in small letters
 
-QString ValueName(const QString &section, const QString &key) {
+QString ValueName(const QString &section, const QString &key)
+{
     return section + QLatin1Char('\n') + key;
 }
 
-Values Parse(const QByteArray &content) {
+Values Parse(const QByteArray &content)
+{
     Values values;
     QSet<QString> seen;
     QString section;
@@ -129,7 +138,8 @@ struct Kept {
     Values Content;
 };
 
-QHash<QString, Kept> &KeptFiles() {
+QHash<QString, Kept> &KeptFiles()
+{
     static QHash<QString, Kept> files;
     return files;
 }
@@ -137,7 +147,8 @@ QHash<QString, Kept> &KeptFiles() {
 // Puts the assignment over the key's line, else behind the last line of the section that holds
 // something, else into a new section at the end.
 QByteArray Changed(const QByteArray &content, const QString &section, const QByteArray &key,
-                   const QByteArray &assignment) {
+                   const QByteArray &assignment)
+{
     const QByteArray mark = content.left(content.size() - WithoutMark(content).size());
     QList<RawLine> lines = Split(WithoutMark(content));
     const QByteArray end =
@@ -177,13 +188,15 @@ QByteArray Changed(const QByteArray &content, const QString &section, const QByt
     return result;
 }
 
-bool BreaksLines(const QByteArray &text) {
+bool BreaksLines(const QByteArray &text)
+{
     return text.contains('\r') || text.contains('\n') || text.contains('\0');
 }
 
 } // namespace
 
-QString ReadIni(const QString &path, const QString &section, const QString &key) {
+QString ReadIni(const QString &path, const QString &section, const QString &key)
+{
     const Place place = Locate(path);
     // Taken before the content, so that a change in between shows at the next look-up.
     const Stamp stamp = StampOf(place);
@@ -196,8 +209,8 @@ QString ReadIni(const QString &path, const QString &section, const QString &key)
     return file.Content.value(ValueName(Folded(section), Folded(key)));
 }
 
-bool WriteIni(const QString &path, const QString &section, const QString &key,
-              const QString &value) {
+bool WriteIni(const QString &path, const QString &section, const QString &key, const QString &value)
+{
     const QByteArray assignment = ToCodePage(key) + '=' + ToCodePage(value);
     if (BreaksLines(ToCodePage(section)) || BreaksLines(assignment))
         return false;

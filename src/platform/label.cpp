@@ -17,7 +17,10 @@ namespace platform {
 // A QLabel, so that a screen reader finds a label and its text.
 class LabelView : public QLabel {
 public:
-    explicit LabelView(Alignment alignment) : m_alignment(alignment) { setTextFormat(Qt::PlainText); }
+    explicit LabelView(Alignment alignment) : m_alignment(alignment)
+    {
+        setTextFormat(Qt::PlainText);
+    }
 
     void Show(const Font &font, Color back, Color fore)
     {
@@ -80,7 +83,10 @@ Label::Label(const ControlId &id, const Place &place, const QString &caption, Al
     m_view->setText(caption);
 }
 
-QString Label::Caption() const { return m_view->text(); }
+QString Label::Caption() const
+{
+    return m_view->text();
+}
 
 void Label::SetCaption(const QString &caption)
 {

@@ -84,7 +84,10 @@ void MachineHost::Randomize()
                                     std::chrono::system_clock::now().time_since_epoch().count()));
 }
 
-double MachineHost::Rnd() { return static_cast<double>((m_generator() & 0xFFFFFFFFU) >> 8) / 16777216.0; }
+double MachineHost::Rnd()
+{
+    return static_cast<double>((m_generator() & 0xFFFFFFFFU) >> 8) / 16777216.0;
+}
 
 int64_t MachineHost::Milliseconds()
 {
@@ -100,11 +103,10 @@ std::unique_ptr<Ticker> MachineHost::StartTicker(int milliseconds, std::function
 
 BoxAnswer MachineHost::MessageBox(const Box &box)
 {
-    QMessageBox window(IconOf(box.Icon),
-                       box.Title.isEmpty() ? QStringLiteral("MorleneKVT") : box.Title, box.Text,
-                       box.Buttons == BoxButtons::YesNo ? QMessageBox::Yes | QMessageBox::No
-                                                        : QMessageBox::Ok,
-                       QApplication::activeWindow());
+    QMessageBox window(
+        IconOf(box.Icon), box.Title.isEmpty() ? QStringLiteral("MorleneKVT") : box.Title, box.Text,
+        box.Buttons == BoxButtons::YesNo ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok,
+        QApplication::activeWindow());
     window.setTextFormat(Qt::PlainText);
     const int answer = window.exec();
     if (box.Buttons == BoxButtons::Ok)
@@ -120,7 +122,10 @@ QString MachineHost::InputBox(const QString &prompt, const QString &title, const
     return confirmed ? text : QString();
 }
 
-void MachineHost::PlaySound(const QString &nativePath) { PlayWaveFile(nativePath); }
+void MachineHost::PlaySound(const QString &nativePath)
+{
+    PlayWaveFile(nativePath);
+}
 
 void MachineHost::OpenDocument(const QString &nativePath)
 {

@@ -52,11 +52,20 @@ QMenu *MenuItem::Menu()
     return m_menu;
 }
 
-QString MenuItem::Caption() const { return m_action->text(); }
+QString MenuItem::Caption() const
+{
+    return m_action->text();
+}
 
-void MenuItem::SetCaption(const QString &caption) { m_action->setText(caption); }
+void MenuItem::SetCaption(const QString &caption)
+{
+    m_action->setText(caption);
+}
 
-bool MenuItem::Enabled() const { return m_action->isEnabled(); }
+bool MenuItem::Enabled() const
+{
+    return m_action->isEnabled();
+}
 
 void MenuItem::SetEnabled(bool enabled)
 {
@@ -64,7 +73,10 @@ void MenuItem::SetEnabled(bool enabled)
     Note("Enabled", enabled);
 }
 
-bool MenuItem::Visible() const { return m_action->isVisible(); }
+bool MenuItem::Visible() const
+{
+    return m_action->isVisible();
+}
 
 void MenuItem::SetVisible(bool visible)
 {
@@ -72,7 +84,10 @@ void MenuItem::SetVisible(bool visible)
     Note("Visible", visible);
 }
 
-bool MenuItem::Checked() const { return m_action->isChecked(); }
+bool MenuItem::Checked() const
+{
+    return m_action->isChecked();
+}
 
 void MenuItem::SetChecked(bool checked)
 {

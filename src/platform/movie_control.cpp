@@ -101,7 +101,10 @@ void MovieControl::TSetProperty(const QString &target, int property, const QStri
     m_view->update();
 }
 
-QString MovieControl::Shown() const { return m_reader ? m_reader->Description() : QString(); }
+QString MovieControl::Shown() const
+{
+    return m_reader ? m_reader->Description() : QString();
+}
 
 void MovieControl::Describe()
 {

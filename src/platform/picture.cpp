@@ -88,7 +88,10 @@ void PictureBox::SetPicture(const QString &name)
     m_view->update();
 }
 
-void PictureBox::SetSpokenName(const QString &name) { m_view->setAccessibleName(name); }
+void PictureBox::SetSpokenName(const QString &name)
+{
+    m_view->setAccessibleName(name);
+}
 
 void PictureBox::Refresh()
 {

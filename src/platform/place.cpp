@@ -17,7 +17,8 @@ namespace {
 
 constexpr qsizetype LongestName = 255; // bytes
 
-bool IsRefusedLetter(const QString &name, qsizetype i) {
+bool IsRefusedLetter(const QString &name, qsizetype i)
+{
     const QChar letter = name.at(i);
     if (letter.category() == QChar::Other_Control)
         return true;
@@ -30,7 +31,8 @@ bool IsRefusedLetter(const QString &name, qsizetype i) {
 }
 
 // A trailing dot covers "." and "..", so no name leads up.
-bool IsRefused(const QString &name) {
+bool IsRefused(const QString &name)
+{
     if (name.endsWith(QLatin1Char('.')) || name.toUtf8().size() > LongestName)
         return true;
     for (qsizetype i = 0; i < name.size(); ++i)
@@ -39,17 +41,20 @@ bool IsRefused(const QString &name) {
     return false;
 }
 
-bool IsRefusedPattern(QString pattern) {
+bool IsRefusedPattern(QString pattern)
+{
     const QLatin1Char some('x');
     return IsRefused(pattern.replace(QLatin1Char('*'), some).replace(QLatin1Char('?'), some));
 }
 
-bool IsLink(const QString &native) {
+bool IsLink(const QString &native)
+{
     return QFileInfo(native).isSymLink();
 }
 
 // The spelling of a name as it is on disk: the exact one, else the first in order.
-QString Spelled(const QString &folder, const QString &name) {
+QString Spelled(const QString &folder, const QString &name)
+{
     const QFileInfo exact(folder + name);
     if (exact.exists() || exact.isSymLink())
         return name;
@@ -64,7 +69,8 @@ QString Spelled(const QString &folder, const QString &name) {
 }
 
 // Spells the parts but the last `unspelled`, and refuses links to go through on the drive.
-void Spell(Place &place, qsizetype unspelled) {
+void Spell(Place &place, qsizetype unspelled)
+{
     QString folder = place.Root;
     for (qsizetype i = 0; i < place.Parts.size(); ++i) {
         QString &part = place.Parts[i];
@@ -78,7 +84,8 @@ void Spell(Place &place, qsizetype unspelled) {
 }
 
 // A literal with backslashes; nothing for a native path.
-std::optional<Place> Parse(const QString &path, bool pattern) {
+std::optional<Place> Parse(const QString &path, bool pattern)
+{
     Place place;
     QString tail;
     if (path.startsWith(QStringLiteral("C:\\"), Qt::CaseInsensitive)) {
@@ -106,7 +113,8 @@ std::optional<Place> Parse(const QString &path, bool pattern) {
 }
 
 // A native path keeps its spelling; below the drive its names and links are judged all the same.
-Place FromNative(const QString &path, qsizetype patterns) {
+Place FromNative(const QString &path, qsizetype patterns)
+{
     const QString clean = QDir::cleanPath(path);
     const QString drive = QDir::cleanPath(host().DriveRoot()) + QLatin1Char('/');
     Place place;
@@ -129,18 +137,21 @@ Place FromNative(const QString &path, qsizetype patterns) {
 
 } // namespace
 
-QString Place::Native() const {
+QString Place::Native() const
+{
     return Root + Parts.join(QLatin1Char('/'));
 }
 
-Place Place::Folder() const {
+Place Place::Folder() const
+{
     Place folder = *this;
     if (!folder.Parts.isEmpty())
         folder.Parts.removeLast();
     return folder;
 }
 
-Place Locate(const QString &path) {
+Place Locate(const QString &path)
+{
     const std::optional<Place> literal = Parse(path, false);
     if (!literal)
         return FromNative(path, 0);
@@ -155,7 +166,8 @@ Place Locate(const QString &path) {
     return *literal;
 }
 
-Place LocatePattern(const QString &path) {
+Place LocatePattern(const QString &path)
+{
     const std::optional<Place> literal = Parse(path, true);
     if (literal)
         return *literal;
@@ -165,12 +177,14 @@ Place LocatePattern(const QString &path) {
     return place;
 }
 
-bool ComesBefore(const QString &left, const QString &right) {
+bool ComesBefore(const QString &left, const QString &right)
+{
     const int order = left.compare(right, Qt::CaseInsensitive);
     return order != 0 ? order < 0 : left < right;
 }
 
-bool Fits(const QString &name, const QString &pattern) {
+bool Fits(const QString &name, const QString &pattern)
+{
     if (pattern == QStringLiteral("*.*"))
         return true;
     const QString wanted = pattern.toLower();
@@ -200,7 +214,8 @@ bool Fits(const QString &name, const QString &pattern) {
     return in == wanted.size();
 }
 
-QString NativePath(const QString &path) {
+QString NativePath(const QString &path)
+{
     const std::optional<Place> literal = Parse(path, false);
     return literal ? literal->Native() : path;
 }

@@ -84,13 +84,17 @@ void Shape::Refresh()
 }
 
 Line::Line(const ControlId &id, double x1, double y1, double x2, double y2)
-    : Control(id), m_x1(x1), m_y1(y1), m_x2(x2), m_y2(y2), m_widget(new LineView(id.Parent.Client()))
+    : Control(id), m_x1(x1), m_y1(y1), m_x2(x2), m_y2(y2),
+      m_widget(new LineView(id.Parent.Client()))
 {
     PutInPlace();
     m_widget->show();
 }
 
-Line::~Line() { delete m_widget; }
+Line::~Line()
+{
+    delete m_widget;
+}
 
 void Line::SetVisible(bool visible)
 {

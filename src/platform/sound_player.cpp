@@ -21,7 +21,8 @@ constexpr pa_usec_t kTargetLength = 40 * PA_USEC_PER_MSEC;
 // A server that was stuck for longer must not answer a child who is at the next task by now.
 constexpr std::chrono::seconds kLatestStart{2};
 
-pa_sample_spec SampleSpec(const WaveSound &sound) {
+pa_sample_spec SampleSpec(const WaveSound &sound)
+{
     pa_sample_spec spec{};
     spec.format = sound.bitsPerSample == 8    ? PA_SAMPLE_U8
                   : sound.bitsPerSample == 16 ? PA_SAMPLE_S16LE
@@ -35,14 +36,16 @@ pa_sample_spec SampleSpec(const WaveSound &sound) {
 // All fields belong to the loop: they are touched with its lock held, which its callbacks have.
 class Player {
 public:
-    Player() : m_loop(pa_threaded_mainloop_new()) {
+    Player() : m_loop(pa_threaded_mainloop_new())
+    {
         if (m_loop && pa_threaded_mainloop_start(m_loop) < 0) {
             pa_threaded_mainloop_free(m_loop);
             m_loop = nullptr;
         }
     }
 
-    ~Player() {
+    ~Player()
+    {
         if (!m_loop)
             return;
         pa_threaded_mainloop_stop(m_loop);
@@ -54,7 +57,8 @@ public:
     Player(const Player &) = delete;
     Player &operator=(const Player &) = delete;
 
-    void Play(WaveSound sound) {
+    void Play(WaveSound sound)
+    {
         if (!m_loop)
             return;
         pa_threaded_mainloop_lock(m_loop);
@@ -68,7 +72,8 @@ public:
     }
 
 private:
-    static void Start(pa_mainloop_api *, void *self) {
+    static void Start(pa_mainloop_api *, void *self)
+    {
         Player &player = *static_cast<Player *>(self);
         player.DropStream(); // of a sound asked for just before
         if (!player.m_context || !PA_CONTEXT_IS_GOOD(pa_context_get_state(player.m_context)))
@@ -77,7 +82,8 @@ private:
             player.StartStream();
     }
 
-    void Connect() {
+    void Connect()
+    {
         DropContext();
         m_context = pa_context_new(pa_threaded_mainloop_get_api(m_loop), "MorleneKVT");
         if (!m_context)
@@ -86,7 +92,8 @@ private:
         pa_context_connect(m_context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr);
     }
 
-    void StartStream() {
+    void StartStream()
+    {
         if (IsTooLate() || m_sound.samples.isEmpty())
             return;
         const pa_sample_spec spec = SampleSpec(m_sound);
@@ -111,7 +118,8 @@ private:
 
     // Without its callbacks a stream that is on its way out cannot disturb the next one. One that
     // the server has not answered yet can only be ended when the answer comes.
-    void DropStream() {
+    void DropStream()
+    {
         if (!m_stream)
             return;
         pa_stream_set_write_callback(m_stream, nullptr, nullptr);
@@ -125,7 +133,8 @@ private:
         m_stream = nullptr;
     }
 
-    void DropContext() {
+    void DropContext()
+    {
         if (!m_context)
             return;
         pa_context_set_state_callback(m_context, nullptr, nullptr);
@@ -134,7 +143,8 @@ private:
         m_context = nullptr;
     }
 
-    static void ContextChanged(pa_context *context, void *self) {
+    static void ContextChanged(pa_context *context, void *self)
+    {
         Player &player = *static_cast<Player *>(self);
         const pa_context_state_t state = pa_context_get_state(context);
         if (state == PA_CONTEXT_READY)
@@ -143,17 +153,20 @@ private:
             player.DropStream();
     }
 
-    static void StreamChanged(pa_stream *stream, void *self) {
+    static void StreamChanged(pa_stream *stream, void *self)
+    {
         if (!PA_STREAM_IS_GOOD(pa_stream_get_state(stream)))
             static_cast<Player *>(self)->DropStream();
     }
 
-    static void EndWhenReady(pa_stream *stream, void *) {
+    static void EndWhenReady(pa_stream *stream, void *)
+    {
         if (pa_stream_get_state(stream) == PA_STREAM_READY)
             pa_stream_disconnect(stream);
     }
 
-    static void WriteMore(pa_stream *stream, size_t wanted, void *self) {
+    static void WriteMore(pa_stream *stream, size_t wanted, void *self)
+    {
         Player &player = *static_cast<Player *>(self);
         if (player.m_written == 0 && player.IsTooLate()) {
             player.DropStream();
@@ -187,7 +200,8 @@ private:
 
 } // namespace
 
-void PlayWaveFile(const QString &nativePath) {
+void PlayWaveFile(const QString &nativePath)
+{
     static Player player;
     // A missing file cuts off what still plays, too.
     player.Play(ReadWaveFile(nativePath).value_or(WaveSound{}));
@@ -201,7 +215,8 @@ void PlayWaveFile(const QString &nativePath) {
 
 #include <mmsystem.h>
 
-void platform::PlayWaveFile(const QString &nativePath) {
+void platform::PlayWaveFile(const QString &nativePath)
+{
     PlaySoundW(reinterpret_cast<const wchar_t *>(nativePath.utf16()), nullptr,
                SND_FILENAME | SND_ASYNC | SND_NODEFAULT);
 }

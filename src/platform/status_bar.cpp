@@ -44,7 +44,10 @@ QLabel *StatusBar::Label(int number) const
     return m_panels[static_cast<size_t>(number - 1)];
 }
 
-QString StatusBar::Panel(int number) const { return Label(number)->text(); }
+QString StatusBar::Panel(int number) const
+{
+    return Label(number)->text();
+}
 
 void StatusBar::SetPanel(int number, const QString &text)
 {
@@ -52,9 +55,18 @@ void StatusBar::SetPanel(int number, const QString &text)
     Note(number == 1 ? "Panels(1)" : number == 2 ? "Panels(2)" : "Panels(3)", text);
 }
 
-void StatusBar::SetLeft(double) { throw RunTimeError(SetNotSupported, Key()); }
-void StatusBar::SetTop(double) { throw RunTimeError(SetNotSupported, Key()); }
-void StatusBar::SetWidth(double) { throw RunTimeError(SetNotSupported, Key()); }
+void StatusBar::SetLeft(double)
+{
+    throw RunTimeError(SetNotSupported, Key());
+}
+void StatusBar::SetTop(double)
+{
+    throw RunTimeError(SetNotSupported, Key());
+}
+void StatusBar::SetWidth(double)
+{
+    throw RunTimeError(SetNotSupported, Key());
+}
 
 void StatusBar::PutInPlace()
 {

@@ -32,7 +32,10 @@ TextBox::TextBox(const ControlId &id, const Place &place, Kind kind)
     }
 }
 
-QString TextBox::Text() const { return m_line != nullptr ? m_line->text() : m_page->toPlainText(); }
+QString TextBox::Text() const
+{
+    return m_line != nullptr ? m_line->text() : m_page->toPlainText();
+}
 
 void TextBox::SetText(const QString &text)
 {

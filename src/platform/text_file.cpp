@@ -13,7 +13,8 @@ namespace {
 
 constexpr int SignificantDigits = 15;
 
-QByteArray PrintedNumber(double value) {
+QByteArray PrintedNumber(double value)
+{
     // The sum makes a negative nought a plain one.
     QByteArray number = QByteArray::number(value + 0.0, 'g', SignificantDigits).toUpper();
     if (number.startsWith("0."))
@@ -23,25 +24,29 @@ QByteArray PrintedNumber(double value) {
     return number.startsWith('-') ? number : ' ' + number;
 }
 
-bool IsDigit(char letter) {
+bool IsDigit(char letter)
+{
     return letter >= '0' && letter <= '9';
 }
 
 // Passes the digits from `at` on and tells how many there were.
-qsizetype PassDigits(const QByteArray &text, qsizetype &at) {
+qsizetype PassDigits(const QByteArray &text, qsizetype &at)
+{
     const qsizetype start = at;
     while (at < text.size() && IsDigit(text.at(at)))
         ++at;
     return at - start;
 }
 
-void PassSign(const QByteArray &text, qsizetype &at) {
+void PassSign(const QByteArray &text, qsizetype &at)
+{
     if (at < text.size() && (text.at(at) == '+' || text.at(at) == '-'))
         ++at;
 }
 
 // A sign, digits, a point, an exponent; nothing else, whatever the locale.
-bool IsNumber(const QByteArray &text) {
+bool IsNumber(const QByteArray &text)
+{
     qsizetype at = 0;
     PassSign(text, at);
     qsizetype digits = PassDigits(text, at);
@@ -69,23 +74,27 @@ struct TextWriter::State {
 
 TextWriter::TextWriter(const QString &path) : m_state(std::make_unique<State>(path)) {}
 
-TextWriter::~TextWriter() {
+TextWriter::~TextWriter()
+{
     Skipping([this] { Close(); });
 }
 
-void TextWriter::PrintText(const QString &line) {
+void TextWriter::PrintText(const QString &line)
+{
     if (!m_state->Open)
         throw RunTimeError(BadFileNameOrNumber);
     m_state->Content += ToCodePage(line) + "\r\n";
 }
 
-void TextWriter::PrintNumber(double value) {
+void TextWriter::PrintNumber(double value)
+{
     if (!m_state->Open)
         throw RunTimeError(BadFileNameOrNumber);
     m_state->Content += PrintedNumber(value) + " \r\n";
 }
 
-void TextWriter::Close() {
+void TextWriter::Close()
+{
     if (!m_state->Open)
         return;
     m_state->Open = false;
@@ -99,11 +108,13 @@ struct RecordReader::State {
     bool End() const { return At >= Content.size(); }
     char Here() const { return Content.at(At); }
     bool AtLineEnd() const { return End() || Here() == '\r' || Here() == '\n'; }
-    void SkipBlanks() {
+    void SkipBlanks()
+    {
         while (!End() && (Here() == ' ' || Here() == '\t'))
             ++At;
     }
-    void SkipLineEnd() {
+    void SkipLineEnd()
+    {
         if (End())
             return;
         const bool carriageReturn = Here() == '\r';
@@ -112,7 +123,8 @@ struct RecordReader::State {
             ++At;
     }
     // Over the comma or the line end that ends a field.
-    void SkipSeparator() {
+    void SkipSeparator()
+    {
         if (!End() && Here() == ',')
             ++At;
         else
@@ -122,17 +134,20 @@ struct RecordReader::State {
 
 RecordReader::RecordReader(const QString &path) : RecordReader(ReadFile(path)) {}
 
-RecordReader::RecordReader(const QByteArray &content) : m_state(std::make_unique<State>()) {
+RecordReader::RecordReader(const QByteArray &content) : m_state(std::make_unique<State>())
+{
     m_state->Content = content;
 }
 
 RecordReader::~RecordReader() = default;
 
-bool RecordReader::AtEnd() const {
+bool RecordReader::AtEnd() const
+{
     return m_state->End();
 }
 
-QString RecordReader::Text() {
+QString RecordReader::Text()
+{
     State &state = *m_state;
     if (state.End())
         throw RunTimeError(InputPastEnd);
@@ -159,7 +174,8 @@ QString RecordReader::Text() {
     return FromCodePage(field);
 }
 
-double RecordReader::Number() {
+double RecordReader::Number()
+{
     const QString field = Text();
     QByteArray text = ToCodePage(field).toLower();
     while (text.endsWith(' ') || text.endsWith('\t'))
@@ -178,11 +194,13 @@ double RecordReader::Number() {
     return value;
 }
 
-int16_t RecordReader::Integer() {
+int16_t RecordReader::Integer()
+{
     return Integer16(RoundToLong(Number()));
 }
 
-QString RecordReader::Line() {
+QString RecordReader::Line()
+{
     State &state = *m_state;
     if (state.End())
         throw RunTimeError(InputPastEnd);

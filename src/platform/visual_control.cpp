@@ -58,7 +58,10 @@ void VisualControl::PutInPlace()
                           ToPixels(m_place.Top + m_place.Height) - top);
 }
 
-void VisualControl::Refresh() { m_widget->update(); }
+void VisualControl::Refresh()
+{
+    m_widget->update();
+}
 
 void VisualControl::SetLeft(double twips)
 {
@@ -103,9 +106,15 @@ void VisualControl::SetVisible(bool visible)
     Note("Visible", visible);
 }
 
-QString VisualControl::ToolTipText() const { return m_widget->toolTip(); }
+QString VisualControl::ToolTipText() const
+{
+    return m_widget->toolTip();
+}
 
-void VisualControl::SetToolTipText(const QString &text) { m_widget->setToolTip(text); }
+void VisualControl::SetToolTipText(const QString &text)
+{
+    m_widget->setToolTip(text);
+}
 
 void VisualControl::SetBackColor(platform::Color color)
 {
@@ -166,8 +175,8 @@ void VisualControl::SetFocus()
     QWidget *window = m_widget->window();
     const bool menuInUse = qobject_cast<QMenuBar *>(QApplication::focusWidget()) != nullptr ||
                            QApplication::activePopupWidget() != nullptr;
-    const bool otherModal = QApplication::activeModalWidget() != nullptr &&
-                            QApplication::activeModalWidget() != window;
+    const bool otherModal =
+        QApplication::activeModalWidget() != nullptr && QApplication::activeModalWidget() != window;
     if (Parent().Unloaded() || !m_visible || !m_enabled || menuInUse || otherModal ||
         !window->isActiveWindow())
         throw RunTimeError(BadCall, Key());
@@ -175,7 +184,10 @@ void VisualControl::SetFocus()
         m_widget->setFocus(Qt::OtherFocusReason);
 }
 
-bool VisualControl::HasFocus() const { return m_widget->hasFocus(); }
+bool VisualControl::HasFocus() const
+{
+    return m_widget->hasFocus();
+}
 
 void VisualControl::Click()
 {

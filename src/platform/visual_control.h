@@ -1,5 +1,5 @@
-// What all controls share that a person sees: a place kept exactly in twips, colours, font, pointer,
-// the events of mouse and keyboard.
+// What all controls share that a person sees: a place kept exactly in twips, colours, font,
+// pointer, the events of mouse and keyboard.
 #pragma once
 
 #include "platform/colors.h"

@@ -23,19 +23,23 @@ constexpr quint16 kExtended = 0xFFFE;
 constexpr quint32 kLowestRate = 1000;
 constexpr quint32 kHighestRate = 192000;
 
-quint16 Number16(const QByteArray &bytes, qsizetype at) {
+quint16 Number16(const QByteArray &bytes, qsizetype at)
+{
     return qFromLittleEndian<quint16>(bytes.constData() + at);
 }
 
-quint32 Number32(const QByteArray &bytes, qsizetype at) {
+quint32 Number32(const QByteArray &bytes, qsizetype at)
+{
     return qFromLittleEndian<quint32>(bytes.constData() + at);
 }
 
-bool HasLetters(const QByteArray &bytes, qsizetype at, const char *letters) {
+bool HasLetters(const QByteArray &bytes, qsizetype at, const char *letters)
+{
     return std::equal(letters, letters + 4, bytes.constData() + at);
 }
 
-std::optional<WaveSound> ReadFormat(const QByteArray &bytes, qsizetype at, qsizetype length) {
+std::optional<WaveSound> ReadFormat(const QByteArray &bytes, qsizetype at, qsizetype length)
+{
     if (length < kPlainFormat)
         return std::nullopt;
     quint16 kind = Number16(bytes, at);
@@ -54,7 +58,8 @@ std::optional<WaveSound> ReadFormat(const QByteArray &bytes, qsizetype at, qsize
 
 } // namespace
 
-std::optional<WaveSound> ReadWave(const QByteArray &bytes) {
+std::optional<WaveSound> ReadWave(const QByteArray &bytes)
+{
     if (bytes.size() < kRiffHeader || !HasLetters(bytes, 0, "RIFF") ||
         !HasLetters(bytes, 8, "WAVE"))
         return std::nullopt;
@@ -80,7 +85,8 @@ std::optional<WaveSound> ReadWave(const QByteArray &bytes) {
     return std::nullopt;
 }
 
-std::optional<WaveSound> ReadWaveFile(const QString &nativePath) {
+std::optional<WaveSound> ReadWaveFile(const QString &nativePath)
+{
     // A named pipe would block on opening.
     if (!QFileInfo(nativePath).isFile())
         return std::nullopt;

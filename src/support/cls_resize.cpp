@@ -5,6 +5,7 @@
 #include "platform/errors.h"
 #include "platform/shape.h"
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 
@@ -24,11 +25,17 @@ void Assegna(const std::function<void()> &istruzione)
     }
 }
 
-int32_t Intero(double twips) { return RoundToLong(twips); }
+int32_t Intero(double twips)
+{
+    return RoundToLong(twips);
+}
 
 } // namespace
 
-void clsResize::SetSourceForm(Form &finestra) { m_finestra = FormRef(finestra); }
+void clsResize::SetSourceForm(Form &finestra)
+{
+    m_finestra = FormRef(finestra);
+}
 
 void clsResize::ReInitialise()
 {
@@ -78,12 +85,17 @@ void clsResize::ResizeControls()
         return;
     if (m_daInizializzare)
         ReInitialise();
+    if (m_larghezza == 0 || m_altezza == 0)
+        throw RunTimeError(DivisionByZero, finestra->Name());
     const double orizzontale = finestra->ScaleWidth() / m_larghezza;
     const double verticale = finestra->ScaleHeight() / m_altezza;
     finestra->LockDrawing(true);
     // Always from the designed values, so that rounding never adds up.
+    const auto &presenti = finestra->Controls();
     for (const Misure &misure : m_controlli)
-        Scala(misure, orizzontale, verticale);
+        // An element may have been taken away since.
+        if (std::find(presenti.begin(), presenti.end(), misure.Controllo) != presenti.end())
+            Scala(misure, orizzontale, verticale);
     finestra->LockDrawing(false);
 }
 

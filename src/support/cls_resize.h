@@ -1,5 +1,5 @@
-// Windows are designed once, in twips, and fill screens of any size: remembers the designed place of
-// each control and scales all of them by the ratios of the window's inner size, never the fonts.
+// Windows are designed once, in twips, and fill screens of any size: remembers the designed place
+// of each control and scales all of them by the ratios of the window's inner size, never the fonts.
 #pragma once
 
 #include "platform/form.h"
@@ -29,10 +29,10 @@ public:
 private:
     struct Misure {
         platform::Control *Controllo;
-        int32_t Sinistra = 0; // X1 of a line
-        int32_t Alto = 0;     // Y1
+        int32_t Sinistra = 0;  // X1 of a line
+        int32_t Alto = 0;      // Y1
         int32_t Larghezza = 0; // X2
-        int32_t Altezza = 0;  // Y2
+        int32_t Altezza = 0;   // Y2
     };
 
     static void Scala(const Misure &misure, double orizzontale, double verticale);

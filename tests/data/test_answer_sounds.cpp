@@ -13,7 +13,8 @@ namespace {
 
 constexpr int kSilent = 33; // a thousandth of full scale: no step that is heard as a click
 
-QList<int> Samples(const QByteArray &bytes) {
+QList<int> Samples(const QByteArray &bytes)
+{
     QList<int> samples;
     for (qsizetype at = 0; at + 1 < bytes.size(); at += 2)
         samples << qFromLittleEndian<qint16>(bytes.constData() + at);
@@ -21,7 +22,8 @@ QList<int> Samples(const QByteArray &bytes) {
 }
 
 // From the first to the last sample that is within 40 decibels of the loudest.
-double LoudnessInDecibels(const QList<int> &samples) {
+double LoudnessInDecibels(const QList<int> &samples)
+{
     int peak = 0;
     for (int sample : samples)
         peak = std::max(peak, std::abs(sample));
@@ -56,14 +58,16 @@ private Q_SLOTS:
     void noSoundClicksOrIsClipped();
 };
 
-void TestAnswerSounds::filesAreNumberedFromOneWithoutGaps_data() {
+void TestAnswerSounds::filesAreNumberedFromOneWithoutGaps_data()
+{
     QTest::addColumn<QString>("folder");
     QTest::addColumn<int>("least");
     QTest::newRow("right") << QStringLiteral("si") << 6;
     QTest::newRow("wrong") << QStringLiteral("no") << 4;
 }
 
-void TestAnswerSounds::filesAreNumberedFromOneWithoutGaps() {
+void TestAnswerSounds::filesAreNumberedFromOneWithoutGaps()
+{
     QFETCH(QString, folder);
     QFETCH(int, least);
     const QDir files(QStringLiteral(APPLICATION_DIR "/suoni/") + folder);
@@ -73,7 +77,8 @@ void TestAnswerSounds::filesAreNumberedFromOneWithoutGaps() {
         QVERIFY(files.exists(QStringLiteral("%1.wav").arg(number)));
 }
 
-void TestAnswerSounds::everySoundIsShortAndOfOneKind_data() {
+void TestAnswerSounds::everySoundIsShortAndOfOneKind_data()
+{
     QTest::addColumn<QString>("path");
     for (const QString &folder : {QStringLiteral("si"), QStringLiteral("no")}) {
         const QDir files(QStringLiteral(APPLICATION_DIR "/suoni/") + folder);
@@ -82,7 +87,8 @@ void TestAnswerSounds::everySoundIsShortAndOfOneKind_data() {
     }
 }
 
-void TestAnswerSounds::everySoundIsShortAndOfOneKind() {
+void TestAnswerSounds::everySoundIsShortAndOfOneKind()
+{
     QFETCH(QString, path);
     const auto sound = platform::ReadWaveFile(path);
     QVERIFY(sound);
@@ -93,7 +99,8 @@ void TestAnswerSounds::everySoundIsShortAndOfOneKind() {
     QVERIFY2(seconds >= 0.4 && seconds <= 1.5, QByteArray::number(seconds));
 }
 
-void TestAnswerSounds::everySoundIsOfOneLoudness() {
+void TestAnswerSounds::everySoundIsOfOneLoudness()
+{
     QFETCH(QString, path);
     const auto sound = platform::ReadWaveFile(path);
     QVERIFY(sound);
@@ -101,7 +108,8 @@ void TestAnswerSounds::everySoundIsOfOneLoudness() {
     QVERIFY2(std::abs(loudness + 20) < 0.5, QByteArray::number(loudness));
 }
 
-void TestAnswerSounds::noSoundClicksOrIsClipped() {
+void TestAnswerSounds::noSoundClicksOrIsClipped()
+{
     QFETCH(QString, path);
     const auto sound = platform::ReadWaveFile(path);
     QVERIFY(sound);

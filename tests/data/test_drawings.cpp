@@ -19,11 +19,13 @@ const QStringList Parts = {QStringLiteral("comignolo"), QStringLiteral("tetto"),
 // Where a figure is smallest, in pixels: the grids of ten.
 constexpr QSize SmallestFigure(80, 110);
 
-QString DataPath(const QString &path) {
+QString DataPath(const QString &path)
+{
     return QStringLiteral(SOURCE_DIR "/data/") + path;
 }
 
-QDomDocument Read(const QString &path) {
+QDomDocument Read(const QString &path)
+{
     QFile file(path);
     QDomDocument document;
     if (!file.open(QIODevice::ReadOnly) || !document.setContent(file.readAll()))
@@ -31,7 +33,8 @@ QDomDocument Read(const QString &path) {
     return document;
 }
 
-QDomElement WithId(const QDomElement &element, const QString &id) {
+QDomElement WithId(const QDomElement &element, const QString &id)
+{
     if (element.attribute(QStringLiteral("id")) == id)
         return element;
     for (QDomElement child = element.firstChildElement(); !child.isNull();
@@ -43,7 +46,8 @@ QDomElement WithId(const QDomElement &element, const QString &id) {
     return {};
 }
 
-QImage Drawn(const QByteArray &svg, QSize size, const QColor &background = Qt::transparent) {
+QImage Drawn(const QByteArray &svg, QSize size, const QColor &background = Qt::transparent)
+{
     QSvgRenderer renderer(svg);
     if (!renderer.isValid())
         return {};
@@ -55,12 +59,14 @@ QImage Drawn(const QByteArray &svg, QSize size, const QColor &background = Qt::t
     return image;
 }
 
-QColor ColorOfPart(qsizetype part) {
+QColor ColorOfPart(qsizetype part)
+{
     return QColor::fromHsv(int(part) * 45, 255, 255);
 }
 
 void SetStyle(const QDomDocument &figure, const QString &id, const QString &property,
-              const QString &value) {
+              const QString &value)
+{
     QDomElement element = WithId(figure.documentElement(), id);
     QStringList style;
     for (const QString &entry : element.attribute(QStringLiteral("style")).split(u';')) {
@@ -72,7 +78,8 @@ void SetStyle(const QDomDocument &figure, const QString &id, const QString &prop
 
 // The pixels of each part when the figure is drawn in its smallest place, every part in a colour
 // of its own; with its outline, which takes a click as well, or the painted inside alone.
-QMap<QString, int> Covered(QDomDocument figure, bool withOutlines) {
+QMap<QString, int> Covered(QDomDocument figure, bool withOutlines)
+{
     for (qsizetype i = 0; i < Parts.size(); ++i) {
         const QString color = ColorOfPart(i).name();
         SetStyle(figure, Parts[i] + QStringLiteral(".interno"), QStringLiteral("fill"), color);
@@ -96,7 +103,8 @@ QMap<QString, int> Covered(QDomDocument figure, bool withOutlines) {
     return covered;
 }
 
-QStringList Pictures() {
+QStringList Pictures()
+{
     return QDir(DataPath(QStringLiteral("images"))).entryList({QStringLiteral("*.svg")});
 }
 
@@ -127,19 +135,22 @@ private:
     static void PictureRows();
 };
 
-void TestDrawings::Figures() {
+void TestDrawings::Figures()
+{
     QTest::addColumn<QString>("path");
     for (const auto *name : {"morlene1", "morlena0"})
         QTest::newRow(name) << DataPath(QStringLiteral("swf/%1.svg").arg(QLatin1String(name)));
 }
 
-void TestDrawings::PictureRows() {
+void TestDrawings::PictureRows()
+{
     QTest::addColumn<QString>("path");
     for (const QString &name : Pictures())
         QTest::newRow(qPrintable(name)) << DataPath(QStringLiteral("images/") + name);
 }
 
-void TestDrawings::everyPartIsEasyToHitInTheSmallestPlace() {
+void TestDrawings::everyPartIsEasyToHitInTheSmallestPlace()
+{
     QFETCH(QString, path);
     const QMap<QString, int> covered = Covered(Read(path), true);
     for (const QString &part : Parts)
@@ -147,7 +158,8 @@ void TestDrawings::everyPartIsEasyToHitInTheSmallestPlace() {
                  qPrintable(QStringLiteral("%1: %2 square pixels").arg(part).arg(covered[part])));
 }
 
-void TestDrawings::thePaintOfEveryPartIsSeenInTheSmallestPlace() {
+void TestDrawings::thePaintOfEveryPartIsSeenInTheSmallestPlace()
+{
     QFETCH(QString, path);
     const QMap<QString, int> painted = Covered(Read(path), false);
     for (const QString &part : Parts)
@@ -155,7 +167,8 @@ void TestDrawings::thePaintOfEveryPartIsSeenInTheSmallestPlace() {
                  qPrintable(QStringLiteral("%1: %2 square pixels").arg(part).arg(painted[part])));
 }
 
-void TestDrawings::smokeAndCloudsCanBeHiddenAlone() {
+void TestDrawings::smokeAndCloudsCanBeHiddenAlone()
+{
     QFETCH(QString, path);
     const QMap<QString, int> before = Covered(Read(path), true);
     for (const QString &hidden : {QStringLiteral("fumo"), QStringLiteral("nuvole")}) {
@@ -169,7 +182,8 @@ void TestDrawings::smokeAndCloudsCanBeHiddenAlone() {
     }
 }
 
-void TestDrawings::theFigureHasNoBackgroundOfItsOwn() {
+void TestDrawings::theFigureHasNoBackgroundOfItsOwn()
+{
     QFETCH(QString, path);
     const QImage image = Drawn(Read(path).toByteArray(), SmallestFigure);
     for (const QPoint corner : {QPoint(0, 0), QPoint(79, 0), QPoint(0, 109), QPoint(79, 109)})
@@ -177,7 +191,8 @@ void TestDrawings::theFigureHasNoBackgroundOfItsOwn() {
     QCOMPARE(image.pixelColor(0, 95).alpha(), 0);
 }
 
-void TestDrawings::everyPictureThatWindowsNameIsThere() {
+void TestDrawings::everyPictureThatWindowsNameIsThere()
+{
     const QStringList there = Pictures();
     for (const auto *name :
          {"vero_o_falso", "uguale_diverso", "uguali_1", "uguali_2", "colora", "insiemi", "intrusi",
@@ -185,7 +200,8 @@ void TestDrawings::everyPictureThatWindowsNameIsThere() {
         QVERIFY2(there.contains(QLatin1String(name) + QStringLiteral(".svg")), name);
 }
 
-void TestDrawings::everyPictureCanBeSeenAtItsSmallest() {
+void TestDrawings::everyPictureCanBeSeenAtItsSmallest()
+{
     QFETCH(QString, path);
     const QImage image = Drawn(Read(path).toByteArray(), QSize(32, 32));
     QVERIFY2(!image.isNull(), "no drawing that can be rendered");
@@ -202,7 +218,8 @@ void TestDrawings::everyPictureCanBeSeenAtItsSmallest() {
     QVERIFY2(dark > 32 * 32 / 25, qPrintable(QString::number(dark)));
 }
 
-void TestDrawings::everyPictureIsFlatAndWithoutText() {
+void TestDrawings::everyPictureIsFlatAndWithoutText()
+{
     QFETCH(QString, path);
     const QDomDocument picture = Read(path);
     for (const auto *tag : {"text", "image", "linearGradient", "radialGradient", "clipPath", "mask",
@@ -215,7 +232,8 @@ void TestDrawings::everyPictureIsFlatAndWithoutText() {
         QCOMPARE(box[2], box[3]);
 }
 
-void TestDrawings::noTwoPicturesLookAlikeWithoutColour() {
+void TestDrawings::noTwoPicturesLookAlikeWithoutColour()
+{
     QMap<QString, QImage> grey;
     for (const QString &name : Pictures()) {
         const QByteArray svg = Read(DataPath(QStringLiteral("images/") + name)).toByteArray();
@@ -234,7 +252,8 @@ void TestDrawings::noTwoPicturesLookAlikeWithoutColour() {
     }
 }
 
-void TestDrawings::thePointersHotSpotIsTheTipOfItsFinger() {
+void TestDrawings::thePointersHotSpotIsTheTipOfItsFinger()
+{
     const QImage hand =
         Drawn(Read(DataPath(QStringLiteral("images/mano.svg"))).toByteArray(), QSize(32, 32));
     QVERIFY(hand.pixelColor(10, 2).alpha() > 200);

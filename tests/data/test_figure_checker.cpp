@@ -17,7 +17,8 @@ struct Verdict {
     QStringList Faults;
 };
 
-Verdict Checked(const QStringList &paths) {
+Verdict Checked(const QStringList &paths)
+{
     QProcess checker;
     checker.start(QStringLiteral("python3"),
                   QStringList(QStringLiteral(SOURCE_DIR "/tools/check_figure.py")) + paths);
@@ -30,13 +31,15 @@ Verdict Checked(const QStringList &paths) {
             QString::fromUtf8(checker.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts)};
 }
 
-QString Figure(const QString &name) {
+QString Figure(const QString &name)
+{
     return QStringLiteral(SOURCE_DIR "/data/swf/") + name;
 }
 
 // The program's figure with `from`, where it first stands, changed into `to`; empty when the
 // figure holds no such thing.
-QByteArray Damaged(const QString &from, const QString &to) {
+QByteArray Damaged(const QString &from, const QString &to)
+{
     QFile whole(Figure(QStringLiteral("morlene1.svg")));
     if (!whole.open(QIODevice::ReadOnly))
         return {};
@@ -66,21 +69,24 @@ private:
     QTemporaryDir m_folder;
 };
 
-QString TestFigureChecker::Written(const QString &name, const QByteArray &content) {
+QString TestFigureChecker::Written(const QString &name, const QByteArray &content)
+{
     QFile file(m_folder.filePath(name));
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         qWarning("cannot write %s", qPrintable(file.fileName()));
     return file.fileName();
 }
 
-void TestFigureChecker::bothFiguresPass() {
+void TestFigureChecker::bothFiguresPass()
+{
     const Verdict verdict =
         Checked({Figure(QStringLiteral("morlene1.svg")), Figure(QStringLiteral("morlena0.svg"))});
     QCOMPARE(verdict.Faults, QStringList());
     QCOMPARE(verdict.Status, 0);
 }
 
-void TestFigureChecker::aDamagedFigureIsRefused_data() {
+void TestFigureChecker::aDamagedFigureIsRefused_data()
+{
     QTest::addColumn<QString>("from");
     QTest::addColumn<QString>("to");
     QTest::addColumn<QString>("fault");
@@ -120,7 +126,8 @@ void TestFigureChecker::aDamagedFigureIsRefused_data() {
         "the id \"tetto\" stands there twice");
 }
 
-void TestFigureChecker::aDamagedFigureIsRefused() {
+void TestFigureChecker::aDamagedFigureIsRefused()
+{
     QFETCH(QString, from);
     QFETCH(QString, to);
     QFETCH(QString, fault);
@@ -131,7 +138,8 @@ void TestFigureChecker::aDamagedFigureIsRefused() {
     QVERIFY2(verdict.Faults.join(u'\n').contains(fault), qPrintable(verdict.Faults.join(u'\n')));
 }
 
-void TestFigureChecker::everyPartAndEachOfItsObjectsIsNeeded() {
+void TestFigureChecker::everyPartAndEachOfItsObjectsIsNeeded()
+{
     QStringList paths;
     QStringList expected;
     const auto without = [&](const QString &id, const QString &fault) {
@@ -154,7 +162,8 @@ void TestFigureChecker::everyPartAndEachOfItsObjectsIsNeeded() {
         QVERIFY2(verdict.Faults.join(u'\n').contains(fault), qPrintable(fault));
 }
 
-void TestFigureChecker::everyFaultStandsOnALineOfItsOwn() {
+void TestFigureChecker::everyFaultStandsOnALineOfItsOwn()
+{
     const Verdict verdict = Checked(
         {Written(QStringLiteral("empty.svg"), "<svg xmlns=\"http://www.w3.org/2000/svg\"/>")});
     QCOMPARE(verdict.Status, 1);
@@ -162,13 +171,15 @@ void TestFigureChecker::everyFaultStandsOnALineOfItsOwn() {
     QCOMPARE(verdict.Faults.size(), 9);
 }
 
-void TestFigureChecker::aFileThatIsNoDrawingIsRefused() {
+void TestFigureChecker::aFileThatIsNoDrawingIsRefused()
+{
     QCOMPARE(Checked({Written(QStringLiteral("torn.svg"), "<svg viewBox=\"0 0 7")}).Status, 1);
     QCOMPARE(Checked({Written(QStringLiteral("page.svg"), "<html/>")}).Status, 1);
     QCOMPARE(Checked({m_folder.filePath(QStringLiteral("absent.svg"))}).Status, 1);
 }
 
-void TestFigureChecker::withoutADrawingItTellsHowItIsUsed() {
+void TestFigureChecker::withoutADrawingItTellsHowItIsUsed()
+{
     const Verdict verdict = Checked({});
     QCOMPARE(verdict.Status, 2);
     QVERIFY(verdict.Faults.join(u'\n').contains(QStringLiteral("Usage")));

@@ -75,16 +75,29 @@ private Q_SLOTS:
         const QStringList events = player.Host.TakeEvents();
         const QString inOrder = events.join(QLatin1Char('\n'));
         int last = -1;
-        for (const char *step :
-             {"picMerlino.Visible=False", "Command1(0).MousePointer=0", "FormEs1.BackColor=00ffff80",
-              "Command1(0).BackColor=8000000f", "mnuLivelli.Enabled=True", "Panels(3)=1 Livello",
-              "Panels(1)=0 Esatti", "Panels(2)=0 Errati", "ShockwaveFlash1.Movie=", "GotoFrame=0",
-              "FormEs1.MousePointer=11", "estratto 0 di 4", "BGColor=FFFFCC",
-              "SetVariable=QualeOggetto comignolo.interno",
-              "SetVariable=TestoColore.QualeColore 00FF00",
-              "SetVariable=QualeOggetto gradino.interno", "TSetProperty=fumo 7 1",
-              "TSetProperty=nuvole 7 0", "FormEs1.MousePointer=0", "Command1(0).Enabled=True",
-              "Command1(2).Enabled=False", "estratto 1 di 8", "Label1.Caption=Il tetto è verde."}) {
+        for (const char *step : {"picMerlino.Visible=False",
+                                 "Command1(0).MousePointer=0",
+                                 "FormEs1.BackColor=00ffff80",
+                                 "Command1(0).BackColor=8000000f",
+                                 "mnuLivelli.Enabled=True",
+                                 "Panels(3)=1 Livello",
+                                 "Panels(1)=0 Esatti",
+                                 "Panels(2)=0 Errati",
+                                 "ShockwaveFlash1.Movie=",
+                                 "GotoFrame=0",
+                                 "FormEs1.MousePointer=11",
+                                 "estratto 0 di 4",
+                                 "BGColor=FFFFCC",
+                                 "SetVariable=QualeOggetto comignolo.interno",
+                                 "SetVariable=TestoColore.QualeColore 00FF00",
+                                 "SetVariable=QualeOggetto gradino.interno",
+                                 "TSetProperty=fumo 7 1",
+                                 "TSetProperty=nuvole 7 0",
+                                 "FormEs1.MousePointer=0",
+                                 "Command1(0).Enabled=True",
+                                 "Command1(2).Enabled=False",
+                                 "estratto 1 di 8",
+                                 "Label1.Caption=Il tetto è verde."}) {
             const auto at = static_cast<int>(inOrder.indexOf(QString::fromUtf8(step), last + 1));
             QVERIFY2(at > last, step);
             last = at;
@@ -256,7 +269,8 @@ private Q_SLOTS:
                 QVERIFY2(Esatti == before + 1, qPrintable(sentence + figure));
                 QCOMPARE(Errati, int16_t{0});
             } else {
-                // After a reward the next three figures of a colouring are shown as the file has them: meant.
+                // After a reward the next three figures of a colouring are shown as the file has
+                // them: meant.
                 ++unpainted;
                 form.Command1.OnClick(form.IndiceEsatto);
             }

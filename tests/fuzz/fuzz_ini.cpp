@@ -10,7 +10,8 @@
 
 using namespace platform;
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
     static FolderHost host;
     const QByteArray content(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
     const QString path = QStringLiteral("C:\\a.ini");

@@ -9,7 +9,8 @@
 #include <cstddef>
 #include <cstdint>
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
     static int count = 1;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     static char name[] = "fuzz_movie";

@@ -9,7 +9,8 @@
 using namespace platform;
 
 // The first byte says which kinds of fields are read, one bit a field, over and over.
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
     if (size == 0)
         return 0;
     const QByteArray content(reinterpret_cast<const char *>(data + 1),

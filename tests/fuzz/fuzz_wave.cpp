@@ -6,7 +6,8 @@
 
 #include "platform/wave_file.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
     const auto sound = platform::ReadWave(
         QByteArray(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size)));
     if (!sound)

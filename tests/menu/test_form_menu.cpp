@@ -102,7 +102,8 @@ private Q_SLOTS:
         MenuPlayer player;
         DimensioneFont = 72; // has no influence here
         double last = 0;
-        for (const ScreenSize size : {ScreenSize{1024, 768}, {1366, 768}, {1920, 1080}, {3840, 2160}}) {
+        for (const ScreenSize size :
+             {ScreenSize{1024, 768}, {1366, 768}, {1920, 1080}, {3840, 2160}}) {
             player.Host.ScreenSizeNow = size;
             const FormMenu &menu = player.OpenMenu();
             const double points = menu.Command1(0).Font().Size;
@@ -147,7 +148,6 @@ private Q_SLOTS:
         MenuPlayer player;
         player.Host.Seed(1);
         player.OpenMenu().Command1.OnClick(0);
-        Form::Find(QStringLiteral("FormEs1"));
         dynamic_cast<FormEs1 &>(*Form::Find(QStringLiteral("FormEs1"))).mnuEsci.OnClick();
         dynamic_cast<FormMenu &>(*Form::Find(QStringLiteral("FormMenu"))).Command1.OnClick(0);
         QCOMPARE(NumeroEserciziEseguiti, int16_t{3});
@@ -164,7 +164,8 @@ private Q_SLOTS:
         QVERIFY(Ridimensionatore != nullptr);
         ClickOn(menu.Command1(8));
         QVERIFY(player.Host.Ended);
-        QCOMPARE(player.Host.DriveFile(Settings + QStringLiteral("_predefinito.INI")).count('\n'), 43);
+        QCOMPARE(player.Host.DriveFile(Settings + QStringLiteral("_predefinito.INI")).count('\n'),
+                 43);
         QVERIFY(Ridimensionatore == nullptr);
     }
 
@@ -188,7 +189,9 @@ private Q_SLOTS:
         QCOMPARE(player.Host.FatalNumber, 0);
         DropForms();
         FormMenu &again = player.OpenMenu();
-        ClickOn(again.Command1(0));
+        // As an event does, but not through the toolkit, which loses a little when it is thrown
+        // through; the program ends then.
+        Guarded([&] { again.Command1.OnClick(0); });
         QCOMPARE(player.Host.FatalNumber, static_cast<int>(SubscriptOutOfRange));
     }
 
@@ -319,7 +322,8 @@ private Q_SLOTS:
         NumeroEserciziEseguiti = 3;
         EserciziEseguiti(1, 0) = QStringLiteral("x");
         player.OpenMenu();
-        QVERIFY(player.Host.DriveFile(Settings + QStringLiteral("_predefinito.ini")).contains("\r\n 31 \r\n"));
+        QVERIFY(player.Host.DriveFile(Settings + QStringLiteral("_predefinito.ini"))
+                    .contains("\r\n 31 \r\n"));
         QCOMPARE(EserciziEseguiti(1, 0), QStringLiteral("x"));
         QCOMPARE(NumeroEserciziEseguiti, int16_t{3});
     }

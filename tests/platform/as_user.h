@@ -17,13 +17,15 @@
 constexpr uid_t FirstUser = 65534;
 constexpr uid_t SecondUser = 23456;
 
-inline bool CanChangeUser() {
+inline bool CanChangeUser()
+{
     return ::geteuid() == 0;
 }
 
 namespace as_user {
 
-inline QByteArray Judge(const QByteArray &forbidden, const std::function<QByteArray()> &piece) {
+inline QByteArray Judge(const QByteArray &forbidden, const std::function<QByteArray()> &piece)
+{
     const int number = ::open((forbidden + "/file").constData(), O_WRONLY | O_CREAT, 0600);
     if (number >= 0)
         return "a plain write passed, so rights would be tested for nothing";
@@ -39,7 +41,8 @@ inline QByteArray Judge(const QByteArray &forbidden, const std::function<QByteAr
 
 // The piece gives an empty text when all was right. Without the right to change the user it runs as
 // the user of the test, who is an ordinary one then.
-inline QByteArray AsUser(uid_t user, gid_t group, const std::function<QByteArray()> &piece) {
+inline QByteArray AsUser(uid_t user, gid_t group, const std::function<QByteArray()> &piece)
+{
     QTemporaryDir folder;
     const QByteArray forbidden = folder.path().toUtf8();
     ::chmod(forbidden.constData(), 0555);

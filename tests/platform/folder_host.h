@@ -10,7 +10,8 @@
 
 class FolderHost : public platform::Host {
 public:
-    FolderHost() {
+    FolderHost()
+    {
         QDir(m_folder.path()).mkpath(QStringLiteral("drive"));
         QDir(m_folder.path()).mkpath(QStringLiteral("application"));
         Drive = m_folder.filePath(QStringLiteral("drive/"));
@@ -26,13 +27,15 @@ public:
     QString Outside(const QString &name) const { return m_folder.filePath(name); }
 
     // Files by their native path, made and read past the code that is tested.
-    static void Put(const QString &native, const QByteArray &content) {
+    static void Put(const QString &native, const QByteArray &content)
+    {
         QDir().mkpath(QFileInfo(native).path());
         QFile file(native);
         if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
             qFatal("the test could not write a file");
     }
-    static QByteArray Get(const QString &native) {
+    static QByteArray Get(const QString &native)
+    {
         QFile file(native);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
     }
@@ -61,6 +64,7 @@ private:
 };
 
 // The number of the error that a statement raises, 0 for none.
-template <typename Statement> int ErrorOf(Statement &&statement) {
+template <typename Statement> int ErrorOf(Statement &&statement)
+{
     return platform::Skipping(std::forward<Statement>(statement));
 }

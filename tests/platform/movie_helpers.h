@@ -10,7 +10,8 @@
 #include <memory>
 
 // What a movie shows on a white ground of this size.
-inline QImage Shown(platform::MovieReader &movie, const QSize &size = {100, 100}) {
+inline QImage Shown(platform::MovieReader &movie, const QSize &size = {100, 100})
+{
     QImage image(size, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
@@ -19,14 +20,16 @@ inline QImage Shown(platform::MovieReader &movie, const QSize &size = {100, 100}
 }
 
 inline QByteArray Svg(const QByteArray &inside,
-                      const QByteArray &attributes = "viewBox='0 0 100 100'") {
+                      const QByteArray &attributes = "viewBox='0 0 100 100'")
+{
     return "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' " +
            attributes + ">" + inside + "</svg>";
 }
 
 // A figure of flat bars, 10 units each, from the chimney at the top to the clouds at the bottom;
 // each has an inside, an outline on its left tenth and a shade on its right one.
-inline QByteArray Figure() {
+inline QByteArray Figure()
+{
     QByteArray inside;
     int y = 0;
     for (const char *part :
@@ -45,10 +48,12 @@ inline QByteArray Figure() {
     return Svg(inside);
 }
 
-inline std::unique_ptr<platform::MovieReader> Movie(const QByteArray &content) {
+inline std::unique_ptr<platform::MovieReader> Movie(const QByteArray &content)
+{
     return platform::ReadMovie(content);
 }
 
-inline QColor At(const QImage &image, int x, int y) {
+inline QColor At(const QImage &image, int x, int y)
+{
     return image.pixelColor(x, y);
 }

@@ -11,7 +11,8 @@ struct RasterFrame {
     int Delay; // ms
 };
 
-inline QByteArray LittleEndian(qint64 number, int bytes) {
+inline QByteArray LittleEndian(qint64 number, int bytes)
+{
     QByteArray text;
     for (int index = 0; index < bytes; ++index, number >>= 8)
         text += static_cast<char>(number & 255);
@@ -20,7 +21,8 @@ inline QByteArray LittleEndian(qint64 number, int bytes) {
 
 // 4 by 4 pixels, each frame with a colour table of its own; the codes are kept short by clearing
 // the table before each pixel pair.
-inline QByteArray Gif(const QList<RasterFrame> &frames, int width = 4, int height = 4) {
+inline QByteArray Gif(const QList<RasterFrame> &frames, int width = 4, int height = 4)
+{
     QByteArray gif = "GIF89a" + LittleEndian(width, 2) + LittleEndian(height, 2) + QByteArray(3, 0);
     for (const RasterFrame &frame : frames) {
         gif += QByteArray("\x21\xF9\x04\x00", 4) + LittleEndian(frame.Delay / 10, 2) +
@@ -49,7 +51,8 @@ inline QByteArray Gif(const QList<RasterFrame> &frames, int width = 4, int heigh
     return gif + ';';
 }
 
-inline QByteArray StillWebp(const QColor &color, const QSize &size = {4, 4}) {
+inline QByteArray StillWebp(const QColor &color, const QSize &size = {4, 4})
+{
     QImage image(size, QImage::Format_RGB32);
     image.fill(color);
     QByteArray bytes;
@@ -59,11 +62,13 @@ inline QByteArray StillWebp(const QColor &color, const QSize &size = {4, 4}) {
     return bytes;
 }
 
-inline QByteArray Chunk(const QByteArray &name, const QByteArray &content) {
+inline QByteArray Chunk(const QByteArray &name, const QByteArray &content)
+{
     return name + LittleEndian(content.size(), 4) + content + QByteArray(content.size() % 2, 0);
 }
 
-inline QByteArray Webp(const QList<RasterFrame> &frames, int width = 4, int height = 4) {
+inline QByteArray Webp(const QList<RasterFrame> &frames, int width = 4, int height = 4)
+{
     QByteArray chunks = Chunk("VP8X", QByteArray("\x02\0\0\0", 4) + LittleEndian(width - 1, 3) +
                                           LittleEndian(height - 1, 3));
     chunks += Chunk("ANIM", QByteArray(6, 0));

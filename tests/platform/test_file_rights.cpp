@@ -19,22 +19,26 @@ namespace {
 constexpr gid_t Group = 34567;
 constexpr mode_t AllRights = 07777;
 
-QString S(const char *text) {
+QString S(const char *text)
+{
     return QString::fromUtf8(text);
 }
 
-struct stat Stat(const QString &native) {
+struct stat Stat(const QString &native)
+{
     struct stat what = {};
     if (::lstat(native.toUtf8().constData(), &what) != 0)
         what.st_mode = 0;
     return what;
 }
 
-mode_t RightsOf(const QString &native) {
+mode_t RightsOf(const QString &native)
+{
     return Stat(native).st_mode & AllRights;
 }
 
-void SetRights(const QString &native, mode_t rights) {
+void SetRights(const QString &native, mode_t rights)
+{
     if (::chmod(native.toUtf8().constData(), rights) != 0)
         qFatal("the test could not set rights");
 }
@@ -42,7 +46,8 @@ void SetRights(const QString &native, mode_t rights) {
 // A host whose drive every user reaches, with rights of its own.
 class SharedHost : public FolderHost {
 public:
-    explicit SharedHost(mode_t rights, gid_t group = static_cast<gid_t>(-1)) {
+    explicit SharedHost(mode_t rights, gid_t group = static_cast<gid_t>(-1))
+    {
         SetRights(Outside(QString()), 0755);
         if (group != static_cast<gid_t>(-1) &&
             ::chown(Drive.toUtf8().constData(), static_cast<uid_t>(-1), group) != 0)
@@ -51,7 +56,8 @@ public:
     }
 };
 
-void Write(const QString &path, const QString &line) {
+void Write(const QString &path, const QString &line)
+{
     TextWriter file(path);
     file.PrintText(line);
     file.Close();
@@ -82,7 +88,8 @@ private Q_SLOTS:
     void aFullDiskKeepsTheOldContent();
 };
 
-void TestFileRights::aDriveForAllGivesFilesAndFoldersForAll() {
+void TestFileRights::aDriveForAllGivesFilesAndFoldersForAll()
+{
     SharedHost host(01777);
     const QByteArray verdict = AsUser(FirstUser, FirstUser, [&] {
         for (const mode_t mask : {mode_t{0}, mode_t{022}, mode_t{077}, mode_t{0777}}) {
@@ -105,7 +112,8 @@ void TestFileRights::aDriveForAllGivesFilesAndFoldersForAll() {
     QCOMPARE(verdict, QByteArray());
 }
 
-void TestFileRights::aDriveForAGroupGivesFilesAndFoldersForTheGroup() {
+void TestFileRights::aDriveForAGroupGivesFilesAndFoldersForTheGroup()
+{
     if (!CanChangeUser())
         QSKIP("needs the right to make a group's folder");
     SharedHost host(02770, Group);
@@ -128,7 +136,8 @@ void TestFileRights::aDriveForAGroupGivesFilesAndFoldersForTheGroup() {
     QCOMPARE(member, QByteArray());
 }
 
-void TestFileRights::theGroupIsTakenWithoutTheSetGroupBitToo() {
+void TestFileRights::theGroupIsTakenWithoutTheSetGroupBitToo()
+{
     if (!CanChangeUser())
         QSKIP("needs the right to make a group's folder");
     // As root: the group of the process is not that of the folder.
@@ -141,7 +150,8 @@ void TestFileRights::theGroupIsTakenWithoutTheSetGroupBitToo() {
     QCOMPARE(Stat(host.Drive + S("a/file")).st_gid, Group);
 }
 
-void TestFileRights::whatAPersonChoseOutsideTheDriveFollowsTheMask() {
+void TestFileRights::whatAPersonChoseOutsideTheDriveFollowsTheMask()
+{
     SharedHost host(01777);
     SetRights(host.Application, 01777);
     const QByteArray verdict = AsUser(FirstUser, FirstUser, [&] {
@@ -153,7 +163,8 @@ void TestFileRights::whatAPersonChoseOutsideTheDriveFollowsTheMask() {
     QCOMPARE(verdict, QByteArray());
 }
 
-void TestFileRights::onePlayerSavesTheFileOfAnother() {
+void TestFileRights::onePlayerSavesTheFileOfAnother()
+{
     if (!CanChangeUser())
         QSKIP("needs the right to act as two users");
     SharedHost host(01777);
@@ -182,7 +193,8 @@ void TestFileRights::onePlayerSavesTheFileOfAnother() {
     QCOMPARE(after.st_mode & AllRights, mode_t{0666});
 }
 
-void TestFileRights::aNewFileOfAnotherUserIsWrittenByTheSecond() {
+void TestFileRights::aNewFileOfAnotherUserIsWrittenByTheSecond()
+{
     if (!CanChangeUser())
         QSKIP("needs the right to act as two users");
     SharedHost host(01777);
@@ -203,7 +215,8 @@ void TestFileRights::aNewFileOfAnotherUserIsWrittenByTheSecond() {
              QByteArray());
 }
 
-void TestFileRights::whatMayNotBeWrittenIsRefusedAndStays() {
+void TestFileRights::whatMayNotBeWrittenIsRefusedAndStays()
+{
     SharedHost host(0755);
     FolderHost::Put(host.Drive + S("file"), "old");
     FolderHost::Put(host.Drive + S("a.ini"), "[A]\nb=c\n");
@@ -227,7 +240,8 @@ void TestFileRights::whatMayNotBeWrittenIsRefusedAndStays() {
     QCOMPARE(QDir(host.Drive).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 2);
 }
 
-void TestFileRights::whatMayNotBeReadIsRefused() {
+void TestFileRights::whatMayNotBeReadIsRefused()
+{
     SharedHost host(0755);
     FolderHost::Put(host.Drive + S("secret"), "x");
     FolderHost::Put(host.Drive + S("folder/file"), "x");
@@ -247,7 +261,8 @@ void TestFileRights::whatMayNotBeReadIsRefused() {
     QCOMPARE(verdict, QByteArray());
 }
 
-void TestFileRights::aLinkOnTheDriveIsNeverFollowed() {
+void TestFileRights::aLinkOnTheDriveIsNeverFollowed()
+{
     SharedHost host(01777);
     FolderHost::Put(host.Outside(S("secret")), "secret");
     FolderHost::Put(host.Drive + S("plain"), "plain");
@@ -270,7 +285,8 @@ void TestFileRights::aLinkOnTheDriveIsNeverFollowed() {
     }
 }
 
-void TestFileRights::aLinkedFolderOnTheDriveIsNeverEntered() {
+void TestFileRights::aLinkedFolderOnTheDriveIsNeverEntered()
+{
     SharedHost host(01777);
     FolderHost::Put(host.Outside(S("home/file")), "secret");
     QVERIFY(QFile::link(host.Outside(S("home")), host.Drive + S("dati")));
@@ -286,7 +302,8 @@ void TestFileRights::aLinkedFolderOnTheDriveIsNeverEntered() {
     QCOMPARE(QDir(host.Outside(S("home"))).entryList(QDir::Files), QStringList(S("file")));
 }
 
-void TestFileRights::specialFilesAreRefusedAtOnce() {
+void TestFileRights::specialFilesAreRefusedAtOnce()
+{
     SharedHost host(01777);
     QCOMPARE(::mkfifo((host.Drive + S("pipe")).toUtf8().constData(), 0666), 0);
     // A reader that waits makes opening for writing succeed.
@@ -305,7 +322,8 @@ void TestFileRights::specialFilesAreRefusedAtOnce() {
     }
 }
 
-void TestFileRights::aDeviceIsRefused() {
+void TestFileRights::aDeviceIsRefused()
+{
     SharedHost host(01777);
     const QByteArray name = (host.Drive + S("null")).toUtf8();
     if (::mknod(name.constData(), S_IFCHR | 0666, makedev(1, 3)) != 0)
@@ -315,7 +333,8 @@ void TestFileRights::aDeviceIsRefused() {
     QVERIFY(!FileExists(S("C:\\null")));
 }
 
-void TestFileRights::aLinkInTheApplicationFolderIsFollowed() {
+void TestFileRights::aLinkInTheApplicationFolderIsFollowed()
+{
     SharedHost host(01777);
     FolderHost::Put(host.Outside(S("share/1.swf")), "movie");
     QVERIFY(QFile::link(host.Outside(S("share/1.swf")), host.Application + S("1.swf")));
@@ -328,7 +347,8 @@ void TestFileRights::aLinkInTheApplicationFolderIsFollowed() {
     QCOMPARE(DirList(AppPath() + S("\\*.swf"), LookUp::FilesOnly), QStringList(S("1.swf")));
 }
 
-void TestFileRights::aLanguageSettingMayLieOnTheDrive() {
+void TestFileRights::aLanguageSettingMayLieOnTheDrive()
+{
     SharedHost host(01777);
     const QString setting = AppPath() + S("\\lngmorlene\\LangSetting.ini");
     const QString target = host.Drive + S("LangSetting.ini");
@@ -354,7 +374,8 @@ void TestFileRights::aLanguageSettingMayLieOnTheDrive() {
     QCOMPARE(FolderHost::Get(host.Outside(S("secret"))), QByteArray("secret"));
 }
 
-void TestFileRights::aLinkThatLeadsNowhereMakesNothing() {
+void TestFileRights::aLinkThatLeadsNowhereMakesNothing()
+{
     SharedHost host(01777);
     QVERIFY(QFile::link(host.Outside(S("nowhere")), host.Drive + S("link")));
     QVERIFY(QFile::link(host.Outside(S("nowhere")), host.Application + S("link")));
@@ -363,7 +384,8 @@ void TestFileRights::aLinkThatLeadsNowhereMakesNothing() {
     QVERIFY(!QFile::exists(host.Outside(S("nowhere"))));
 }
 
-void TestFileRights::anOverlongFileKeepsItsOldContent() {
+void TestFileRights::anOverlongFileKeepsItsOldContent()
+{
     SharedHost host(01777);
     const QByteArray verdict = AsUser(FirstUser, FirstUser, [&] {
         // The limit of the process stands for the end of the disk.
@@ -392,7 +414,8 @@ void TestFileRights::anOverlongFileKeepsItsOldContent() {
     QCOMPARE(verdict, QByteArray());
 }
 
-void TestFileRights::aFullDiskKeepsTheOldContent() {
+void TestFileRights::aFullDiskKeepsTheOldContent()
+{
     SharedHost host(01777);
     const QByteArray disk = host.Drive.toUtf8();
     if (::mount("none", disk.constData(), "tmpfs", 0, "size=64k,mode=1777") != 0)

@@ -13,20 +13,23 @@ using namespace platform;
 
 namespace {
 
-QString S(const char *text) {
+QString S(const char *text)
+{
     return QString::fromUtf8(text);
 }
 
 const QString Path = QStringLiteral("C:\\a.ini");
 
-QString Value(const QByteArray &content, const char *section = "A", const char *key = "k") {
+QString Value(const QByteArray &content, const char *section = "A", const char *key = "k")
+{
     FolderHost host;
     FolderHost::Put(host.Drive + S("a.ini"), content);
     return ReadIni(Path, S(section), S(key));
 }
 
 // Only a file that was not changed just now is kept.
-void MakeOld(const QString &native) {
+void MakeOld(const QString &native)
+{
     constexpr time_t LongAgo = 1'000'000; // seconds since 1970
     const struct timespec times[2] = {{LongAgo, 0}, {LongAgo, 0}};
     if (::utimensat(AT_FDCWD, native.toUtf8().constData(), times, 0) != 0)
@@ -34,7 +37,8 @@ void MakeOld(const QString &native) {
 }
 
 QByteArray AfterChange(const QByteArray &content, const char *section = "A", const char *key = "k",
-                       const char *value = "v") {
+                       const char *value = "v")
+{
     FolderHost host;
     FolderHost::Put(host.Drive + S("a.ini"), content);
     if (!WriteIni(Path, S(section), S(key), S(value)))
@@ -69,7 +73,8 @@ private Q_SLOTS:
     void aSettledFileIsNotReadAgain();
 };
 
-void TestIni::aValueIsFound_data() {
+void TestIni::aValueIsFound_data()
+{
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("value");
     const auto row = [](const char *name, const char *content, const char *value) {
@@ -103,36 +108,42 @@ void TestIni::aValueIsFound_data() {
     QTest::newRow("up to a nul") << QByteArray("[A]\nk=v\0w\n", 10) << S("v");
 }
 
-void TestIni::aValueIsFound() {
+void TestIni::aValueIsFound()
+{
     QFETCH(QByteArray, content);
     QFETCH(QString, value);
     QCOMPARE(Value(content), value);
 }
 
-void TestIni::namesAreComparedWithoutRegardToCase() {
+void TestIni::namesAreComparedWithoutRegardToCase()
+{
     QCOMPARE(Value("[strings]\nLABEL1.caption=v\n", "Strings", "Label1.Caption"), S("v"));
     QCOMPARE(Value("[CITT\xC0]\n\xC8=v\n", "città", "è"), S("v"));
     QCOMPARE(Value("[Strings]\n0001=v\n", " strings ", " 0001 "), S("v"));
 }
 
-void TestIni::theFirstSectionAndTheFirstKeyHold() {
+void TestIni::theFirstSectionAndTheFirstKeyHold()
+{
     QCOMPARE(Value("[A]\nk=1\nK=2\n[a]\nk=3\n"), S("1"));
     QCOMPARE(Value("[A]\nx=1\n[B]\n[a]\nk=3\n"), QString());
     QCOMPARE(Value("[A]\nk=1\n[B]\nk=2\n", "B"), S("2"));
 }
 
-void TestIni::lettersAreThoseOfTheCodePage() {
+void TestIni::lettersAreThoseOfTheCodePage()
+{
     QCOMPARE(Value("[A]\nk=perch\xE9 \x80\n"), S("perché €"));
 }
 
-void TestIni::aValueIsCutTo511Letters() {
+void TestIni::aValueIsCutTo511Letters()
+{
     QCOMPARE(Value("[A]\nk=" + QByteArray(600, 'x') + "\n"), QString(511, QLatin1Char('x')));
     QCOMPARE(Value("[A]\nk=" + QByteArray(511, 'x') + "\n"), QString(511, QLatin1Char('x')));
     // The quotes do not count.
     QCOMPARE(Value("[A]\nk=\"" + QByteArray(511, 'x') + "y\"\n"), QString(511, QLatin1Char('x')));
 }
 
-void TestIni::aMissingFileIsAnError() {
+void TestIni::aMissingFileIsAnError()
+{
     FolderHost host;
     QDir(host.Drive).mkdir(S("folder.ini"));
     QCOMPARE(ErrorOf([] { ReadIni(Path, S("A"), S("k")); }), 53);
@@ -141,7 +152,8 @@ void TestIni::aMissingFileIsAnError() {
     QCOMPARE(ErrorOf([] { ReadIni(S("C:\\..\\a.ini"), S("A"), S("k")); }), 52);
 }
 
-void TestIni::aDamagedFileGivesWhatItHas() {
+void TestIni::aDamagedFileGivesWhatItHas()
+{
     QCOMPARE(Value("[\n]\n[A\nk=v\n"), S("v"));
     QCOMPARE(Value("[]\n=\n[A]\n=x\nk=v\n"), S("v"));
     QByteArray noise(1024 * 1024, '\0');
@@ -153,7 +165,8 @@ void TestIni::aDamagedFileGivesWhatItHas() {
     QVERIFY(Value(noise).size() <= 511);
 }
 
-void TestIni::aChangeKeepsEveryOtherByte_data() {
+void TestIni::aChangeKeepsEveryOtherByte_data()
+{
     QTest::addColumn<QByteArray>("before");
     QTest::addColumn<QByteArray>("after");
     const auto row = [](const char *name, const char *before, const char *after) {
@@ -179,13 +192,15 @@ void TestIni::aChangeKeepsEveryOtherByte_data() {
     row("byte order mark alone", "\xEF\xBB\xBF", "\xEF\xBB\xBF[A]\r\nk=v\r\n");
 }
 
-void TestIni::aChangeKeepsEveryOtherByte() {
+void TestIni::aChangeKeepsEveryOtherByte()
+{
     QFETCH(QByteArray, before);
     QFETCH(QByteArray, after);
     QCOMPARE(AfterChange(before), after);
 }
 
-void TestIni::aNewFileIsMade() {
+void TestIni::aNewFileIsMade()
+{
     FolderHost host;
     QVERIFY(WriteIni(Path, S("Language"), S("CurrentLanguage"), S("français")));
     QCOMPARE(FolderHost::Get(host.Drive + S("a.ini")),
@@ -195,20 +210,23 @@ void TestIni::aNewFileIsMade() {
     QVERIFY(!WriteIni(S("C:\\..\\a.ini"), S("A"), S("k"), S("v")));
 }
 
-void TestIni::aValueOfTwoLinesIsNotWritten() {
+void TestIni::aValueOfTwoLinesIsNotWritten()
+{
     QCOMPARE(AfterChange("[A]\nk=x\n", "A", "k", "v\n[B]"), QByteArray("(not written)"));
     QCOMPARE(AfterChange("[A]\nk=x\n", "A\n", "k", "v"), QByteArray("(not written)"));
     QCOMPARE(AfterChange("[A]\nk=x\n", "A", "k\r", "v"), QByteArray("(not written)"));
 }
 
-void TestIni::aFolderInItsPlaceIsNotWritten() {
+void TestIni::aFolderInItsPlaceIsNotWritten()
+{
     FolderHost host;
     QDir(host.Drive).mkdir(S("a.ini"));
     QVERIFY(!WriteIni(Path, S("A"), S("k"), S("v")));
     QVERIFY(QFileInfo(host.Drive + S("a.ini")).isDir());
 }
 
-void TestIni::aChangedFileShowsAtTheNextLookUp() {
+void TestIni::aChangedFileShowsAtTheNextLookUp()
+{
     FolderHost host;
     // Of one length, and many in one tick of the file system's clock.
     for (int i = 100; i < 200; ++i) {
@@ -219,7 +237,8 @@ void TestIni::aChangedFileShowsAtTheNextLookUp() {
     QCOMPARE(ReadIni(Path, S("A"), S("k")), S("200"));
 }
 
-void TestIni::aReplacedFileShowsAtTheNextLookUp() {
+void TestIni::aReplacedFileShowsAtTheNextLookUp()
+{
     FolderHost host;
     const QByteArray native = (host.Drive + S("a.ini")).toUtf8();
     for (const char *value : {"1", "2"}) {
@@ -230,7 +249,8 @@ void TestIni::aReplacedFileShowsAtTheNextLookUp() {
     }
 }
 
-void TestIni::aVanishedFileIsAnErrorAgain() {
+void TestIni::aVanishedFileIsAnErrorAgain()
+{
     FolderHost host;
     FolderHost::Put(host.Drive + S("a.ini"), "[A]\nk=v\n");
     QCOMPARE(ReadIni(Path, S("A"), S("k")), S("v"));
@@ -240,7 +260,8 @@ void TestIni::aVanishedFileIsAnErrorAgain() {
     QCOMPARE(ReadIni(Path, S("A"), S("k")), S("w"));
 }
 
-void TestIni::aSettledFileIsNotReadAgain() {
+void TestIni::aSettledFileIsNotReadAgain()
+{
     FolderHost host;
     QByteArray content("[A]\n");
     for (int i = 0; i < 200'000; ++i)

@@ -41,35 +41,41 @@ private:
     std::unique_ptr<QTemporaryDir> m_folder;
 };
 
-static QByteArray Flat(const char *color) {
+static QByteArray Flat(const char *color)
+{
     return Svg("<rect width='100' height='100' fill='" + QByteArray(color) + "'/>");
 }
 
-static QColor ColorOf(const QString &path) {
+static QColor ColorOf(const QString &path)
+{
     auto movie = OpenMovie(path);
     return movie ? At(Shown(*movie), 50, 50) : QColor();
 }
 
-void TestOpenMovie::init() {
+void TestOpenMovie::init()
+{
     m_host = std::make_unique<ScriptedHost>();
     m_folder = std::make_unique<QTemporaryDir>();
     m_host->Application = m_folder->path() + QLatin1Char('/');
 }
 
-void TestOpenMovie::Write(const QString &name, const QByteArray &content) const {
+void TestOpenMovie::Write(const QString &name, const QByteArray &content) const
+{
     QVERIFY(QDir(m_folder->path()).mkpath(QFileInfo(name).path()));
     QFile file(Path(name));
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(file.write(content), content.size());
 }
 
-void TestOpenMovie::theNamedFileComesFirst() {
+void TestOpenMovie::theNamedFileComesFirst()
+{
     Write("a.svg", Flat("#00ff00"));
     Write("a.swf", Flat("#ff0000"));
     QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::red));
 }
 
-void TestOpenMovie::theFormatsOfTodayFollowInOrder() {
+void TestOpenMovie::theFormatsOfTodayFollowInOrder()
+{
     Write("a.gif", Gif({{Qt::blue, 100}}));
     QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::blue));
     Write("a.webp", Gif({{Qt::green, 100}}));
@@ -78,21 +84,24 @@ void TestOpenMovie::theFormatsOfTodayFollowInOrder() {
     QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::red));
 }
 
-void TestOpenMovie::aFileThatNoReaderKnowsIsPassedOver() {
+void TestOpenMovie::aFileThatNoReaderKnowsIsPassedOver()
+{
     Write("a.swf", "FWS\x06 something of old");
     Write("a.svg", Flat("#ff0000").chopped(9));
     Write("a.gif", Gif({{Qt::blue, 100}}));
     QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::blue));
 }
 
-void TestOpenMovie::theContentDecidesAndNotTheEnding() {
+void TestOpenMovie::theContentDecidesAndNotTheEnding()
+{
     Write("a.swf", Webp({{Qt::red, 100}, {Qt::blue, 100}}));
     auto movie = OpenMovie(Path("a.swf"));
     QVERIFY(movie);
     QCOMPARE(movie->Duration(), 200);
 }
 
-void TestOpenMovie::whatIsNotThereIsNoError() {
+void TestOpenMovie::whatIsNotThereIsNoError()
+{
     QVERIFY(!OpenMovie(Path("a.swf")));
     QVERIFY(!OpenMovie(Path("none/a.swf")));
     QVERIFY(!OpenMovie(QString()));
@@ -100,17 +109,20 @@ void TestOpenMovie::whatIsNotThereIsNoError() {
     QVERIFY(!OpenMovie(m_folder->path() + "\\swf\\a|b.swf"));
 }
 
-void TestOpenMovie::aFolderIsNoMovie() {
+void TestOpenMovie::aFolderIsNoMovie()
+{
     Write("a.swf/inside", Flat("#ff0000"));
     QVERIFY(!OpenMovie(Path("a.swf")));
 }
 
-void TestOpenMovie::literalNamesAreFoundWithoutRegardToCase() {
+void TestOpenMovie::literalNamesAreFoundWithoutRegardToCase()
+{
     Write("Swf/Morlene1.SVG", Flat("#ff0000"));
     QCOMPARE(ColorOf(m_folder->path() + "\\swf\\morlene1.swf"), QColor(Qt::red));
 }
 
-void TestOpenMovie::aReplacedFileShowsAtTheNextOpening() {
+void TestOpenMovie::aReplacedFileShowsAtTheNextOpening()
+{
     Write("a.svg", Flat("#ff0000"));
     auto before = OpenMovie(Path("a.swf"));
     Write("a.svg", Flat("#0000ff") + "<!-- -->");
@@ -120,7 +132,8 @@ void TestOpenMovie::aReplacedFileShowsAtTheNextOpening() {
     QVERIFY(!OpenMovie(Path("a.swf")));
 }
 
-void TestOpenMovie::aFileReplacedByOneOfTheSameLengthShowsToo() {
+void TestOpenMovie::aFileReplacedByOneOfTheSameLengthShowsToo()
+{
     Write("a.svg", Flat("#ff0000"));
     QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::red));
     Write("a.svg", Flat("#0000ff"));
@@ -131,7 +144,8 @@ void TestOpenMovie::aFileReplacedByOneOfTheSameLengthShowsToo() {
     QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::blue));
 }
 
-void TestOpenMovie::paintStaysWithItsReader() {
+void TestOpenMovie::paintStaysWithItsReader()
+{
     Write("a.svg", Figure());
     auto first = OpenMovie(Path("a.swf"));
     first->SetVariable("QualeOggetto", "tetto.interno");
@@ -146,7 +160,8 @@ void TestOpenMovie::paintStaysWithItsReader() {
     QCOMPARE(second->Hit({50, 75}, target), 8);
 }
 
-void TestOpenMovie::aHugeFileIsNotRead() {
+void TestOpenMovie::aHugeFileIsNotRead()
+{
     QFile file(Path("a.svg"));
     QVERIFY(file.open(QIODevice::WriteOnly));
     QVERIFY(file.resize(qint64{8} << 30)); // takes no room on the disk
@@ -156,7 +171,8 @@ void TestOpenMovie::aHugeFileIsNotRead() {
     QVERIFY(timer.elapsed() < 500);
 }
 
-void TestOpenMovie::moviesAreCountedByBaseName() {
+void TestOpenMovie::moviesAreCountedByBaseName()
+{
     for (const char *name :
          {"animazioni/1.swf", "animazioni/1.svg", "animazioni/2.svg", "animazioni/3.webp",
           "animazioni/4.gif", "animazioni/4.GIF", "animazioni/5.SWF", "animazioni/readme.txt",
@@ -166,7 +182,8 @@ void TestOpenMovie::moviesAreCountedByBaseName() {
     QCOMPARE(CountMovies(m_folder->path() + "\\animazioni\\*.swf"), 7);
 }
 
-void TestOpenMovie::aMissingFolderHoldsNone() {
+void TestOpenMovie::aMissingFolderHoldsNone()
+{
     QCOMPARE(CountMovies(m_folder->path() + "\\animazioni\\*.swf"), 0);
 }
 

@@ -12,11 +12,13 @@ using namespace platform;
 
 namespace {
 
-QString S(const char *text) {
+QString S(const char *text)
+{
     return QString::fromUtf8(text);
 }
 
-QStringList Words(const char *text) {
+QStringList Words(const char *text)
+{
     return S(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
@@ -54,7 +56,8 @@ private Q_SLOTS:
     void aFileBeyondAllMeasureIsRefused();
 };
 
-void TestPaths::aLiteralOnTheDriveLeadsBelowItsRoot() {
+void TestPaths::aLiteralOnTheDriveLeadsBelowItsRoot()
+{
     FolderHost host;
     QCOMPARE(NativePath(S("C:\\a\\b c.ini")), host.Drive + S("a/b c.ini"));
     QCOMPARE(NativePath(S("c:\\a\\")), host.Drive + S("a"));
@@ -62,7 +65,8 @@ void TestPaths::aLiteralOnTheDriveLeadsBelowItsRoot() {
     QCOMPARE(NativePath(S("C:\\città.ini")), host.Drive + S("città.ini"));
 }
 
-void TestPaths::doubledSeparatorsAreHarmless() {
+void TestPaths::doubledSeparatorsAreHarmless()
+{
     FolderHost host;
     FolderHost::Put(host.Drive + S("windows/fonts/indis1.ttf"), "x");
     QVERIFY(FileExists(S("C:\\windows\\\\fonts\\indis1.ttf")));
@@ -70,7 +74,8 @@ void TestPaths::doubledSeparatorsAreHarmless() {
              host.Drive + S("windows/fonts/indis1.ttf"));
 }
 
-void TestPaths::theExactNameComesFirst() {
+void TestPaths::theExactNameComesFirst()
+{
     FolderHost host;
     for (const char *name : {"Anna.ini", "ANNA.ini", "anna.ini"})
         FolderHost::Put(host.Drive + S(name), name);
@@ -78,14 +83,16 @@ void TestPaths::theExactNameComesFirst() {
     QCOMPARE(ReadFile(S("C:\\Anna.ini")), QByteArray("Anna.ini"));
 }
 
-void TestPaths::elseTheFirstInOrderIsTaken() {
+void TestPaths::elseTheFirstInOrderIsTaken()
+{
     FolderHost host;
     for (const char *name : {"anna.ini", "aNNA.ini", "Anna.ini", "annb.ini"})
         FolderHost::Put(host.Drive + S(name), name);
     QCOMPARE(ReadFile(S("C:\\ANNA.INI")), QByteArray("Anna.ini"));
 }
 
-void TestPaths::foldersOnTheWayAreFoundWithoutRegardToCase() {
+void TestPaths::foldersOnTheWayAreFoundWithoutRegardToCase()
+{
     FolderHost host;
     FolderHost::Put(host.Drive + S("DATI/Però/x.RPT"), "there");
     QCOMPARE(ReadFile(S("C:\\dati\\PERÒ\\X.rpt")), QByteArray("there"));
@@ -93,7 +100,8 @@ void TestPaths::foldersOnTheWayAreFoundWithoutRegardToCase() {
     QCOMPARE(NativePath(S("C:\\dati\\Nuova\\f")), host.Drive + S("DATI/Nuova/f"));
 }
 
-void TestPaths::aSecondNameThatDiffersOnlyInCaseIsNeverMade() {
+void TestPaths::aSecondNameThatDiffersOnlyInCaseIsNeverMade()
+{
     FolderHost host;
     FolderHost::Put(host.Drive + S("dati/_predefinito.INI"), "old");
     TextWriter file(S("C:\\DATI\\_Predefinito.ini"));
@@ -105,7 +113,8 @@ void TestPaths::aSecondNameThatDiffersOnlyInCaseIsNeverMade() {
     QCOMPARE(FolderHost::Get(host.Drive + S("dati/_predefinito.INI")), QByteArray("new\r\n"));
 }
 
-void TestPaths::aPathInTheApplicationFolderTurnsOnlyItsTail() {
+void TestPaths::aPathInTheApplicationFolderTurnsOnlyItsTail()
+{
     FolderHost host;
     host.Application = host.Outside(S("a\\b")) + QLatin1Char('/');
     FolderHost::Put(host.Application + S("swf/Morlene1.SVG"), "x");
@@ -116,7 +125,8 @@ void TestPaths::aPathInTheApplicationFolderTurnsOnlyItsTail() {
     QCOMPARE(ErrorOf([] { NativePath(AppPath() + QStringLiteral("\\..\\x")); }), 52);
 }
 
-void TestPaths::aNativePathStaysAsItIs() {
+void TestPaths::aNativePathStaysAsItIs()
+{
     FolderHost host;
     for (const char *path : {"/home/a\\b/c:d.txt", "relative.txt", "D:\\x", "C:x", ""})
         QCOMPARE(NativePath(S(path)), S(path));
@@ -128,7 +138,8 @@ void TestPaths::aNativePathStaysAsItIs() {
     QVERIFY(!FileExists(host.Outside(S("A\\B?.TXT"))));
 }
 
-void TestPaths::aNameIsRefused_data() {
+void TestPaths::aNameIsRefused_data()
+{
     QTest::addColumn<QString>("tail");
     for (const char *tail : {"..\\x",
                              "a\\..\\..\\x",
@@ -158,7 +169,8 @@ void TestPaths::aNameIsRefused_data() {
     QTest::newRow("128 letters of two bytes") << QString(128, QChar(0xE8));
 }
 
-void TestPaths::aNameIsRefused() {
+void TestPaths::aNameIsRefused()
+{
     QFETCH(QString, tail);
     FolderHost host;
     const QString path = S("C:\\") + tail;
@@ -171,7 +183,8 @@ void TestPaths::aNameIsRefused() {
     QCOMPARE(QDir(host.Drive).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
 }
 
-void TestPaths::aNameIsTaken_data() {
+void TestPaths::aNameIsTaken_data()
+{
     QTest::addColumn<QString>("name");
     for (const char *name : {"_predefinito.INI", "a.b.c", ".lng", "..a", "città è", "你好", "😀",
                              "a b", "[1]", "%s", "~", "-rf"})
@@ -179,7 +192,8 @@ void TestPaths::aNameIsTaken_data() {
     QTest::newRow("255 letters") << QString(255, QLatin1Char('x'));
 }
 
-void TestPaths::aNameIsTaken() {
+void TestPaths::aNameIsTaken()
+{
     QFETCH(QString, name);
     FolderHost host;
     const QString path = S("C:\\") + name;
@@ -189,7 +203,8 @@ void TestPaths::aNameIsTaken() {
     QCOMPARE(DirList(S("C:\\*"), LookUp::FilesOnly), QStringList(name));
 }
 
-void TestPaths::aNativePathBelowTheDriveIsJudgedToo() {
+void TestPaths::aNativePathBelowTheDriveIsJudgedToo()
+{
     FolderHost host;
     FolderHost::Put(host.Outside(S("secret")), "secret");
     QFile::link(host.Outside(S("secret")), host.Drive + S("link"));
@@ -206,7 +221,8 @@ void TestPaths::aNativePathBelowTheDriveIsJudgedToo() {
     QCOMPARE(ReadFile(host.Outside(S("mine"))), QByteArray("secret"));
 }
 
-void TestPaths::aLookUpIsSortedWithoutRegardToCase() {
+void TestPaths::aLookUpIsSortedWithoutRegardToCase()
+{
     FolderHost host;
     for (const char *name : {"b.ini", "a.INI", "C.ini", "A.ini", "aa.ini", "x.txt", "ini"})
         FolderHost::Put(host.Drive + S(name), "");
@@ -222,7 +238,8 @@ void TestPaths::aLookUpIsSortedWithoutRegardToCase() {
     QCOMPARE(ErrorOf([] { DirList(QStringLiteral("C:\\*/x"), LookUp::FilesOnly); }), 52);
 }
 
-void TestPaths::aPatternFits_data() {
+void TestPaths::aPatternFits_data()
+{
     QTest::addColumn<QString>("pattern");
     QTest::addColumn<QString>("fitting");
     QTest::newRow("all") << S("*") << S("1.swf 10.swf a.b.swf swf");
@@ -236,7 +253,8 @@ void TestPaths::aPatternFits_data() {
     QTest::newRow("none") << S("*.sw") << S("");
 }
 
-void TestPaths::aPatternFits() {
+void TestPaths::aPatternFits()
+{
     QFETCH(QString, pattern);
     QFETCH(QString, fitting);
     FolderHost host;
@@ -246,13 +264,15 @@ void TestPaths::aPatternFits() {
              fitting.split(QLatin1Char(' '), Qt::SkipEmptyParts));
 }
 
-void TestPaths::aPatternOfManyStarsEndsSoon() {
+void TestPaths::aPatternOfManyStarsEndsSoon()
+{
     FolderHost host;
     FolderHost::Put(host.Drive + QString(250, QLatin1Char('a')), "");
     QCOMPARE(DirList(S("C:\\") + S("*a").repeated(100) + S("b"), LookUp::FilesOnly), QStringList());
 }
 
-void TestPaths::aLookUpForFilesLeavesFoldersOut() {
+void TestPaths::aLookUpForFilesLeavesFoldersOut()
+{
     FolderHost host;
     FolderHost::Put(host.Drive + S("a.wav"), "");
     QDir(host.Drive).mkdir(S("b.wav"));
@@ -263,7 +283,8 @@ void TestPaths::aLookUpForFilesLeavesFoldersOut() {
     QCOMPARE(DirList(S("C:\\*.wav"), LookUp::FilesAndFolders), Words("a.wav b.wav"));
 }
 
-void TestPaths::aLookUpWithoutAFolderGivesNothing() {
+void TestPaths::aLookUpWithoutAFolderGivesNothing()
+{
     FolderHost host;
     FolderHost::Put(host.Drive + S("file"), "");
     QCOMPARE(DirList(S("C:\\nowhere\\*"), LookUp::FilesOnly), QStringList());
@@ -271,7 +292,8 @@ void TestPaths::aLookUpWithoutAFolderGivesNothing() {
     QCOMPARE(DirList(host.Outside(S("nowhere/*")), LookUp::FilesOnly), QStringList());
 }
 
-void TestPaths::aNameThatIsNoTextIsLeftOut() {
+void TestPaths::aNameThatIsNoTextIsLeftOut()
+{
     FolderHost host;
     const QByteArray name = host.Drive.toUtf8() + "\xff.ini";
     FILE *file = std::fopen(name.constData(), "w");
@@ -281,7 +303,8 @@ void TestPaths::aNameThatIsNoTextIsLeftOut() {
     QCOMPARE(std::remove(name.constData()), 0);
 }
 
-void TestPaths::existenceTellsFilesFromFolders() {
+void TestPaths::existenceTellsFilesFromFolders()
+{
     FolderHost host;
     FolderHost::Put(host.Drive + S("file"), "");
     QDir(host.Drive).mkdir(S("folder"));
@@ -300,7 +323,8 @@ void TestPaths::existenceTellsFilesFromFolders() {
     QVERIFY(FolderExists(AppPath() + S("\\")));
 }
 
-void TestPaths::lengthsAreInBytes() {
+void TestPaths::lengthsAreInBytes()
+{
     FolderHost host;
     FolderHost::Put(host.Drive + S("file"), "è.\r\n");
     QCOMPARE(FileLength(S("C:\\file")), int64_t{5});
@@ -309,7 +333,8 @@ void TestPaths::lengthsAreInBytes() {
     QCOMPARE(ErrorOf([] { FileLength(QStringLiteral("C:\\")); }), 75);
 }
 
-void TestPaths::foldersAreMadeOneAtATime() {
+void TestPaths::foldersAreMadeOneAtATime()
+{
     FolderHost host;
     FolderHost::Put(host.Drive + S("file"), "");
     QCOMPARE(ErrorOf([] { CreateFolder(QStringLiteral("C:\\a\\b")); }), 76);
@@ -325,7 +350,8 @@ void TestPaths::foldersAreMadeOneAtATime() {
     QVERIFY(QFileInfo(host.Outside(S("chosen"))).isDir());
 }
 
-void TestPaths::aCopyReplacesTheWholeTarget() {
+void TestPaths::aCopyReplacesTheWholeTarget()
+{
     FolderHost host;
     FolderHost::Put(host.Application + S("indis1.ttf"), QByteArray("a\0b", 3));
     FolderHost::Put(host.Drive + S("font"), "something longer");
@@ -340,7 +366,8 @@ void TestPaths::aCopyReplacesTheWholeTarget() {
     QCOMPARE(ErrorOf([] { CopyFile(QStringLiteral("C:\\font"), QStringLiteral("C:\\")); }), 75);
 }
 
-void TestPaths::readingTellsWhatIsWrong() {
+void TestPaths::readingTellsWhatIsWrong()
+{
     FolderHost host;
     QDir(host.Drive).mkdir(S("folder"));
     QCOMPARE(ErrorOf([] { ReadFile(QStringLiteral("C:\\nowhere")); }), 53);
@@ -358,7 +385,8 @@ void TestPaths::readingTellsWhatIsWrong() {
     }
 }
 
-void TestPaths::aFileBeyondAllMeasureIsRefused() {
+void TestPaths::aFileBeyondAllMeasureIsRefused()
+{
     FolderHost host;
     FolderHost::Put(host.Drive + S("huge"), "");
     const QByteArray native = (host.Drive + S("huge")).toUtf8();

@@ -7,7 +7,8 @@
 
 static const QList<RasterFrame> Three{{Qt::red, 200}, {Qt::green, 100}, {Qt::blue, 500}};
 
-static bool Near(const QColor &a, const QColor &b) {
+static bool Near(const QColor &a, const QColor &b)
+{
     return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) +
                std::abs(a.blue() - b.blue()) <
            30; // WebP keeps colours nearly
@@ -34,17 +35,20 @@ private Q_SLOTS:
     void everyCutAndEveryFlippedByteIsSurvived();
 };
 
-static void BothFormats(const QList<RasterFrame> &frames) {
+static void BothFormats(const QList<RasterFrame> &frames)
+{
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("gif") << Gif(frames);
     QTest::newRow("webp") << Webp(frames);
 }
 
-void TestRasterMovie::framesStandAsLongAsTheyShould_data() {
+void TestRasterMovie::framesStandAsLongAsTheyShould_data()
+{
     BothFormats(Three);
 }
 
-void TestRasterMovie::framesStandAsLongAsTheyShould() {
+void TestRasterMovie::framesStandAsLongAsTheyShould()
+{
     QFETCH(QByteArray, content);
     auto movie = Movie(content);
     QVERIFY(movie);
@@ -63,11 +67,13 @@ void TestRasterMovie::framesStandAsLongAsTheyShould() {
     QVERIFY(Near(At(Shown(*movie), 50, 50), Qt::blue));
 }
 
-void TestRasterMovie::framesThatNobodySawAreMadeUpFor_data() {
+void TestRasterMovie::framesThatNobodySawAreMadeUpFor_data()
+{
     BothFormats(Three);
 }
 
-void TestRasterMovie::framesThatNobodySawAreMadeUpFor() {
+void TestRasterMovie::framesThatNobodySawAreMadeUpFor()
+{
     QFETCH(QByteArray, content);
     auto movie = Movie(content);
     QVERIFY(movie->Advance(250));
@@ -77,20 +83,23 @@ void TestRasterMovie::framesThatNobodySawAreMadeUpFor() {
     QVERIFY(Near(At(Shown(*movie), 50, 50), Qt::blue));
 }
 
-void TestRasterMovie::hastyFramesStandATenthOfASecond() {
+void TestRasterMovie::hastyFramesStandATenthOfASecond()
+{
     const QList<RasterFrame> hasty{{Qt::red, 0}, {Qt::blue, 10}};
     QCOMPARE(Movie(Gif(hasty))->Duration(), 200);
     QCOMPARE(Movie(Webp(hasty))->Duration(), 200);
 }
 
-void TestRasterMovie::aStillPictureStandsStill_data() {
+void TestRasterMovie::aStillPictureStandsStill_data()
+{
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("gif") << Gif({{Qt::red, 200}});
     QTest::newRow("webp") << StillWebp(Qt::red);
     QTest::newRow("webp of one frame") << Webp({{Qt::red, 200}});
 }
 
-void TestRasterMovie::aStillPictureStandsStill() {
+void TestRasterMovie::aStillPictureStandsStill()
+{
     QFETCH(QByteArray, content);
     auto movie = Movie(content);
     QVERIFY(movie);
@@ -99,7 +108,8 @@ void TestRasterMovie::aStillPictureStandsStill() {
     QVERIFY(Near(At(Shown(*movie), 50, 50), Qt::red));
 }
 
-void TestRasterMovie::itIsNoFigure() {
+void TestRasterMovie::itIsNoFigure()
+{
     auto movie = Movie(Gif(Three));
     const QImage before = Shown(*movie);
     movie->SetVariable("QualeOggetto", "tetto.interno");
@@ -111,7 +121,8 @@ void TestRasterMovie::itIsNoFigure() {
     QVERIFY(movie->Description().isEmpty());
 }
 
-void TestRasterMovie::proportionsAreKept() {
+void TestRasterMovie::proportionsAreKept()
+{
     auto movie = Movie(Gif(Three));
     const QImage image = Shown(*movie, {200, 100});
     QCOMPARE(At(image, 20, 50), QColor(Qt::white));
@@ -119,11 +130,13 @@ void TestRasterMovie::proportionsAreKept() {
     QCOMPARE(At(image, 180, 50), QColor(Qt::white));
 }
 
-void TestRasterMovie::aFileCutOffShowsWhatThereIs_data() {
+void TestRasterMovie::aFileCutOffShowsWhatThereIs_data()
+{
     BothFormats(Three);
 }
 
-void TestRasterMovie::aFileCutOffShowsWhatThereIs() {
+void TestRasterMovie::aFileCutOffShowsWhatThereIs()
+{
     QFETCH(QByteArray, content);
     QVERIFY(!Movie(content.left(20)));
     auto movie = Movie(content.chopped(20));
@@ -134,7 +147,8 @@ void TestRasterMovie::aFileCutOffShowsWhatThereIs() {
     QVERIFY(Near(last, Qt::green) || Near(last, Qt::blue));
 }
 
-void TestRasterMovie::whatIsTooLargeIsNotKnown_data() {
+void TestRasterMovie::whatIsTooLargeIsNotKnown_data()
+{
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("wide gif") << Gif(Three, 5000, 4);
     QTest::newRow("high gif") << Gif(Three, 4, 65535);
@@ -149,7 +163,8 @@ void TestRasterMovie::whatIsTooLargeIsNotKnown_data() {
     QTest::newRow("noise in a webp") << Chunk("RIFF", "WEBP" + QByteArray(100, '\x7f'));
 }
 
-void TestRasterMovie::whatIsTooLargeIsNotKnown() {
+void TestRasterMovie::whatIsTooLargeIsNotKnown()
+{
     QFETCH(QByteArray, content);
     QElapsedTimer timer;
     timer.start();
@@ -157,11 +172,13 @@ void TestRasterMovie::whatIsTooLargeIsNotKnown() {
     QVERIFY(timer.elapsed() < 5000);
 }
 
-void TestRasterMovie::everyCutAndEveryFlippedByteIsSurvived_data() {
+void TestRasterMovie::everyCutAndEveryFlippedByteIsSurvived_data()
+{
     BothFormats(Three);
 }
 
-void TestRasterMovie::everyCutAndEveryFlippedByteIsSurvived() {
+void TestRasterMovie::everyCutAndEveryFlippedByteIsSurvived()
+{
     QFETCH(QByteArray, content);
     int known = 0;
     for (qsizetype at = 0; at < content.size(); ++at) {

@@ -14,7 +14,8 @@ using platform::SvgAnimation;
 
 // The value of the first animated attribute of a shape at a moment; "-" where it is not there.
 static QString Value(const QByteArray &animations, double milliseconds,
-                     const QByteArray &attributes = "x='5'") {
+                     const QByteArray &attributes = "x='5'")
+{
     const auto document = ParseSvg(Svg("<rect " + attributes + ">" + animations + "</rect>"));
     if (!document)
         return "no document";
@@ -25,7 +26,8 @@ static QString Value(const QByteArray &animations, double milliseconds,
     return value ? QString::fromUtf8(*value) : QString("-");
 }
 
-static int Duration(const QByteArray &animations) {
+static int Duration(const QByteArray &animations)
+{
     return Movie(Svg("<rect>" + animations + "</rect>"))->Duration();
 }
 
@@ -50,7 +52,8 @@ private Q_SLOTS:
     void paintAndAnimationGoTogether();
 };
 
-void TestSvgAnimation::valuesAtMoments_data() {
+void TestSvgAnimation::valuesAtMoments_data()
+{
     QTest::addColumn<QByteArray>("animation");
     QTest::addColumn<double>("time");
     QTest::addColumn<QString>("value");
@@ -154,14 +157,16 @@ void TestSvgAnimation::valuesAtMoments_data() {
         "translate(0.0000 5.0000) rotate(270.0000)");
 }
 
-void TestSvgAnimation::valuesAtMoments() {
+void TestSvgAnimation::valuesAtMoments()
+{
     QFETCH(QByteArray, animation);
     QFETCH(double, time);
     QFETCH(QString, value);
     QCOMPARE(Value(animation, time), value);
 }
 
-void TestSvgAnimation::contradictionsAreLeftOut_data() {
+void TestSvgAnimation::contradictionsAreLeftOut_data()
+{
     QTest::addColumn<QByteArray>("animation");
     for (const char *animation :
          {"<animate/>",
@@ -199,13 +204,15 @@ void TestSvgAnimation::contradictionsAreLeftOut_data() {
         QTest::newRow(animation) << QByteArray(animation);
 }
 
-void TestSvgAnimation::contradictionsAreLeftOut() {
+void TestSvgAnimation::contradictionsAreLeftOut()
+{
     QFETCH(QByteArray, animation);
     QCOMPARE(Value(animation, 500), "no animation");
     QCOMPARE(Duration(animation), 0);
 }
 
-void TestSvgAnimation::theLongestFiniteEndIsTheDuration() {
+void TestSvgAnimation::theLongestFiniteEndIsTheDuration()
+{
     QCOMPARE(
         Duration("<animate attributeName='x' values='0;1' begin='0.5s' dur='1.5s' repeatCount='3'/>"
                  "<animate attributeName='y' values='0;1' dur='2s'/>"),
@@ -221,7 +228,8 @@ void TestSvgAnimation::theLongestFiniteEndIsTheDuration() {
     QCOMPARE(Duration(""), 0);
 }
 
-void TestSvgAnimation::anotherElementIsReachedByName() {
+void TestSvgAnimation::anotherElementIsReachedByName()
+{
     for (const char *name : {"href", "xlink:href"}) {
         const auto document =
             ParseSvg(Svg("<animate " + QByteArray(name) +
@@ -232,14 +240,16 @@ void TestSvgAnimation::anotherElementIsReachedByName() {
     }
 }
 
-void TestSvgAnimation::laterAnimationsWin() {
+void TestSvgAnimation::laterAnimationsWin()
+{
     const QByteArray both = "<animate attributeName='x' values='1;1' dur='2s'/>"
                             "<animate attributeName='x' values='2;2' dur='1s'/>";
     QCOMPARE(Value(both, 500), "2.0000");
     QCOMPARE(Value(both, 1500), "1.0000");
 }
 
-void TestSvgAnimation::theWayMovesTheElementsOwnPlace() {
+void TestSvgAnimation::theWayMovesTheElementsOwnPlace()
+{
     const QByteArray motion = "<animateMotion path='M0 0H10' dur='1s'/>";
     QCOMPARE(Value(motion, 500, "transform='scale(2)'"), "translate(5.0000 0.0000) scale(2)");
     QCOMPARE(Value(motion + "<animateTransform attributeName='transform' type='rotate' "
@@ -249,7 +259,8 @@ void TestSvgAnimation::theWayMovesTheElementsOwnPlace() {
     QCOMPARE(Value(motion, 1500, "transform='scale(2)'"), "scale(2)");
 }
 
-void TestSvgAnimation::arcsAndSmoothCurvesAreFollowed() {
+void TestSvgAnimation::arcsAndSmoothCurvesAreFollowed()
+{
     const auto near = [](const QPointF &a, const QPointF &b) {
         return (a - b).manhattanLength() < 0.2;
     };
@@ -270,7 +281,8 @@ void TestSvgAnimation::arcsAndSmoothCurvesAreFollowed() {
     QVERIFY(near(bows.At(0.75).Point, {15, -5}));
 }
 
-void TestSvgAnimation::aWaySplitsItsLengthEvenly() {
+void TestSvgAnimation::aWaySplitsItsLengthEvenly()
+{
     const MotionPath way(PathFromData("M0 0 10 0v0V10h-10z"));
     QCOMPARE(way.At(0).Point, QPointF(0, 0));
     QCOMPARE(way.At(0.375).Point, QPointF(10, 5));
@@ -282,7 +294,8 @@ void TestSvgAnimation::aWaySplitsItsLengthEvenly() {
     QCOMPARE(MotionPath().At(0.5).Point, QPointF(0, 0));
 }
 
-void TestSvgAnimation::aDamagedPathEndsAtItsFault() {
+void TestSvgAnimation::aDamagedPathEndsAtItsFault()
+{
     QCOMPARE(PathFromData("M0 0L10 0L20").currentPosition(), QPointF(10, 0));
     QCOMPARE(PathFromData("M0 0L10 0X5 5L9 9").currentPosition(), QPointF(10, 0));
     QCOMPARE(PathFromData("M0 0A5 5 0 2 1 9 9").currentPosition(), QPointF(0, 0));
@@ -291,7 +304,8 @@ void TestSvgAnimation::aDamagedPathEndsAtItsFault() {
     QVERIFY(PathFromData("").isEmpty());
 }
 
-void TestSvgAnimation::theScreenFollowsTheTime() {
+void TestSvgAnimation::theScreenFollowsTheTime()
+{
     auto movie =
         Movie(Svg("<rect width='10' height='100' fill='#f00'>"
                   "<animate attributeName='x' values='0;90' dur='1s' fill='freeze'/></rect>"));
@@ -303,7 +317,8 @@ void TestSvgAnimation::theScreenFollowsTheTime() {
     QCOMPARE(At(Shown(*movie), 95, 50), QColor("#ff0000"));
 }
 
-void TestSvgAnimation::nothingChangesAfterTheEnd() {
+void TestSvgAnimation::nothingChangesAfterTheEnd()
+{
     auto movie = Movie(Svg("<rect><animate attributeName='x' values='0;90' dur='1s'/>"
                            "<animate attributeName='y' values='0;90' dur='300ms' "
                            "repeatCount='indefinite'/></rect>"));
@@ -313,7 +328,8 @@ void TestSvgAnimation::nothingChangesAfterTheEnd() {
     QVERIFY(!movie->Advance(100000));
 }
 
-void TestSvgAnimation::timeMayGoBackAndStandStill() {
+void TestSvgAnimation::timeMayGoBackAndStandStill()
+{
     auto movie = Movie(Svg("<rect><set attributeName='x' to='9' begin='1s'/></rect>"));
     QVERIFY(!movie->Advance(-5));
     QVERIFY(!movie->Advance(0));
@@ -323,7 +339,8 @@ void TestSvgAnimation::timeMayGoBackAndStandStill() {
     QVERIFY(!movie->Advance(500));
 }
 
-void TestSvgAnimation::paintAndAnimationGoTogether() {
+void TestSvgAnimation::paintAndAnimationGoTogether()
+{
     auto movie = Movie(Svg("<g id='tetto'><rect id='tetto.interno' fill='#123456' width='10' "
                            "height='100'><animate attributeName='x' values='0;90' dur='1s'/>"
                            "</rect></g>"));

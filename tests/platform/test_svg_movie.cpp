@@ -8,17 +8,20 @@
 
 using platform::MovieReader;
 
-static void Color(MovieReader &movie, const char *object, const char *color) {
+static void Color(MovieReader &movie, const char *object, const char *color)
+{
     movie.SetVariable("QualeOggetto", object);
     movie.SetVariable("TestoColore.QualeColore", color);
 }
 
 // Nested in "text" this often.
-static QByteArray Nested(int depth, const QByteArray &text) {
+static QByteArray Nested(int depth, const QByteArray &text)
+{
     return QByteArray("<g>").repeated(depth) + text + QByteArray("</g>").repeated(depth);
 }
 
-static QByteArray Picture(const QSize &size, const char *format = "PNG") {
+static QByteArray Picture(const QSize &size, const char *format = "PNG")
+{
     QImage image(size, QImage::Format_RGB32);
     image.fill(Qt::red);
     QByteArray bytes;
@@ -63,7 +66,8 @@ private Q_SLOTS:
     void unknownElementsAreLeftOut();
 };
 
-void TestSvgMovie::anInsideIsFilled() {
+void TestSvgMovie::anInsideIsFilled()
+{
     auto movie = Movie(Figure());
     QCOMPARE(At(Shown(*movie), 50, 15), QColor("#eeeeee"));
     Color(*movie, "tetto.interno", "FF8000");
@@ -72,7 +76,8 @@ void TestSvgMovie::anInsideIsFilled() {
     QCOMPARE(At(Shown(*movie), 15, 15), QColor("#000000"));
 }
 
-void TestSvgMovie::anOutlineIsDrawn() {
+void TestSvgMovie::anOutlineIsDrawn()
+{
     auto movie = Movie(Figure());
     for (const char *object : {"porta.contorno", "fumo.contorno", "nuvole.contorno"})
         Color(*movie, object, "00ff00");
@@ -83,14 +88,16 @@ void TestSvgMovie::anOutlineIsDrawn() {
     QCOMPARE(At(image, 15, 35), QColor("#000000"));
 }
 
-void TestSvgMovie::theObjectStaysNamed() {
+void TestSvgMovie::theObjectStaysNamed()
+{
     auto movie = Movie(Figure());
     Color(*movie, "pareti.interno", "FF0000");
     movie->SetVariable("TestoColore.QualeColore", "0000FF");
     QCOMPARE(At(Shown(*movie), 50, 25), QColor("#0000ff"));
 }
 
-void TestSvgMovie::aColourWithoutAnObjectIsLost() {
+void TestSvgMovie::aColourWithoutAnObjectIsLost()
+{
     auto movie = Movie(Figure());
     const QImage before = Shown(*movie);
     movie->SetVariable("TestoColore.QualeColore", "FF0000");
@@ -104,14 +111,16 @@ void TestSvgMovie::aColourWithoutAnObjectIsLost() {
     QCOMPARE(Shown(*movie), before);
 }
 
-void TestSvgMovie::aMalformedColourIsLost_data() {
+void TestSvgMovie::aMalformedColourIsLost_data()
+{
     QTest::addColumn<QString>("color");
     for (const char *color :
          {"", "FF", "FF00000", "#FF0000", "GG0000", "red", " FF0000", "FF00\"/"})
         QTest::newRow(color) << QString(color);
 }
 
-void TestSvgMovie::aMalformedColourIsLost() {
+void TestSvgMovie::aMalformedColourIsLost()
+{
     QFETCH(QString, color);
     auto movie = Movie(Figure());
     const QImage before = Shown(*movie);
@@ -120,7 +129,8 @@ void TestSvgMovie::aMalformedColourIsLost() {
     QCOMPARE(Shown(*movie), before);
 }
 
-void TestSvgMovie::aShadeOrAGroupIsNotPainted() {
+void TestSvgMovie::aShadeOrAGroupIsNotPainted()
+{
     auto movie = Movie(Figure());
     const QImage before = Shown(*movie);
     Color(*movie, "tetto.ombra", "FF0000");
@@ -128,7 +138,8 @@ void TestSvgMovie::aShadeOrAGroupIsNotPainted() {
     QCOMPARE(Shown(*movie), before);
 }
 
-void TestSvgMovie::anObjectOfManyShapesIsPaintedWhole() {
+void TestSvgMovie::anObjectOfManyShapesIsPaintedWhole()
+{
     auto movie = Movie(Svg("<g id='finestre.interno' fill='#123456'>"
                            "<rect width='30' height='30'/>"
                            "<rect x='40' width='30' height='30' style='fill: #654321 !important'/>"
@@ -140,7 +151,8 @@ void TestSvgMovie::anObjectOfManyShapesIsPaintedWhole() {
     QCOMPARE(At(image, 15, 55), QColor("#ffffff"));
 }
 
-void TestSvgMovie::aColourReachesWhatTheStyleSaid() {
+void TestSvgMovie::aColourReachesWhatTheStyleSaid()
+{
     auto movie = Movie(Svg("<rect id='tetto.interno' fill='#00ff00' style='fill:#0000ff' "
                            "width='100' height='100'/>"));
     QCOMPARE(At(Shown(*movie), 50, 50), QColor("#0000ff"));
@@ -148,14 +160,16 @@ void TestSvgMovie::aColourReachesWhatTheStyleSaid() {
     QCOMPARE(At(Shown(*movie), 50, 50), QColor("#ff0000"));
 }
 
-void TestSvgMovie::everyReaderHasItsOwnPaint() {
+void TestSvgMovie::everyReaderHasItsOwnPaint()
+{
     auto first = Movie(Figure());
     auto second = Movie(Figure());
     Color(*first, "tetto.interno", "FF0000");
     QCOMPARE(At(Shown(*second), 50, 15), QColor("#eeeeee"));
 }
 
-void TestSvgMovie::smokeAndCloudsAreShownAndHidden() {
+void TestSvgMovie::smokeAndCloudsAreShownAndHidden()
+{
     auto movie = Movie(Figure());
     QCOMPARE(At(Shown(*movie), 50, 65), QColor("#eeeeee"));
     movie->SetProperty("fumo", 7, "0");
@@ -168,7 +182,8 @@ void TestSvgMovie::smokeAndCloudsAreShownAndHidden() {
     QCOMPARE(At(Shown(*movie), 50, 75), QColor("#ffffff"));
 }
 
-void TestSvgMovie::onlyVisibilityOfSmokeAndCloudsChanges() {
+void TestSvgMovie::onlyVisibilityOfSmokeAndCloudsChanges()
+{
     auto movie = Movie(Figure());
     const QImage before = Shown(*movie);
     movie->SetProperty("fumo", 6, "0");
@@ -180,7 +195,8 @@ void TestSvgMovie::onlyVisibilityOfSmokeAndCloudsChanges() {
     QCOMPARE(Shown(*movie), before);
 }
 
-void TestSvgMovie::theDescriptionTellsWhatIsShown() {
+void TestSvgMovie::theDescriptionTellsWhatIsShown()
+{
     auto movie = Movie(Figure());
     Color(*movie, "tetto.interno", "ff8000");
     Color(*movie, "tetto.contorno", "00ff00");
@@ -193,7 +209,8 @@ void TestSvgMovie::theDescriptionTellsWhatIsShown() {
     QCOMPARE(grouped->Description(), "tetto FF0000, porta 0000FF");
 }
 
-void TestSvgMovie::aPlainDrawingHasNoDescription() {
+void TestSvgMovie::aPlainDrawingHasNoDescription()
+{
     auto movie = Movie(Svg("<rect width='100' height='100'/>"));
     QVERIFY(movie->Description().isEmpty());
     QCOMPARE(movie->Duration(), 0);
@@ -201,7 +218,8 @@ void TestSvgMovie::aPlainDrawingHasNoDescription() {
     QCOMPARE(movie->Hit({50, 50}, {0, 0, 100, 100}), 0);
 }
 
-void TestSvgMovie::thePictureKeepsItsProportions() {
+void TestSvgMovie::thePictureKeepsItsProportions()
+{
     auto movie =
         Movie(Svg("<rect width='200' height='100' fill='#f00'/>", "viewBox='0 0 200 100'"));
     QCOMPARE(movie->Size(), QSizeF(200, 100));
@@ -212,7 +230,8 @@ void TestSvgMovie::thePictureKeepsItsProportions() {
     QCOMPARE(At(image, 50, 80), QColor("#ffffff"));
 }
 
-void TestSvgMovie::nothingIsPaintedBesideThePicture() {
+void TestSvgMovie::nothingIsPaintedBesideThePicture()
+{
     auto movie = Movie(Svg("<rect x='-500' y='-500' width='1000' height='1000' fill='#f00'/>"));
     const QImage image = Shown(*movie, {300, 100});
     QCOMPARE(At(image, 50, 50), QColor("#ffffff"));
@@ -220,7 +239,8 @@ void TestSvgMovie::nothingIsPaintedBesideThePicture() {
     QCOMPARE(At(image, 250, 50), QColor("#ffffff"));
 }
 
-void TestSvgMovie::everyPartIsHit() {
+void TestSvgMovie::everyPartIsHit()
+{
     auto movie = Movie(Figure());
     const QRectF target(100, 0, 400, 200); // the picture stands in the middle, twice its size
     for (int part = 1; part <= 8; ++part) {
@@ -236,7 +256,8 @@ void TestSvgMovie::everyPartIsHit() {
     QCOMPARE(movie->Hit({0, 0}, QRectF()), 0);
 }
 
-void TestSvgMovie::theTopmostPartIsHit() {
+void TestSvgMovie::theTopmostPartIsHit()
+{
     const QByteArray rect = "<rect width='50' height='50' ";
     auto movie = Movie(
         Svg("<g id='pareti'>" + rect + "id='pareti.interno' x='0'/></g><g id='porta'>" + rect +
@@ -250,7 +271,8 @@ void TestSvgMovie::theTopmostPartIsHit() {
     QCOMPARE(movie->Hit({10, 60}, target), 0);
 }
 
-void TestSvgMovie::movedPartsAreHitWhereTheyStand() {
+void TestSvgMovie::movedPartsAreHitWhereTheyStand()
+{
     auto movie =
         Movie(Svg("<defs><linearGradient id='g'><stop stop-color='#f00'/></linearGradient></defs>"
                   "<g transform='translate(50 50)'><g id='tetto' transform='scale(2)'>"
@@ -262,7 +284,8 @@ void TestSvgMovie::movedPartsAreHitWhereTheyStand() {
     QCOMPARE(movie->Hit({45, 45}, target), 0);
 }
 
-void TestSvgMovie::hiddenPartsAreNotHit() {
+void TestSvgMovie::hiddenPartsAreNotHit()
+{
     auto movie =
         Movie(Svg("<g id='tetto'><rect id='tetto.interno' width='100' height='100'/></g>"
                   "<g id='nuvole'><rect id='nuvole.interno' width='50' height='100'/></g>"));
@@ -274,26 +297,30 @@ void TestSvgMovie::hiddenPartsAreNotHit() {
     QCOMPARE(movie->Hit({10, 10}, target), 8);
 }
 
-void TestSvgMovie::aSizeWithoutViewBoxIsEnough() {
+void TestSvgMovie::aSizeWithoutViewBoxIsEnough()
+{
     auto movie = Movie(Svg("<rect width='60px' height='40'/>", "width='60px' height='40'"));
     QVERIFY(movie);
     QCOMPARE(movie->Size(), QSizeF(60, 40));
 }
 
-void TestSvgMovie::gradientsWithPlainReferencesWork() {
+void TestSvgMovie::gradientsWithPlainReferencesWork()
+{
     auto movie = Movie(Svg("<linearGradient id='a'><stop stop-color='#f00'/></linearGradient>"
                            "<linearGradient id='b' href='#a'/>"
                            "<rect fill='url(#b)' width='100' height='100'/>"));
     QCOMPARE(At(Shown(*movie), 50, 50), QColor("#ff0000"));
 }
 
-void TestSvgMovie::picturesInsideAreShown() {
+void TestSvgMovie::picturesInsideAreShown()
+{
     auto movie = Movie(Svg("<image width='100' height='100' href='data:image/png;base64," +
                            Picture({4, 4}) + "'/>"));
     QCOMPARE(At(Shown(*movie), 50, 50), QColor("#ff0000"));
 }
 
-void TestSvgMovie::picturesFromOutsideAreNot_data() {
+void TestSvgMovie::picturesFromOutsideAreNot_data()
+{
     QTest::addColumn<QByteArray>("address");
     static QTemporaryDir folder;
     QImage image(4, 4, QImage::Format_RGB32);
@@ -313,7 +340,8 @@ void TestSvgMovie::picturesFromOutsideAreNot_data() {
     QTest::newRow("noise") << QByteArray("data:image/png;base64,iVBORw0KGgo%%%%");
 }
 
-void TestSvgMovie::picturesFromOutsideAreNot() {
+void TestSvgMovie::picturesFromOutsideAreNot()
+{
     QFETCH(QByteArray, address);
     for (const char *name : {"href", "xlink:href"}) {
         auto movie = Movie(
@@ -323,7 +351,8 @@ void TestSvgMovie::picturesFromOutsideAreNot() {
     }
 }
 
-void TestSvgMovie::whatIsNoDrawingIsNotKnown_data() {
+void TestSvgMovie::whatIsNoDrawingIsNotKnown_data()
+{
     QTest::addColumn<QByteArray>("content");
     const QByteArray rect = "<rect width='10' height='10'/>";
     QTest::newRow("nothing") << QByteArray();
@@ -361,7 +390,8 @@ void TestSvgMovie::whatIsNoDrawingIsNotKnown_data() {
         << QByteArray("<!DOCTYPE svg [<!ENTITY a SYSTEM '/etc/passwd'>]>") + Svg("<g>&a;</g>");
 }
 
-void TestSvgMovie::whatIsNoDrawingIsNotKnown() {
+void TestSvgMovie::whatIsNoDrawingIsNotKnown()
+{
     QFETCH(QByteArray, content);
     QElapsedTimer timer;
     timer.start();
@@ -369,7 +399,8 @@ void TestSvgMovie::whatIsNoDrawingIsNotKnown() {
     QVERIFY(timer.elapsed() < 5000);
 }
 
-void TestSvgMovie::copiesWithoutEndAreNotKnown() {
+void TestSvgMovie::copiesWithoutEndAreNotKnown()
+{
     QByteArray doubling = "<rect id='a0' width='10' height='10'/>";
     for (int step = 1; step < 30; ++step) {
         const QByteArray before = QByteArray::number(step - 1);
@@ -385,7 +416,8 @@ void TestSvgMovie::copiesWithoutEndAreNotKnown() {
     QCOMPARE(At(Shown(*movie), 55, 55), QColor("#000000"));
 }
 
-void TestSvgMovie::unknownElementsAreLeftOut() {
+void TestSvgMovie::unknownElementsAreLeftOut()
+{
     auto movie = Movie(
         "<?xml version='1.0' encoding='EBCDIC-US'?><!DOCTYPE svg PUBLIC 'a' 'file:///etc/passwd'>" +
         Svg("<style>@import 'file:///etc/passwd'; rect { fill: #f00 }</style><script>x</script>"

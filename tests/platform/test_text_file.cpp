@@ -13,12 +13,14 @@ using namespace platform;
 
 namespace {
 
-QString S(const char *text) {
+QString S(const char *text)
+{
     return QString::fromUtf8(text);
 }
 
 // All fields up to the end, each in square brackets, and the error that ended it.
-QByteArray Fields(const QByteArray &content) {
+QByteArray Fields(const QByteArray &content)
+{
     RecordReader reader(content);
     QByteArray fields;
     const int error = ErrorOf([&] {
@@ -28,7 +30,8 @@ QByteArray Fields(const QByteArray &content) {
     return error == 0 ? fields : fields + QByteArray::number(error);
 }
 
-QByteArray Written(FolderHost &host, double value) {
+QByteArray Written(FolderHost &host, double value)
+{
     TextWriter file(S("C:\\number"));
     file.PrintNumber(value);
     file.Close();
@@ -67,12 +70,14 @@ private Q_SLOTS:
     void tenMegabytesOfNoiseEndSoon();
 };
 
-void TestTextFile::cleanup() {
+void TestTextFile::cleanup()
+{
     QLocale::setDefault(QLocale::c());
     std::setlocale(LC_ALL, "C");
 }
 
-void TestTextFile::everyByteComesBackAsItself() {
+void TestTextFile::everyByteComesBackAsItself()
+{
     for (int value = 0; value < 256; ++value) {
         const QByteArray byte(1, static_cast<char>(value));
         QCOMPARE(FromCodePage(byte).size(), 1);
@@ -82,14 +87,16 @@ void TestTextFile::everyByteComesBackAsItself() {
         QCOMPARE(FromCodePage(QByteArray(1, static_cast<char>(open))), QString(QChar(open)));
 }
 
-void TestTextFile::theEuroAndTheQuotesHaveTheirPlaces() {
+void TestTextFile::theEuroAndTheQuotesHaveTheirPlaces()
+{
     QCOMPARE(ToCodePage(S("€‚ƒ„…†‡ˆ‰Š‹ŒŽ‘’“”•–—˜™š›œžŸ")),
              QByteArray("\x80\x82\x83\x84\x85\x86\x87\x88\x89\x8A\x8B\x8C\x8E\x91\x92\x93\x94\x95"
                         "\x96\x97\x98\x99\x9A\x9B\x9C\x9E\x9F"));
     QCOMPARE(FromCodePage("\x80 perch\xE9 \x9F"), S("€ perché Ÿ"));
 }
 
-void TestTextFile::aLetterOutsideTheCodePageBecomesAQuestionMark() {
+void TestTextFile::aLetterOutsideTheCodePageBecomesAQuestionMark()
+{
     QCOMPARE(ToCodePage(S("aжb😀c")), QByteArray("a?b?c"));
     QCOMPARE(ToCodePage(QString(QChar(0xD800)) + S("x")), QByteArray("?x"));
     QCOMPARE(ToCodePage(QString(QChar(0xDC00)) + S("x")), QByteArray("?x"));
@@ -98,7 +105,8 @@ void TestTextFile::aLetterOutsideTheCodePageBecomesAQuestionMark() {
     QCOMPARE(ToCodePage(QString(QChar(0x100))), QByteArray("?"));
 }
 
-void TestTextFile::linesEndInCarriageReturnAndLineFeed() {
+void TestTextFile::linesEndInCarriageReturnAndLineFeed()
+{
     FolderHost host;
     TextWriter file(S("C:\\a.ini"));
     file.PrintText(S("True"));
@@ -111,7 +119,8 @@ void TestTextFile::linesEndInCarriageReturnAndLineFeed() {
              QByteArray("True\r\n\r\n\xE8, \"x\" \r\n 0 \r\n-2147483630 \r\n"));
 }
 
-void TestTextFile::nothingIsLostBeforeTheFileIsClosed() {
+void TestTextFile::nothingIsLostBeforeTheFileIsClosed()
+{
     FolderHost host;
     FolderHost::Put(host.Drive + S("a.ini"), "old content\r\n");
     TextWriter file(S("C:\\a.ini"));
@@ -121,7 +130,8 @@ void TestTextFile::nothingIsLostBeforeTheFileIsClosed() {
     QCOMPARE(FolderHost::Get(host.Drive + S("a.ini")), QByteArray("new\r\n"));
 }
 
-void TestTextFile::aFileThatIsNotClosedIsWrittenAtItsEnd() {
+void TestTextFile::aFileThatIsNotClosedIsWrittenAtItsEnd()
+{
     FolderHost host;
     {
         TextWriter file(S("C:\\a.ini"));
@@ -130,7 +140,8 @@ void TestTextFile::aFileThatIsNotClosedIsWrittenAtItsEnd() {
     QCOMPARE(FolderHost::Get(host.Drive + S("a.ini")), QByteArray("new\r\n"));
 }
 
-void TestTextFile::aClosedFileTakesNothingMore() {
+void TestTextFile::aClosedFileTakesNothingMore()
+{
     FolderHost host;
     TextWriter file(S("C:\\a.ini"));
     file.Close();
@@ -140,7 +151,8 @@ void TestTextFile::aClosedFileTakesNothingMore() {
     QCOMPARE(FolderHost::Get(host.Drive + S("a.ini")), QByteArray());
 }
 
-void TestTextFile::aNumberIsWritten_data() {
+void TestTextFile::aNumberIsWritten_data()
+{
     QTest::addColumn<double>("value");
     QTest::addColumn<QByteArray>("written");
     QTest::newRow("nought") << 0.0 << QByteArray(" 0 \r\n");
@@ -158,14 +170,16 @@ void TestTextFile::aNumberIsWritten_data() {
     QTest::newRow("huge") << 1e20 << QByteArray(" 1E+20 \r\n");
 }
 
-void TestTextFile::aNumberIsWritten() {
+void TestTextFile::aNumberIsWritten()
+{
     QFETCH(double, value);
     QFETCH(QByteArray, written);
     FolderHost host;
     QCOMPARE(Written(host, value), written);
 }
 
-void TestTextFile::fieldsFollowTheRules_data() {
+void TestTextFile::fieldsFollowTheRules_data()
+{
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QByteArray>("fields");
     const auto row = [](const char *name, const char *content, const char *fields) {
@@ -199,13 +213,15 @@ void TestTextFile::fieldsFollowTheRules_data() {
     QTest::newRow("nul") << QByteArray("a\0b\r\n", 5) << QByteArray("[a\0b]", 5);
 }
 
-void TestTextFile::fieldsFollowTheRules() {
+void TestTextFile::fieldsFollowTheRules()
+{
     QFETCH(QByteArray, content);
     QFETCH(QByteArray, fields);
     QCOMPARE(Fields(content), fields);
 }
 
-void TestTextFile::pastTheEndIsAnError() {
+void TestTextFile::pastTheEndIsAnError()
+{
     RecordReader reader(QByteArray("a\r\n"));
     QVERIFY(!reader.AtEnd());
     QCOMPARE(reader.Text(), S("a"));
@@ -216,13 +232,15 @@ void TestTextFile::pastTheEndIsAnError() {
     QCOMPARE(ErrorOf([&] { reader.Line(); }), 62);
 }
 
-void TestTextFile::anUnclosedQuoteRunsToTheEnd() {
+void TestTextFile::anUnclosedQuoteRunsToTheEnd()
+{
     RecordReader reader(QByteArray("\"a\r\nb\r\n"));
     QCOMPARE(ErrorOf([&] { reader.Text(); }), 62);
     QVERIFY(reader.AtEnd());
 }
 
-void TestTextFile::aNumberIsRead_data() {
+void TestTextFile::aNumberIsRead_data()
+{
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<double>("value");
     const auto row = [](const char *text, double value) {
@@ -247,14 +265,16 @@ void TestTextFile::aNumberIsRead_data() {
     row("8,9", 8);
 }
 
-void TestTextFile::aNumberIsRead() {
+void TestTextFile::aNumberIsRead()
+{
     QFETCH(QByteArray, text);
     QFETCH(double, value);
     RecordReader reader(text + "\r\n");
     QCOMPARE(reader.Number(), value);
 }
 
-void TestTextFile::aNumberIsRefused_data() {
+void TestTextFile::aNumberIsRefused_data()
+{
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<int>("error");
     for (const char *text :
@@ -267,20 +287,23 @@ void TestTextFile::aNumberIsRefused_data() {
     QTest::newRow("too large below") << QByteArray("-1e999") << 6;
 }
 
-void TestTextFile::aNumberIsRefused() {
+void TestTextFile::aNumberIsRefused()
+{
     QFETCH(QByteArray, text);
     QFETCH(int, error);
     RecordReader reader(text + "\r\n");
     QCOMPARE(ErrorOf([&] { reader.Number(); }), error);
 }
 
-void TestTextFile::integersAreRoundedHalvesToEven() {
+void TestTextFile::integersAreRoundedHalvesToEven()
+{
     RecordReader reader(QByteArray("0.5\r\n1.5\r\n2.5\r\n-0.5\r\n-1.5\r\n2.51\r\n2.4999\r\n"));
     for (const int expected : {0, 2, 2, 0, -2, 3, 2})
         QCOMPARE(int{reader.Integer()}, expected);
 }
 
-void TestTextFile::integersHaveSixteenBits() {
+void TestTextFile::integersHaveSixteenBits()
+{
     RecordReader reader(QByteArray("32767\r\n-32768\r\n32767.4\r\n32768\r\n-32769\r\n32767.5\r\n"
                                    "1e10\r\n-1e300\r\n4294967296\r\n"));
     QCOMPARE(int{reader.Integer()}, 32767);
@@ -290,7 +313,8 @@ void TestTextFile::integersHaveSixteenBits() {
         QCOMPARE(ErrorOf([&] { reader.Integer(); }), 6);
 }
 
-void TestTextFile::theRestOfALineIsReadAsItStands() {
+void TestTextFile::theRestOfALineIsReadAsItStands()
+{
     RecordReader reader(QByteArray("a, b \"c\" \r\n\r\nlast"));
     QCOMPARE(reader.Text(), S("a"));
     QCOMPARE(reader.Line(), S(" b \"c\" "));
@@ -299,7 +323,8 @@ void TestTextFile::theRestOfALineIsReadAsItStands() {
     QVERIFY(reader.AtEnd());
 }
 
-void TestTextFile::numbersDoNotFollowTheLocale() {
+void TestTextFile::numbersDoNotFollowTheLocale()
+{
     FolderHost host;
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
     // At most one of these is installed; the C library's own numbers follow it then.
@@ -312,7 +337,8 @@ void TestTextFile::numbersDoNotFollowTheLocale() {
     QCOMPARE(ErrorOf([&] { reader.Number(); }), 13);
 }
 
-void TestTextFile::whatIsWrittenIsReadAgain() {
+void TestTextFile::whatIsWrittenIsReadAgain()
+{
     FolderHost host;
     const QList<double> numbers = {
         0, 1, -1, 0.5, -2147483633.0, 4294967295.0, 1e100, 0.1, 123456.75, 999999999999999.0};
@@ -328,7 +354,8 @@ void TestTextFile::whatIsWrittenIsReadAgain() {
     QVERIFY(reader.AtEnd());
 }
 
-void TestTextFile::tenMegabytesOfNoiseEndSoon() {
+void TestTextFile::tenMegabytesOfNoiseEndSoon()
+{
     constexpr qsizetype Size = 10 * 1024 * 1024;
     uint32_t state = 1;
     for (const char *letters : {"\",\r\n ab", "\"", ",", "1", "\r", " "}) {

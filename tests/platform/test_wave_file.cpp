@@ -15,13 +15,15 @@ using platform::WaveSound;
 
 namespace {
 
-QByteArray Number(quint32 number, int length) {
+QByteArray Number(quint32 number, int length)
+{
     QByteArray bytes(4, '\0');
     qToLittleEndian(number, bytes.data());
     return bytes.left(length);
 }
 
-QByteArray Chunk(const char *name, const QByteArray &body) {
+QByteArray Chunk(const char *name, const QByteArray &body)
+{
     QByteArray chunk = name + Number(static_cast<quint32>(body.size()), 4) + body;
     if (body.size() % 2 != 0)
         chunk += '\0';
@@ -35,26 +37,31 @@ struct Format {
     quint16 bits = 16;
 };
 
-QByteArray FormatChunk(const Format &format) {
+QByteArray FormatChunk(const Format &format)
+{
     const quint32 frame = static_cast<quint32>(format.channels) * format.bits / 8u;
     return Chunk("fmt ", Number(format.kind, 2) + Number(format.channels, 2) +
                              Number(format.rate, 4) + Number(format.rate * frame, 4) +
                              Number(frame, 2) + Number(format.bits, 2));
 }
 
-QByteArray Riff(const QByteArray &chunks) {
+QByteArray Riff(const QByteArray &chunks)
+{
     return Chunk("RIFF", "WAVE" + chunks);
 }
 
-QByteArray Wave(const Format &format, const QByteArray &samples) {
+QByteArray Wave(const Format &format, const QByteArray &samples)
+{
     return Riff(FormatChunk(format) + Chunk("data", samples));
 }
 
-bool IsSilent(const QByteArray &bytes) {
+bool IsSilent(const QByteArray &bytes)
+{
     return !ReadWave(bytes).has_value();
 }
 
-void Write(const QString &path, const QByteArray &bytes) {
+void Write(const QString &path, const QByteArray &bytes)
+{
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(file.write(bytes), bytes.size());
@@ -87,7 +94,8 @@ private Q_SLOTS:
     void aHugeFileIsSilent();
 };
 
-void TestWaveFile::samplesOfEveryPlainKindAreRead_data() {
+void TestWaveFile::samplesOfEveryPlainKindAreRead_data()
+{
     QTest::addColumn<int>("bits");
     QTest::addColumn<int>("channels");
     QTest::addColumn<int>("rate");
@@ -98,7 +106,8 @@ void TestWaveFile::samplesOfEveryPlainKindAreRead_data() {
                     << bits << channels << rate;
 }
 
-void TestWaveFile::samplesOfEveryPlainKindAreRead() {
+void TestWaveFile::samplesOfEveryPlainKindAreRead()
+{
     QFETCH(int, bits);
     QFETCH(int, channels);
     QFETCH(int, rate);
@@ -113,7 +122,8 @@ void TestWaveFile::samplesOfEveryPlainKindAreRead() {
     QCOMPARE(sound->samples, samples);
 }
 
-void TestWaveFile::chunksThatAreNoSoundAreSkipped() {
+void TestWaveFile::chunksThatAreNoSoundAreSkipped()
+{
     const QByteArray list = Chunk("LIST", "INFOdata");
     const auto sound = ReadWave(
         Riff(list + FormatChunk({}) + Chunk("fact", "1234") + Chunk("data", "abcd") + list));
@@ -121,14 +131,16 @@ void TestWaveFile::chunksThatAreNoSoundAreSkipped() {
     QCOMPARE(sound->samples, QByteArray("abcd"));
 }
 
-void TestWaveFile::aChunkOfOddLengthIsFollowedByOneMoreByte() {
+void TestWaveFile::aChunkOfOddLengthIsFollowedByOneMoreByte()
+{
     const auto sound =
         ReadWave(Riff(Chunk("LIST", "odd") + FormatChunk({}) + Chunk("data", "abcd")));
     QVERIFY(sound);
     QCOMPARE(sound->samples, QByteArray("abcd"));
 }
 
-void TestWaveFile::anExtendedFormatOfPlainSamplesIsRead() {
+void TestWaveFile::anExtendedFormatOfPlainSamplesIsRead()
+{
     const QByteArray plain = FormatChunk({0xFFFE, 2, 48000, 24}).mid(8);
     const auto extended = [&plain](quint32 kind) {
         return Riff(Chunk("fmt ", plain + Number(22, 2) + Number(24, 2) + Number(3, 4) +
@@ -142,7 +154,8 @@ void TestWaveFile::anExtendedFormatOfPlainSamplesIsRead() {
     QVERIFY(IsSilent(extended(3)));
 }
 
-void TestWaveFile::aFormatThatIsNotPlainIsSilent_data() {
+void TestWaveFile::aFormatThatIsNotPlainIsSilent_data()
+{
     QTest::addColumn<QByteArray>("bytes");
     const QByteArray samples(48, 'x');
     QTest::newRow("compressed") << Wave({2, 1, 44100, 16}, samples);
@@ -162,18 +175,21 @@ void TestWaveFile::aFormatThatIsNotPlainIsSilent_data() {
         << Riff(Chunk("fmt ", FormatChunk({}).mid(8, 14)) + Chunk("data", samples));
 }
 
-void TestWaveFile::aFormatThatIsNotPlainIsSilent() {
+void TestWaveFile::aFormatThatIsNotPlainIsSilent()
+{
     QFETCH(QByteArray, bytes);
     QVERIFY(IsSilent(bytes));
 }
 
-void TestWaveFile::halfAFrameAtTheEndIsDropped() {
+void TestWaveFile::halfAFrameAtTheEndIsDropped()
+{
     const auto sound = ReadWave(Wave({1, 2, 44100, 16}, "abcdefg"));
     QVERIFY(sound);
     QCOMPARE(sound->samples, QByteArray("abcd"));
 }
 
-void TestWaveFile::aFileThatWasCutShortGivesWhatIsThere() {
+void TestWaveFile::aFileThatWasCutShortGivesWhatIsThere()
+{
     QByteArray bytes = Wave({}, "abcdefgh");
     bytes.chop(4);
     const auto sound = ReadWave(bytes);
@@ -181,25 +197,29 @@ void TestWaveFile::aFileThatWasCutShortGivesWhatIsThere() {
     QCOMPARE(sound->samples, QByteArray("abcd"));
 }
 
-void TestWaveFile::everyCutOfAFileIsReadWithoutHarm() {
+void TestWaveFile::everyCutOfAFileIsReadWithoutHarm()
+{
     const QByteArray whole = Riff(Chunk("LIST", "odd") + FormatChunk({}) + Chunk("data", "ab"));
     for (qsizetype length = 0; length < whole.size(); ++length)
         QVERIFY2(IsSilent(whole.left(length)), QByteArray::number(length));
     QVERIFY(!IsSilent(whole));
 }
 
-void TestWaveFile::soundWithoutAFormatBeforeItIsSilent() {
+void TestWaveFile::soundWithoutAFormatBeforeItIsSilent()
+{
     QVERIFY(IsSilent(Riff(Chunk("data", "abcd"))));
     QVERIFY(IsSilent(Riff(Chunk("data", "abcd") + FormatChunk({}))));
 }
 
-void TestWaveFile::aFileWithoutSamplesIsSilent() {
+void TestWaveFile::aFileWithoutSamplesIsSilent()
+{
     QVERIFY(IsSilent(Wave({}, "")));
     QVERIFY(IsSilent(Wave({}, "a")));
     QVERIFY(IsSilent(Riff(FormatChunk({}))));
 }
 
-void TestWaveFile::lengthsBeyondTheFileDoNoHarm() {
+void TestWaveFile::lengthsBeyondTheFileDoNoHarm()
+{
     // A recorder that never came back to fill in the length leaves the highest one.
     const auto sound = ReadWave(Riff(FormatChunk({}) + "data" + Number(0xFFFFFFFF, 4) + "abcd"));
     QVERIFY(sound);
@@ -208,7 +228,8 @@ void TestWaveFile::lengthsBeyondTheFileDoNoHarm() {
     QVERIFY(IsSilent(Riff("LIST" + Number(0x7FFFFFFF, 4))));
 }
 
-void TestWaveFile::foreignFilesAreSilent() {
+void TestWaveFile::foreignFilesAreSilent()
+{
     const QByteArray samples(64, 'x');
     QByteArray big = Wave({}, samples);
     big.replace(0, 4, "RIFX");
@@ -220,7 +241,8 @@ void TestWaveFile::foreignFilesAreSilent() {
     QVERIFY(IsSilent("OggS" + samples));
 }
 
-void TestWaveFile::aFileOnDiskIsReadWithAccentsInItsName() {
+void TestWaveFile::aFileOnDiskIsReadWithAccentsInItsName()
+{
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("perché.wav"));
     Write(path, Wave({}, "abcd"));
@@ -229,26 +251,30 @@ void TestWaveFile::aFileOnDiskIsReadWithAccentsInItsName() {
     QCOMPARE(sound->samples, QByteArray("abcd"));
 }
 
-void TestWaveFile::aMissingFileIsSilent() {
+void TestWaveFile::aMissingFileIsSilent()
+{
     QTemporaryDir folder;
     QVERIFY(!ReadWaveFile(folder.filePath(QStringLiteral("1.wav"))));
     QVERIFY(!ReadWaveFile(QString()));
 }
 
-void TestWaveFile::aFolderNamedLikeASoundIsSilent() {
+void TestWaveFile::aFolderNamedLikeASoundIsSilent()
+{
     QTemporaryDir folder;
     QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("1.wav")));
     QVERIFY(!ReadWaveFile(folder.filePath(QStringLiteral("1.wav"))));
 }
 
-void TestWaveFile::aNamedPipeIsNotWaitedFor() {
+void TestWaveFile::aNamedPipeIsNotWaitedFor()
+{
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("1.wav"));
     QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
     QVERIFY(!ReadWaveFile(path));
 }
 
-void TestWaveFile::aHugeFileIsSilent() {
+void TestWaveFile::aHugeFileIsSilent()
+{
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("1.wav"));
     Write(path, Wave({}, "abcd"));

@@ -6,7 +6,8 @@
 
 #include "platform/sound_player.h"
 
-int main() {
+int main()
+{
     std::string path;
     while (std::getline(std::cin, path)) {
         const auto before = std::chrono::steady_clock::now();

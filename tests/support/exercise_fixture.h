@@ -25,7 +25,8 @@ public:
         EtichettaEsatti = QStringLiteral(" Esatti");
         EtichettaErrati = QStringLiteral(" Errati");
         EtichettaLivello = QStringLiteral(" Livello");
-        RegistraFinestra(QStringLiteral("FormMenu"), []() -> platform::Form * { return new FormMenu; });
+        RegistraFinestra(QStringLiteral("FormMenu"),
+                         []() -> platform::Form * { return new FormMenu; });
     }
 
     // Opens a window of the exercise as the first row of the log.

@@ -48,7 +48,10 @@ ScriptedHost::~ScriptedHost()
     SetHost(nullptr);
 }
 
-void ScriptedHost::Expect(const QList<ScriptedDraw> &draws) { m_draws << draws; }
+void ScriptedHost::Expect(const QList<ScriptedDraw> &draws)
+{
+    m_draws << draws;
+}
 
 void ScriptedHost::Seed(uint32_t seed)
 {
@@ -113,7 +116,10 @@ void ScriptedHost::ExpectInput(const QString &prompt, const QString &answer)
     m_boxes.append({prompt, BoxAnswer::Ok, answer});
 }
 
-QStringList ScriptedHost::TakeEvents() { return std::exchange(Events, {}); }
+QStringList ScriptedHost::TakeEvents()
+{
+    return std::exchange(Events, {});
+}
 
 QByteArray ScriptedHost::DriveFile(const QString &path) const
 {

@@ -1,5 +1,5 @@
-// The host of the tests: holds the clock, hands out the draws it was given, answers the boxes it was
-// told to expect, and records what windows show in the order it happens.
+// The host of the tests: holds the clock, hands out the draws it was given, answers the boxes it
+// was told to expect, and records what windows show in the order it happens.
 #pragma once
 
 #include "platform/application.h"

@@ -4,28 +4,33 @@
 namespace platform {
 namespace {
 
-int ByteAt(const QByteArray &content, qsizetype at) {
+int ByteAt(const QByteArray &content, qsizetype at)
+{
     return at >= 0 && at < content.size() ? static_cast<unsigned char>(content[at]) : 0;
 }
 
-qint64 Little(const QByteArray &content, qsizetype at, int bytes) {
+qint64 Little(const QByteArray &content, qsizetype at, int bytes)
+{
     qint64 number = 0;
     for (int index = bytes - 1; index >= 0; --index)
         number = number * 256 + ByteAt(content, at + index);
     return number;
 }
 
-int Standing(qint64 milliseconds) {
+int Standing(qint64 milliseconds)
+{
     return milliseconds <= 10 ? 100 : static_cast<int>(milliseconds);
 }
 
 // Bytes of a colour table whose size the flags tell.
-qsizetype TableSize(int flags) {
+qsizetype TableSize(int flags)
+{
     return (flags & 0x80) != 0 ? qsizetype{3} << ((flags & 7) + 1) : 0;
 }
 
 // Behind a row of blocks, each with its length ahead, that ends with an empty one.
-qsizetype BehindBlocks(const QByteArray &content, qsizetype at) {
+qsizetype BehindBlocks(const QByteArray &content, qsizetype at)
+{
     while (at < content.size() && ByteAt(content, at) != 0)
         at += 1 + ByteAt(content, at);
     return at + 1;
@@ -33,21 +38,25 @@ qsizetype BehindBlocks(const QByteArray &content, qsizetype at) {
 
 } // namespace
 
-bool IsGif(const QByteArray &content) {
+bool IsGif(const QByteArray &content)
+{
     return content.startsWith("GIF87a") || content.startsWith("GIF89a");
 }
 
-bool IsWebp(const QByteArray &content) {
+bool IsWebp(const QByteArray &content)
+{
     return content.startsWith("RIFF") && content.mid(8, 4) == "WEBP";
 }
 
-QSize CanvasSize(const QByteArray &content) {
+QSize CanvasSize(const QByteArray &content)
+{
     if (!IsGif(content))
         return {};
     return {static_cast<int>(Little(content, 6, 2)), static_cast<int>(Little(content, 8, 2))};
 }
 
-std::vector<int> GifDelays(const QByteArray &content) {
+std::vector<int> GifDelays(const QByteArray &content)
+{
     std::vector<int> delays;
     qint64 delay = 0;
     qsizetype at = 13 + TableSize(ByteAt(content, 10));
@@ -68,7 +77,8 @@ std::vector<int> GifDelays(const QByteArray &content) {
     return delays;
 }
 
-std::vector<int> WebpDelays(const QByteArray &content) {
+std::vector<int> WebpDelays(const QByteArray &content)
+{
     std::vector<int> delays;
     for (qint64 at = 12; at + 8 <= content.size();) {
         const qint64 length = Little(content, at + 4, 4);

@@ -18,7 +18,8 @@ namespace {
 constexpr double Pi = std::numbers::pi;
 
 // An elliptical arc from the current point, as quarter turns of Bézier curves.
-void AddArc(QPainterPath &path, const std::array<double, 7> &numbers, const QPointF &to) {
+void AddArc(QPainterPath &path, const std::array<double, 7> &numbers, const QPointF &to)
+{
     const QPointF from = path.currentPosition();
     double rx = std::abs(numbers[0]);
     double ry = std::abs(numbers[1]);
@@ -80,7 +81,8 @@ private:
     bool m_relative = false;
 };
 
-QPainterPath PathReader::Run() {
+QPainterPath PathReader::Run()
+{
     char command = 0;
     const int size = static_cast<int>(m_data.size());
     while (m_position < size) {
@@ -108,7 +110,8 @@ QPainterPath PathReader::Run() {
     return m_path;
 }
 
-bool PathReader::Numbers(char command, std::array<double, 7> &numbers) {
+bool PathReader::Numbers(char command, std::array<double, 7> &numbers)
+{
     size_t count = 0;
     switch (command) {
     case 'Z':
@@ -156,7 +159,8 @@ bool PathReader::Numbers(char command, std::array<double, 7> &numbers) {
     return true;
 }
 
-void PathReader::Segment(char command, const std::array<double, 7> &numbers) {
+void PathReader::Segment(char command, const std::array<double, 7> &numbers)
+{
     const QPointF here = m_path.currentPosition();
     const QPointF origin = m_relative ? here : QPointF();
     const auto point = [&](size_t index) {
@@ -205,21 +209,25 @@ void PathReader::Segment(char command, const std::array<double, 7> &numbers) {
 
 } // namespace
 
-QPainterPath PathFromData(const QByteArray &data) {
+QPainterPath PathFromData(const QByteArray &data)
+{
     return PathReader(data).Run();
 }
 
-MotionPath::MotionPath(const QPainterPath &path) {
+MotionPath::MotionPath(const QPainterPath &path)
+{
     for (const QPolygonF &polygon : path.toSubpathPolygons())
         m_points.insert(m_points.end(), polygon.begin(), polygon.end());
     Measure();
 }
 
-MotionPath::MotionPath(const std::vector<QPointF> &points) : m_points(points) {
+MotionPath::MotionPath(const std::vector<QPointF> &points) : m_points(points)
+{
     Measure();
 }
 
-void MotionPath::Measure() {
+void MotionPath::Measure()
+{
     double length = 0;
     for (size_t index = 0; index < m_points.size(); ++index) {
         if (index > 0) {
@@ -232,7 +240,8 @@ void MotionPath::Measure() {
         share = length > 0 ? share / length : 0;
 }
 
-MotionPath::Place MotionPath::At(double share) const {
+MotionPath::Place MotionPath::At(double share) const
+{
     if (m_points.size() < 2 || m_shares.back() == 0)
         return {m_points.empty() ? QPointF() : m_points.front(), 0};
     const auto behind = std::upper_bound(m_shares.begin() + 1, m_shares.end() - 1, share);

@@ -17,7 +17,8 @@ namespace {
 constexpr qsizetype MostKeptFiles = 64;
 const char *const Endings[] = {".svg", ".webp", ".gif"};
 
-std::shared_ptr<SvgSource> ReadSvg(const QByteArray &content) {
+std::shared_ptr<SvgSource> ReadSvg(const QByteArray &content)
+{
     auto document = ParseSvg(content);
     return document ? std::make_shared<SvgSource>(std::move(*document)) : nullptr;
 }
@@ -30,19 +31,22 @@ struct KeptFile {
     std::shared_ptr<SvgSource> Source;
 };
 
-QHash<QString, KeptFile> &KeptFiles() {
+QHash<QString, KeptFile> &KeptFiles()
+{
     static QHash<QString, KeptFile> files;
     return files;
 }
 
 // In the file system's own units, nanoseconds as a rule.
-int64_t TimeOfChange(const QString &path) {
+int64_t TimeOfChange(const QString &path)
+{
     std::error_code error;
     const auto time = std::filesystem::last_write_time(path.toStdU16String(), error);
     return error ? 0 : static_cast<int64_t>(time.time_since_epoch().count());
 }
 
-std::unique_ptr<MovieReader> OpenFile(const QString &literal) {
+std::unique_ptr<MovieReader> OpenFile(const QString &literal)
+{
     const QString path = NativePath(literal);
     if (!FileExists(path))
         return nullptr;
@@ -67,7 +71,8 @@ std::unique_ptr<MovieReader> OpenFile(const QString &literal) {
 }
 
 // The path without the ending of its last part.
-QString WithoutEnding(const QString &path) {
+QString WithoutEnding(const QString &path)
+{
     const qsizetype part =
         std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\')));
     const qsizetype dot = path.lastIndexOf(QLatin1Char('.'));
@@ -76,13 +81,15 @@ QString WithoutEnding(const QString &path) {
 
 } // namespace
 
-std::unique_ptr<MovieReader> ReadMovie(const QByteArray &content) {
+std::unique_ptr<MovieReader> ReadMovie(const QByteArray &content)
+{
     if (auto source = ReadSvg(content))
         return std::make_unique<SvgMovie>(std::move(source));
     return ReadRasterMovie(content);
 }
 
-std::unique_ptr<MovieReader> OpenMovie(const QString &path) {
+std::unique_ptr<MovieReader> OpenMovie(const QString &path)
+{
     QStringList candidates{path};
     for (const char *ending : Endings)
         candidates << WithoutEnding(path) + QLatin1String(ending);
@@ -96,7 +103,8 @@ std::unique_ptr<MovieReader> OpenMovie(const QString &path) {
     return reader;
 }
 
-int CountMovies(const QString &pattern) {
+int CountMovies(const QString &pattern)
+{
     const QString base = WithoutEnding(pattern);
     QSet<QString> names;
     QStringList patterns{pattern};

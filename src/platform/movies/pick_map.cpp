@@ -16,7 +16,8 @@ struct Piece {
 };
 
 // The group of a part, and those of its objects that stand outside of it.
-std::vector<Piece> PiecesOf(const SvgDocument &document, unsigned visible) {
+std::vector<Piece> PiecesOf(const SvgDocument &document, unsigned visible)
+{
     std::vector<Piece> pieces;
     for (size_t number = 0; number < FigureParts.size(); ++number) {
         if ((visible & (1U << number)) == 0)
@@ -39,7 +40,8 @@ std::vector<Piece> PiecesOf(const SvgDocument &document, unsigned visible) {
 }
 
 // The document with this piece alone, where it stands, with what it refers to.
-QByteArray Alone(const SvgDocument &document, int piece) {
+QByteArray Alone(const SvgDocument &document, int piece)
+{
     const auto &elements = document.Elements;
     const int end = elements[static_cast<size_t>(piece)].End;
     return SvgText(document, [&](int index) {
@@ -57,7 +59,8 @@ QByteArray Alone(const SvgDocument &document, int piece) {
 
 } // namespace
 
-bool IsShown(const SvgDocument &document, int index) {
+bool IsShown(const SvgDocument &document, int index)
+{
     for (int at = index; at >= 0; at = document.Elements[static_cast<size_t>(at)].Parent) {
         const SvgElement &element = document.Elements[static_cast<size_t>(at)];
         if (element.Value("display") == "none" || element.Value("visibility") == "hidden")
@@ -68,7 +71,8 @@ bool IsShown(const SvgDocument &document, int index) {
 
 PickMap::PickMap(const SvgDocument &document, const QSize &size, unsigned visible)
     : m_size(size.boundedTo({LargestSide, LargestSide}).expandedTo({1, 1})),
-      m_parts(static_cast<size_t>(m_size.width()) * static_cast<size_t>(m_size.height()), 0) {
+      m_parts(static_cast<size_t>(m_size.width()) * static_cast<size_t>(m_size.height()), 0)
+{
     QImage image(m_size, QImage::Format_ARGB32_Premultiplied);
     for (const Piece &piece : PiecesOf(document, visible)) {
         QSvgRenderer renderer(Alone(document, piece.Index));
@@ -86,7 +90,8 @@ PickMap::PickMap(const SvgDocument &document, const QSize &size, unsigned visibl
     }
 }
 
-int PickMap::At(int x, int y) const {
+int PickMap::At(int x, int y) const
+{
     if (x < 0 || y < 0 || x >= m_size.width() || y >= m_size.height())
         return 0;
     return m_parts[static_cast<size_t>(y) * static_cast<size_t>(m_size.width()) +

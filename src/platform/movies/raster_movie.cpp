@@ -20,7 +20,8 @@ constexpr qint64 MostPixels = qint64{1} << 30; // of all frames together: some s
 class RasterMovie : public MovieReader {
 public:
     RasterMovie(const QByteArray &content, const QByteArray &format, std::vector<int> delays)
-        : m_content(content), m_delays(std::move(delays)) {
+        : m_content(content), m_delays(std::move(delays))
+    {
         m_buffer.setData(m_content);
         m_buffer.open(QIODevice::ReadOnly);
         m_reader = std::make_unique<QImageReader>(&m_buffer, format);
@@ -30,7 +31,8 @@ public:
             m_duration = 0;
     }
 
-    bool Open() {
+    bool Open()
+    {
         // The decoder tells the size of a frame where a GIF tells that of the whole.
         const QSize size = m_reader->size().expandedTo(CanvasSize(m_content));
         if (!m_reader->size().isValid() || size.width() > LargestSide ||
@@ -44,7 +46,8 @@ public:
 
     QSizeF Size() const override { return m_image.size(); }
 
-    void Paint(QPainter &painter, const QRectF &target) override {
+    void Paint(QPainter &painter, const QRectF &target) override
+    {
         // Frames are made one on top of the other: none can be left out.
         while (m_decoded < m_wanted) {
             ++m_decoded;
@@ -65,7 +68,8 @@ public:
     void SetProperty(const QString &, int, const QString &) override {}
     void GotoFrame(int) override {}
 
-    bool Advance(int milliseconds) override {
+    bool Advance(int milliseconds) override
+    {
         size_t frame = 0;
         int end = m_delays.empty() ? 0 : m_delays.front();
         while (frame + 1 < m_delays.size() && milliseconds >= end)
@@ -95,7 +99,8 @@ private:
 
 } // namespace
 
-std::unique_ptr<MovieReader> ReadRasterMovie(const QByteArray &content) {
+std::unique_ptr<MovieReader> ReadRasterMovie(const QByteArray &content)
+{
     const bool gif = IsGif(content);
     if (content.size() > LargestMovie || !(gif || IsWebp(content)))
         return nullptr;

@@ -8,7 +8,8 @@
 namespace platform {
 namespace {
 
-void AppendNumber(QByteArray &text, double number) {
+void AppendNumber(QByteArray &text, double number)
+{
     std::array<char, 64> letters{};
     const auto [end, error] = std::to_chars(letters.data(), letters.data() + letters.size(), number,
                                             std::chars_format::fixed, 4);
@@ -16,7 +17,8 @@ void AppendNumber(QByteArray &text, double number) {
         text.append(letters.data(), end - letters.data());
 }
 
-QByteArray Call(const QByteArray &function, const std::vector<double> &numbers) {
+QByteArray Call(const QByteArray &function, const std::vector<double> &numbers)
+{
     QByteArray text = function + '(';
     for (size_t index = 0; index < numbers.size(); ++index) {
         if (index > 0)
@@ -27,7 +29,8 @@ QByteArray Call(const QByteArray &function, const std::vector<double> &numbers) 
 }
 
 // The curve of an easing: the height at a share of its time.
-double Eased(const std::array<double, 4> &spline, double share) {
+double Eased(const std::array<double, 4> &spline, double share)
+{
     const auto curve = [](double a, double b, double at) {
         return 3 * (1 - at) * (1 - at) * at * a + 3 * (1 - at) * at * at * b + at * at * at;
     };
@@ -42,7 +45,8 @@ double Eased(const std::array<double, 4> &spline, double share) {
 
 } // namespace
 
-std::optional<double> SvgTrack::Share(double milliseconds) const {
+std::optional<double> SvgTrack::Share(double milliseconds) const
+{
     if (milliseconds < Begin)
         return std::nullopt;
     if (Cycle <= 0)
@@ -58,7 +62,8 @@ std::optional<double> SvgTrack::Share(double milliseconds) const {
 }
 
 // The value before `share` and how far on it is to the next one.
-size_t SvgTrack::Gap(double share, double &part) const {
+size_t SvgTrack::Gap(double share, double &part) const
+{
     const auto next = std::upper_bound(Times.begin(), Times.end(), share);
     const size_t index = next == Times.begin() ? 0 : static_cast<size_t>(next - Times.begin()) - 1;
     part = 0;
@@ -71,7 +76,8 @@ size_t SvgTrack::Gap(double share, double &part) const {
     return index;
 }
 
-std::vector<double> SvgTrack::Mixed(double share) const {
+std::vector<double> SvgTrack::Mixed(double share) const
+{
     double part = 0;
     const size_t index = Gap(share, part);
     std::vector<double> numbers = Frames[index];
@@ -81,7 +87,8 @@ std::vector<double> SvgTrack::Mixed(double share) const {
     return numbers;
 }
 
-QByteArray SvgTrack::ValueAt(double share, const QByteArray &below) const {
+QByteArray SvgTrack::ValueAt(double share, const QByteArray &below) const
+{
     if (What == Kind::Text) {
         double part = 0;
         return Texts[Gap(share, part)];
@@ -124,7 +131,8 @@ QByteArray SvgTrack::ValueAt(double share, const QByteArray &below) const {
     return text;
 }
 
-SvgAnimation::SvgAnimation(const SvgDocument &document) {
+SvgAnimation::SvgAnimation(const SvgDocument &document)
+{
     double longest = 0;
     const int count = static_cast<int>(document.Elements.size());
     for (int index = 0; index < count; ++index) {
@@ -143,7 +151,8 @@ SvgAnimation::SvgAnimation(const SvgDocument &document) {
     m_duration = static_cast<int>(std::ceil(longest));
 }
 
-SvgAnimation::Values SvgAnimation::At(const SvgDocument &base, double milliseconds) const {
+SvgAnimation::Values SvgAnimation::At(const SvgDocument &base, double milliseconds) const
+{
     Values values;
     for (const Target &target : m_targets) {
         const QByteArray *own =
@@ -165,7 +174,8 @@ SvgAnimation::Values SvgAnimation::At(const SvgDocument &base, double millisecon
     return values;
 }
 
-void SvgAnimation::Apply(const Values &values, SvgDocument &document) const {
+void SvgAnimation::Apply(const Values &values, SvgDocument &document) const
+{
     for (size_t index = 0; index < m_targets.size(); ++index) {
         const Target &target = m_targets[index];
         SvgElement &element = document.Elements[static_cast<size_t>(target.Element)];

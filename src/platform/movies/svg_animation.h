@@ -40,7 +40,8 @@ struct SvgTrack {
     double Turn = 0;                            // Kind::Motion: degrees
     bool TurnWithPath = false;
 
-    double End() const {
+    double End() const
+    {
         return Cycle > 0 ? Begin + Cycle * Repeats : std::numeric_limits<double>::infinity();
     }
     // The share of the cycle at a moment; nothing when the track says nothing then.

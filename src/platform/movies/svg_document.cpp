@@ -6,7 +6,8 @@
 namespace platform {
 namespace {
 
-void AppendAttribute(QByteArray &text, const QByteArray &name, const QByteArray &value) {
+void AppendAttribute(QByteArray &text, const QByteArray &name, const QByteArray &value)
+{
     text += ' ';
     text += name;
     text += "=\"";
@@ -29,19 +30,22 @@ void AppendAttribute(QByteArray &text, const QByteArray &name, const QByteArray 
 
 } // namespace
 
-const QByteArray *SvgElement::Find(const QByteArray &name) const {
+const QByteArray *SvgElement::Find(const QByteArray &name) const
+{
     for (const SvgAttribute &attribute : Attributes)
         if (attribute.Name == name)
             return &attribute.Value;
     return nullptr;
 }
 
-QByteArray SvgElement::Value(const QByteArray &name) const {
+QByteArray SvgElement::Value(const QByteArray &name) const
+{
     const QByteArray *value = Find(name);
     return value != nullptr ? *value : QByteArray();
 }
 
-void SvgElement::Set(const QByteArray &name, const QByteArray &value) {
+void SvgElement::Set(const QByteArray &name, const QByteArray &value)
+{
     for (SvgAttribute &attribute : Attributes)
         if (attribute.Name == name) {
             attribute.Value = value;
@@ -50,17 +54,20 @@ void SvgElement::Set(const QByteArray &name, const QByteArray &value) {
     Attributes.push_back({name, value});
 }
 
-void SvgElement::Remove(const QByteArray &name) {
+void SvgElement::Remove(const QByteArray &name)
+{
     std::erase_if(Attributes,
                   [&name](const SvgAttribute &attribute) { return attribute.Name == name; });
 }
 
-bool IsAnimation(const SvgElement &element) {
+bool IsAnimation(const SvgElement &element)
+{
     return element.Name == "animate" || element.Name == "animateTransform" ||
            element.Name == "animateMotion" || element.Name == "set";
 }
 
-QByteArray SvgText(const SvgDocument &document, const std::function<bool(int)> &skipped) {
+QByteArray SvgText(const SvgDocument &document, const std::function<bool(int)> &skipped)
+{
     QByteArray text;
     std::vector<int> open;
     const auto closeUpTo = [&](int index) {

@@ -15,7 +15,8 @@ constexpr int Visibility = 7;
 // Sizes of one figure that may be asked about in turn, with smoke and clouds on and off.
 constexpr size_t MostPickMaps = 16;
 
-bool IsSixHexDigits(const QByteArray &text) {
+bool IsSixHexDigits(const QByteArray &text)
+{
     return text.size() == 6 && std::all_of(text.begin(), text.end(), [](char letter) {
                return (letter >= '0' && letter <= '9') || (letter >= 'a' && letter <= 'f') ||
                       (letter >= 'A' && letter <= 'F');
@@ -28,17 +29,20 @@ const char *SecondHidden = "nuvole";
 
 } // namespace
 
-QRectF Fitted(const QSizeF &picture, const QRectF &target) {
+QRectF Fitted(const QSizeF &picture, const QRectF &target)
+{
     const QSizeF size = picture.scaled(target.size(), Qt::KeepAspectRatio);
     return {target.center() - QPointF(size.width() / 2, size.height() / 2), size};
 }
 
 SvgMovie::SvgMovie(std::shared_ptr<SvgSource> source)
-    : m_source(std::move(source)), m_document(m_source->Document) {
+    : m_source(std::move(source)), m_document(m_source->Document)
+{
     m_values = m_source->Animation.At(m_document, 0);
 }
 
-void SvgMovie::Paint(QPainter &painter, const QRectF &target) {
+void SvgMovie::Paint(QPainter &painter, const QRectF &target)
+{
     if (target.isEmpty())
         return;
     if (m_stale) {
@@ -58,7 +62,8 @@ void SvgMovie::Paint(QPainter &painter, const QRectF &target) {
     painter.restore();
 }
 
-void SvgMovie::SetVariable(const QString &name, const QString &value) {
+void SvgMovie::SetVariable(const QString &name, const QString &value)
+{
     if (name == QLatin1String("QualeOggetto"))
         m_object = value.toUtf8();
     else if (name == QLatin1String("TestoColore.QualeColore") && IsSixHexDigits(value.toUtf8()))
@@ -67,7 +72,8 @@ void SvgMovie::SetVariable(const QString &name, const QString &value) {
 
 // An inside is filled, an outline drawn; a shade is never painted. What is left open inside the
 // object ("none") stays open.
-void SvgMovie::Color(const QByteArray &color) {
+void SvgMovie::Color(const QByteArray &color)
+{
     const bool inside = m_object.endsWith(".interno");
     const int index = m_document.Index(m_object);
     if (index < 0 || !(inside || m_object.endsWith(".contorno")))
@@ -85,7 +91,8 @@ void SvgMovie::Color(const QByteArray &color) {
     m_stale = true;
 }
 
-void SvgMovie::SetProperty(const QString &target, int property, const QString &value) {
+void SvgMovie::SetProperty(const QString &target, int property, const QString &value)
+{
     const QByteArray id = target.toUtf8();
     const int index = m_document.Index(id);
     const bool show = value == QLatin1String("1");
@@ -102,7 +109,8 @@ void SvgMovie::SetProperty(const QString &target, int property, const QString &v
     m_stale = true;
 }
 
-bool SvgMovie::Advance(int milliseconds) {
+bool SvgMovie::Advance(int milliseconds)
+{
     const int time = std::clamp(milliseconds, 0, Duration());
     if (time == m_time)
         return false;
@@ -115,7 +123,8 @@ bool SvgMovie::Advance(int milliseconds) {
     return true;
 }
 
-int SvgMovie::Hit(const QPointF &point, const QRectF &target) {
+int SvgMovie::Hit(const QPointF &point, const QRectF &target)
+{
     const QRectF fitted = Fitted(Size(), target);
     if (!fitted.contains(point))
         return 0;
@@ -141,7 +150,8 @@ int SvgMovie::Hit(const QPointF &point, const QRectF &target) {
 }
 
 // The colour of an inside as it stands in the drawing: its own, else that of what is round it.
-QByteArray SvgMovie::ColorOf(const QByteArray &object) const {
+QByteArray SvgMovie::ColorOf(const QByteArray &object) const
+{
     const auto &elements = m_document.Elements;
     const int index = m_document.Index(object);
     QByteArray color;
@@ -160,7 +170,8 @@ QByteArray SvgMovie::ColorOf(const QByteArray &object) const {
     return known.isValid() ? known.name().mid(1).toUpper().toUtf8() : QByteArray("000000");
 }
 
-QString SvgMovie::Description() const {
+QString SvgMovie::Description() const
+{
     QStringList shown;
     for (const char *part : FigureParts) {
         const QByteArray name = part;

@@ -23,7 +23,8 @@ constexpr qint64 MostDrawingBytes = qint64{1} << 20; // of all attributes, after
 constexpr qint64 MostPixels = qint64{16} << 20;      // of all pictures inside, likewise
 constexpr int DeepestUse = 8;
 
-const QSet<QByteArray> &KnownElements() {
+const QSet<QByteArray> &KnownElements()
+{
     static const QSet<QByteArray> names{"svg",
                                         "g",
                                         "defs",
@@ -47,7 +48,8 @@ const QSet<QByteArray> &KnownElements() {
 }
 
 // Those that may stand in a style attribute as well.
-const QSet<QByteArray> &PaintAttributes() {
+const QSet<QByteArray> &PaintAttributes()
+{
     static const QSet<QByteArray> names{
         "fill",           "fill-opacity",      "fill-rule",       "stroke",     "stroke-width",
         "stroke-opacity", "stroke-linecap",    "stroke-linejoin", "opacity",    "display",
@@ -55,7 +57,8 @@ const QSet<QByteArray> &PaintAttributes() {
     return names;
 }
 
-const QSet<QByteArray> &PlainAttributes() {
+const QSet<QByteArray> &PlainAttributes()
+{
     static const QSet<QByteArray> names{"id",
                                         "d",
                                         "points",
@@ -101,7 +104,8 @@ const QSet<QByteArray> &PlainAttributes() {
 
 // The picture's bytes as a data address that holds a PNG or JPEG and nothing else (a drawing in a
 // data address could name files again); its size is added to `pixels`.
-std::optional<QByteArray> SafePicture(const QByteArray &address, qint64 &pixels) {
+std::optional<QByteArray> SafePicture(const QByteArray &address, qint64 &pixels)
+{
     const qsizetype comma = address.indexOf(",");
     if (!address.startsWith("data:") || comma < 0 || !address.left(comma).endsWith(";base64"))
         return std::nullopt;
@@ -149,7 +153,8 @@ private:
     size_t m_copiedElements = 0;
 };
 
-std::optional<SvgDocument> Parser::Run() {
+std::optional<SvgDocument> Parser::Run()
+{
     for (int tokens = 0; !m_xml.atEnd(); ++tokens)
         if (tokens == MostTokens || !Token())
             return std::nullopt;
@@ -158,7 +163,8 @@ std::optional<SvgDocument> Parser::Run() {
     return std::move(m_document);
 }
 
-bool Parser::Token() {
+bool Parser::Token()
+{
     switch (m_xml.readNext()) {
     case QXmlStreamReader::DTD:
         // An internal part of a document type declares entities and defaults: no drawing needs it.
@@ -180,7 +186,8 @@ bool Parser::Token() {
     }
 }
 
-bool Parser::Start() {
+bool Parser::Start()
+{
     ++m_depth;
     if (m_depth > DeepestElement)
         return false;
@@ -225,7 +232,8 @@ bool Parser::Start() {
     return true;
 }
 
-void Parser::TakeAttributes(SvgElement &element) {
+void Parser::TakeAttributes(SvgElement &element)
+{
     QByteArray style;
     for (const QXmlStreamAttribute &attribute : m_xml.attributes()) {
         const QByteArray name = attribute.name().toUtf8();
@@ -249,12 +257,14 @@ void Parser::TakeAttributes(SvgElement &element) {
         TakeStyle(element, style);
 }
 
-void Parser::TakePicture(SvgElement &element, const QByteArray &address) {
+void Parser::TakePicture(SvgElement &element, const QByteArray &address)
+{
     if (const auto picture = SafePicture(address, m_pixels.back()))
         element.Set("xlink:href", *picture);
 }
 
-void Parser::TakeStyle(SvgElement &element, const QByteArray &style) const {
+void Parser::TakeStyle(SvgElement &element, const QByteArray &style) const
+{
     for (const QByteArray &rule : style.split(';')) {
         const qsizetype colon = rule.indexOf(':');
         const QByteArray name = rule.left(colon).trimmed();
@@ -265,7 +275,8 @@ void Parser::TakeStyle(SvgElement &element, const QByteArray &style) const {
     }
 }
 
-bool Parser::Finish() {
+bool Parser::Finish()
+{
     if (m_document.Elements.empty() || !TakeViewBox() || !CopiesAreBounded())
         return false;
     SvgElement &root = m_document.Elements.front();
@@ -274,7 +285,8 @@ bool Parser::Finish() {
     return true;
 }
 
-bool Parser::TakeViewBox() {
+bool Parser::TakeViewBox()
+{
     SvgElement &root = m_document.Elements.front();
     std::vector<double> box;
     if (const QByteArray *viewBox = root.Find("viewBox")) {
@@ -302,11 +314,13 @@ bool Parser::TakeViewBox() {
 
 // A "use" that names a group with more of them grows without bounds, or for ever: counts what is
 // painted in the end.
-bool Parser::CopiesAreBounded() {
+bool Parser::CopiesAreBounded()
+{
     return AddCost(0, static_cast<int>(m_document.Elements.size()), 0);
 }
 
-bool Parser::AddCost(int from, int to, int depth) {
+bool Parser::AddCost(int from, int to, int depth)
+{
     if (depth > DeepestUse)
         return false;
     for (int index = from; index < to; ++index) {
@@ -331,7 +345,8 @@ bool Parser::AddCost(int from, int to, int depth) {
 }
 
 // No tag has more than a few attributes; what has is refused before the XML reader sees it.
-bool TagsAreSane(const QByteArray &utf8) {
+bool TagsAreSane(const QByteArray &utf8)
+{
     int equals = 0;
     for (const char letter : utf8) {
         if (letter == '<' || letter == '>')
@@ -344,7 +359,8 @@ bool TagsAreSane(const QByteArray &utf8) {
 
 } // namespace
 
-std::optional<SvgDocument> ParseSvg(const QByteArray &content) {
+std::optional<SvgDocument> ParseSvg(const QByteArray &content)
+{
     if (content.size() > LargestSvg)
         return std::nullopt;
     // The encoding that a file names is not asked: names and numbers are plain ASCII.

@@ -13,12 +13,14 @@ namespace {
 
 constexpr double LongestMovie = 24.0 * 60 * 60 * 1000; // ms
 
-bool IsColor(const QByteArray &attribute) {
+bool IsColor(const QByteArray &attribute)
+{
     return attribute == "fill" || attribute == "stroke" || attribute == "stop-color" ||
            attribute == "color";
 }
 
-double Neutral(const QByteArray &attribute) {
+double Neutral(const QByteArray &attribute)
+{
     return attribute.contains("opacity") ? 1 : 0;
 }
 
@@ -28,7 +30,8 @@ struct Skeleton {
     std::vector<double> Numbers;
 };
 
-Skeleton Dissect(const QByteArray &text) {
+Skeleton Dissect(const QByteArray &text)
+{
     Skeleton skeleton;
     int position = 0;
     while (position < text.size()) {
@@ -47,7 +50,9 @@ Skeleton Dissect(const QByteArray &text) {
 class Compiler {
 public:
     Compiler(const SvgDocument &document, int index)
-        : m_document(document), m_element(document.Elements[static_cast<size_t>(index)]) {}
+        : m_document(document), m_element(document.Elements[static_cast<size_t>(index)])
+    {
+    }
     std::optional<SvgTrack> Run();
 
 private:
@@ -73,13 +78,15 @@ private:
     bool m_paced = false;
 };
 
-std::optional<SvgTrack> Compiler::Run() {
+std::optional<SvgTrack> Compiler::Run()
+{
     if (!IsAnimation(m_element) || !Target() || !Timing() || !Values() || !Keys() || !Easing())
         return std::nullopt;
     return std::move(m_track);
 }
 
-bool Compiler::Target() {
+bool Compiler::Target()
+{
     m_track.Element = m_element.Parent;
     if (const QByteArray *reference = m_element.Find("xlink:href"))
         m_track.Element = m_document.Index(reference->mid(1));
@@ -103,7 +110,8 @@ bool Compiler::Target() {
            transform == (m_element.Name == "animateTransform" || m_element.Name == "animateMotion");
 }
 
-bool Compiler::Timing() {
+bool Compiler::Timing()
+{
     if (const QByteArray *begin = m_element.Find("begin")) {
         const auto value = ClockValue(*begin);
         if (!value)
@@ -130,7 +138,8 @@ bool Compiler::Timing() {
     return std::abs(m_track.Begin) <= LongestMovie;
 }
 
-bool Compiler::Values() {
+bool Compiler::Values()
+{
     if (m_element.Name == "set") {
         m_values = {m_element.Value("to")};
         return TextValues();
@@ -161,7 +170,8 @@ bool Compiler::Values() {
     return (IsColor(m_track.Attribute) ? ColorValues() : NumberValues()) || TextValues();
 }
 
-bool Compiler::TextValues() {
+bool Compiler::TextValues()
+{
     m_track.What = SvgTrack::Kind::Text;
     m_track.Frames.clear();
     m_track.Texts.assign(m_values.begin(), m_values.end());
@@ -169,7 +179,8 @@ bool Compiler::TextValues() {
     return !m_track.Texts.empty() && !m_fromBy && !m_byOnly;
 }
 
-bool Compiler::ColorValues() {
+bool Compiler::ColorValues()
+{
     m_track.What = SvgTrack::Kind::Color;
     for (const QByteArray &value : m_values) {
         const QColor color(QString::fromUtf8(value));
@@ -182,7 +193,8 @@ bool Compiler::ColorValues() {
     return !m_fromBy && !m_byOnly;
 }
 
-bool Compiler::NumberValues() {
+bool Compiler::NumberValues()
+{
     m_track.What = SvgTrack::Kind::Numbers;
     for (const QByteArray &value : m_values) {
         Skeleton skeleton = Dissect(value);
@@ -205,7 +217,8 @@ bool Compiler::NumberValues() {
     return true;
 }
 
-bool Compiler::TransformValues() {
+bool Compiler::TransformValues()
+{
     m_track.What = SvgTrack::Kind::Transform;
     m_track.Function = Has("type") ? m_element.Value("type") : QByteArray("translate");
     static const QHash<QByteArray, size_t> sizes{
@@ -237,7 +250,8 @@ bool Compiler::TransformValues() {
     return true;
 }
 
-bool Compiler::MotionValues() {
+bool Compiler::MotionValues()
+{
     m_track.What = SvgTrack::Kind::Motion;
     std::vector<QPointF> points;
     for (const QByteArray &value : m_values) {
@@ -270,7 +284,8 @@ bool Compiler::MotionValues() {
     return true;
 }
 
-bool Compiler::Keys() {
+bool Compiler::Keys()
+{
     const size_t count = Count();
     m_track.Steps = m_track.Steps || (m_element.Value("calcMode") == "discrete" && !m_paced);
     if (Has("keyTimes") && !m_paced && m_element.Name != "set") {
@@ -289,7 +304,8 @@ bool Compiler::Keys() {
     return true;
 }
 
-bool Compiler::Easing() {
+bool Compiler::Easing()
+{
     if (m_element.Value("calcMode") != "spline" || m_track.Steps)
         return true;
     for (const QByteArray &value : SplitTrimmed(m_element.Value("keySplines"), ';')) {
@@ -305,7 +321,8 @@ bool Compiler::Easing() {
 
 } // namespace
 
-std::optional<SvgTrack> CompileTrack(const SvgDocument &document, int index) {
+std::optional<SvgTrack> CompileTrack(const SvgDocument &document, int index)
+{
     return Compiler(document, index).Run();
 }
 

@@ -9,19 +9,23 @@ namespace {
 
 constexpr double LargestNumber = 1e6;
 
-bool IsDigit(char letter) {
+bool IsDigit(char letter)
+{
     return letter >= '0' && letter <= '9';
 }
-bool IsLetterOrDigit(char letter) {
+bool IsLetterOrDigit(char letter)
+{
     return IsDigit(letter) || (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z');
 }
-bool IsGap(char letter) {
+bool IsGap(char letter)
+{
     return letter == ' ' || letter == ',' || letter == '\t' || letter == '\n' || letter == '\r';
 }
 
 } // namespace
 
-std::optional<double> ScanNumber(const QByteArray &text, int &position) {
+std::optional<double> ScanNumber(const QByteArray &text, int &position)
+{
     int at = position;
     const int size = static_cast<int>(text.size());
     while (at < size && IsGap(text[at]))
@@ -43,7 +47,8 @@ std::optional<double> ScanNumber(const QByteArray &text, int &position) {
     return number;
 }
 
-std::optional<std::vector<double>> NumberList(const QByteArray &text) {
+std::optional<std::vector<double>> NumberList(const QByteArray &text)
+{
     std::vector<double> numbers;
     int position = 0;
     while (const auto number = ScanNumber(text, position))
@@ -55,7 +60,8 @@ std::optional<std::vector<double>> NumberList(const QByteArray &text) {
     return numbers;
 }
 
-QList<QByteArray> SplitTrimmed(const QByteArray &text, char separator) {
+QList<QByteArray> SplitTrimmed(const QByteArray &text, char separator)
+{
     QList<QByteArray> parts = text.split(separator);
     for (QByteArray &part : parts)
         part = part.trimmed();
@@ -64,7 +70,8 @@ QList<QByteArray> SplitTrimmed(const QByteArray &text, char separator) {
     return parts;
 }
 
-std::optional<double> ClockValue(const QByteArray &text) {
+std::optional<double> ClockValue(const QByteArray &text)
+{
     const QByteArray clock = text.trimmed();
     int position = 0;
     const auto number = ScanNumber(clock, position);
@@ -78,7 +85,8 @@ std::optional<double> ClockValue(const QByteArray &text) {
     return std::nullopt;
 }
 
-bool NumbersAreSane(const QByteArray &text) {
+bool NumbersAreSane(const QByteArray &text)
+{
     int position = 0;
     const int size = static_cast<int>(text.size());
     while (position < size) {

@@ -1,0 +1,137 @@
+"""A desktop of its own for a test: display, window manager and accessibility bus on this machine
+only, and the program on it, read and worked from outside as a person does."""
+import os
+import re
+import subprocess
+import tempfile
+import time
+
+
+class Failure(Exception):
+    """What a person at the machine would report."""
+
+
+def wait_for(what, look, seconds=15):
+    """The first true answer of `look`, asked again and again for so many seconds."""
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        found = look()
+        if found:
+            return found
+        time.sleep(0.02)
+    raise Failure(f"{what} never came")
+
+
+class Desktop:
+    """Started by `with`; everything it started is gone at the end."""
+
+    def __init__(self, size="1366x768"):
+        self.size = size
+        self.processes = []
+        self.folder = tempfile.TemporaryDirectory()
+
+    def __enter__(self):
+        os.environ["XDG_RUNTIME_DIR"] = self.folder.name
+        os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+        os.environ["QT_QPA_PLATFORM"] = "xcb"
+        os.environ["LC_ALL"] = "C.UTF-8"
+        reader, writer = os.pipe()
+        self.start(["Xvfb", "-displayfd", str(writer), "-screen", "0", self.size + "x24",
+                    "-nolisten", "tcp"], pass_fds=[writer])
+        os.close(writer)
+        with os.fdopen(reader) as pipe:
+            os.environ["DISPLAY"] = ":" + pipe.readline().strip()
+        self.start(["openbox", "--sm-disable"])
+        return self
+
+    def __exit__(self, *_):
+        for process in reversed(self.processes):
+            if process.poll() is None:
+                process.terminate()
+        for process in self.processes:
+            try:
+                process.wait(5)
+            except subprocess.TimeoutExpired:
+                process.kill()
+        self.folder.cleanup()
+
+    def start(self, command, **options):
+        process = subprocess.Popen(command, stdin=subprocess.DEVNULL, **options)
+        self.processes.append(process)
+        return process
+
+    def picture(self, path):
+        subprocess.run(["import", "-window", "root", path], check=False)
+
+
+class Program:
+    """The running program, seen through the accessibility bus."""
+
+    def __init__(self, desktop, path):
+        import pyatspi
+        self.bus = pyatspi
+        self.process = desktop.start([path])
+
+    def application(self):
+        for child in self.bus.Registry.getDesktop(0):
+            if child is not None and child.get_process_id() == self.process.pid:
+                return child
+        return None
+
+    def find(self, described, role=None):
+        """The object whose description begins with the design name, nothing when there is none."""
+        def matches(item):
+            text = item.description or ""
+            return text == described or text.startswith(described + ":")
+        try:
+            application = self.application()
+            return application and self._search(application, matches)
+        except Exception:  # a window that is just going gives errors of the bus
+            return None
+
+    def named(self, name, role):
+        try:
+            application = self.application()
+            return application and self._search(
+                application, lambda item: item.name == name and item.getRoleName() == role)
+        except Exception:
+            return None
+
+    def _search(self, item, matches):
+        if matches(item) and self._showing(item):
+            return item
+        for index in range(item.childCount):
+            child = item.getChildAtIndex(index)
+            found = child is not None and self._search(child, matches)
+            if found:
+                return found
+        return None
+
+    def _showing(self, item):
+        return item.getState().contains(self.bus.STATE_SHOWING)
+
+    def enabled(self, item):
+        return item.getState().contains(self.bus.STATE_ENABLED)
+
+    def await_object(self, described):
+        return wait_for(described, lambda: self.find(described))
+
+    def text(self, described):
+        return self.await_object(described).name
+
+    def click(self, item):
+        place = item.queryComponent().getExtents(self.bus.DESKTOP_COORDS)
+        subprocess.run(["xdotool", "mousemove", str(place.x + place.width // 2),
+                        str(place.y + place.height // 2), "click", "1"], check=True)
+
+    def key(self, name):
+        subprocess.run(["xdotool", "key", name], check=True)
+
+    def ended(self):
+        return wait_for("the end of the program", lambda: self.process.poll() is not None) and \
+            self.process.returncode
+
+
+def figure(description):
+    """Parts of a figure as shown: {"tetto": "00FF00", ..., "fumo": "1"}."""
+    return dict(re.findall(r"(\w+) ([0-9A-F]+)(?:,|$)", description.split(": ", 1)[1]))

@@ -1,0 +1,477 @@
+// The vocabulary of the windows: places, events, errors and the life of a form.
+#include "platform/button.h"
+#include "platform/combo_box.h"
+#include "platform/control_array.h"
+#include "platform/fitted_text.h"
+#include "platform/form.h"
+#include "platform/label.h"
+#include "platform/menu.h"
+#include "platform/movie_control.h"
+#include "platform/picture.h"
+#include "platform/shape.h"
+#include "platform/status_bar.h"
+#include "platform/text_box.h"
+#include "platform/timer.h"
+
+#include "support/scripted_host.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QMenuBar>
+#include <QPointer>
+#include <QTest>
+#include <QTimer>
+#include <QWidget>
+
+using namespace platform;
+
+namespace {
+
+// A form with one of each, on the heap as all forms are.
+class Sample : public Form {
+public:
+    Sample()
+        : Form("Sample", 3000, 3000), Label1({*this, "Label1"}, {150, 150, 1000, 500}),
+          Combo1({*this, "Combo1"}, {150, 700, 1000, 300}),
+          Target({*this, "Target"}, {4000, 0, 300, 300}), Timer1({*this, "Timer1"}, 100),
+          StatusBar1({*this, "StatusBar1"}, {0, 2500, 3000, 500}, 3),
+          Movie1({*this, "Movie1"}, {1500, 150, 1050, 1350}), Buttons(*this, "Buttons"),
+          mnuTop({*this, "mnuTop"}, QStringLiteral("&Top")),
+          mnuItem({*this, "mnuItem"}, mnuTop, QStringLiteral("item"), QStringLiteral("F1")),
+          Line1({*this, "Line1"}, 10, 20, 30, 40)
+    {
+        Buttons.Add(0, Place{150, 1200, 1000, 500}, QStringLiteral("zero"));
+        Buttons.Add(3, Place{150, 1800, 1000, 500}, QStringLiteral("tre"));
+    }
+
+    Label Label1;
+    ComboBox Combo1;
+    PictureBox Target;
+    Timer Timer1;
+    StatusBar StatusBar1;
+    MovieControl Movie1;
+    ControlArray<Button> Buttons;
+    MenuItem mnuTop;
+    MenuItem mnuItem;
+    Line Line1;
+};
+
+int ErrorOf(const std::function<void()> &statement)
+{
+    return Skipping(statement);
+}
+
+Sample &Shown()
+{
+    auto *form = new Sample;
+    form->Show();
+    QCoreApplication::processEvents();
+    return *form;
+}
+
+} // namespace
+
+class TestControls : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void placesStayInTwips()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        form.Label1.SetLeft(100.4);
+        form.Label1.SetWidth(33.3);
+        QCOMPARE(form.Label1.Left(), 100.4);
+        QCOMPARE(form.Label1.Width(), 33.3);
+        // The edges are rounded and not the sizes: neighbours stay flush.
+        form.Label1.SetLeft(7.0);
+        form.Label1.SetWidth(16.0);
+        form.Buttons(0).SetLeft(23.0);
+        QCOMPARE(form.Label1.Widget()->x() + form.Label1.Widget()->width(),
+                 form.Buttons(0).Widget()->x());
+    }
+
+    void anElementThatIsNotThereIsError340AndAPlainControlHasNoIndex()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        QCOMPARE(ErrorOf([&] { form.Buttons(1); }), 340);
+        QCOMPARE(form.Buttons(3).Index(), 3);
+        QCOMPARE(form.Buttons(3).Key(), QStringLiteral("Buttons(3)"));
+        QCOMPARE(ErrorOf([&] { form.Label1.Index(); }), 343);
+        QCOMPARE(form.Label1.Widget()->accessibleDescription(), QStringLiteral("Label1"));
+    }
+
+    void whatAControlDoesNotHaveIsError438()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        Control &timer = form.Timer1;
+        Control &picture = form.Target;
+        Control &item = form.mnuItem;
+        Control &line = form.Line1;
+        QCOMPARE(ErrorOf([&] { static_cast<void>(timer.Left()); }), 438);
+        QCOMPARE(ErrorOf([&] { timer.SetVisible(true); }), 438);
+        QCOMPARE(ErrorOf([&] { picture.SetCaption({}); }), 438);
+        QCOMPARE(ErrorOf([&] { item.SetTop(1); }), 438);
+        QCOMPARE(ErrorOf([&] { line.SetLeft(1); }), 438);
+        QCOMPARE(ErrorOf([&] { static_cast<void>(picture.Tabs()); }), 438);
+        QCOMPARE(ErrorOf([&] { form.Combo1.SetHeight(10); }), 383);
+        QCOMPARE(ErrorOf([&] { form.StatusBar1.SetTop(10); }), 383);
+        QCOMPARE(ErrorOf([&] { form.Combo1.SetListIndex(5); }), 380);
+        QCOMPARE(ErrorOf([&] { form.Label1.SetWidth(-1); }), 380);
+        QCOMPARE(ErrorOf([&] { static_cast<void>(form.StatusBar1.Panel(4)); }), 380);
+    }
+
+    void controlsKeepTheOrderOfDesign()
+    {
+        ScriptedHost host;
+        const Sample &form = Shown();
+        QStringList keys;
+        for (const Control *control : form.Controls())
+            keys << control->Key();
+        QCOMPARE(keys.first(), QStringLiteral("Label1"));
+        QCOMPARE(keys.at(keys.size() - 2), QStringLiteral("Buttons(0)"));
+        QCOMPARE(keys.last(), QStringLiteral("Buttons(3)"));
+    }
+
+    void choosingByCodeClicksOnlyWhenItChangesAndAPersonAlways()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        int clicks = 0;
+        form.Combo1.OnClick = [&] { ++clicks; };
+        form.Combo1.AddItem(QStringLiteral("a"));
+        form.Combo1.AddItem(QStringLiteral("b"));
+        QCOMPARE(form.Combo1.ListIndex(), -1);
+        form.Combo1.SetListIndex(1);
+        QCOMPARE(clicks, 1);
+        form.Combo1.SetListIndex(1);
+        QCOMPARE(clicks, 1);
+        auto *box = dynamic_cast<QComboBox *>(form.Combo1.Widget());
+        Q_EMIT box->activated(1);
+        QCOMPARE(clicks, 2);
+        form.Combo1.Clear();
+        QCOMPARE(clicks, 2);
+    }
+
+    // --- Keys ---
+
+    void aHeldKeyActsOnce()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        QStringList events;
+        form.Target.OnKeyDown = [&](int key, int) { events << QStringLiteral("down %1").arg(key); };
+        form.Target.OnKeyUp = [&](int key, int) { events << QStringLiteral("up %1").arg(key); };
+        QTest::keyPress(form.Target.Widget(), Qt::Key_Space);
+        QTest::keyPress(form.Target.Widget(), Qt::Key_Space);
+        QTest::keyPress(form.Target.Widget(), Qt::Key_Space);
+        QTest::keyRelease(form.Target.Widget(), Qt::Key_Space);
+        QTest::keyRelease(form.Target.Widget(), Qt::Key_Space);
+        QCOMPARE(events, QStringList({QStringLiteral("down 32"), QStringLiteral("up 32")}));
+    }
+
+    void aReleaseWithoutItsPressIsDropped()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        int releases = 0;
+        form.Target.OnKeyUp = [&](int, int) { ++releases; };
+        QTest::keyRelease(form.Target.Widget(), Qt::Key_Return);
+        QCOMPARE(releases, 0);
+        // A press is forgotten when the keyboard goes to somebody else.
+        form.Target.SetFocus();
+        QTest::keyPress(form.Target.Widget(), Qt::Key_Return);
+        form.Target.Widget()->clearFocus();
+        QTest::keyRelease(form.Target.Widget(), Qt::Key_Return);
+        QCOMPARE(releases, 0);
+    }
+
+    void keysHaveTheirClassicCodes()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        QList<int> codes;
+        form.Target.OnKeyUp = [&](int key, int) { codes << key; };
+        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Left,
+                                  Qt::Key_Up, Qt::Key_Right, Qt::Key_Down, Qt::Key_A, Qt::Key_5})
+            QTest::keyClick(form.Target.Widget(), key);
+        QCOMPARE(codes, QList<int>({32, 13, 13, 37, 38, 39, 40, 65, 53}));
+    }
+
+    void shortcutsOfADisabledMenuAreDead()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        int clicks = 0;
+        form.mnuItem.OnClick = [&] { ++clicks; };
+        QTest::keyClick(form.Window(), Qt::Key_F1);
+        QCOMPARE(clicks, 1);
+        form.mnuTop.SetEnabled(false);
+        QTest::keyClick(form.Window(), Qt::Key_F1);
+        QCOMPARE(clicks, 1);
+        form.mnuTop.SetEnabled(true);
+        QTest::keyClick(form.Window(), Qt::Key_F1);
+        QCOMPARE(clicks, 2);
+    }
+
+    void theFocusIsRefusedWithError5()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        QCOMPARE(ErrorOf([&] { form.Target.SetFocus(); }), 0);
+        QVERIFY(form.Target.HasFocus());
+        form.Target.SetVisible(false);
+        QCOMPARE(ErrorOf([&] { form.Target.SetFocus(); }), 5);
+        form.Target.SetVisible(true);
+        form.Target.SetEnabled(false);
+        QCOMPARE(ErrorOf([&] { form.Target.SetFocus(); }), 5);
+        form.Target.SetEnabled(true);
+        auto *other = new Sample;
+        other->Show();
+        QCoreApplication::processEvents();
+        QCOMPARE(ErrorOf([&] { form.Target.SetFocus(); }), 5);
+    }
+
+    // --- The mouse ---
+
+    void aClickNeedsPressAndReleaseOnTheControl()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        int clicks = 0;
+        form.Label1.OnClick = [&] { ++clicks; };
+        QTest::mouseRelease(form.Label1.Widget(), Qt::LeftButton);
+        QCOMPARE(clicks, 0);
+        QTest::mousePress(form.Label1.Widget(), Qt::LeftButton);
+        QTest::mouseRelease(form.Label1.Widget(), Qt::LeftButton, {}, QPoint(-5, -5));
+        QCOMPARE(clicks, 0);
+        QTest::mouseClick(form.Label1.Widget(), Qt::RightButton);
+        QCOMPARE(clicks, 0);
+        QTest::mouseClick(form.Label1.Widget(), Qt::LeftButton);
+        QCOMPARE(clicks, 1);
+        form.Label1.SetEnabled(false);
+        QTest::mouseClick(form.Label1.Widget(), Qt::LeftButton);
+        QCOMPARE(clicks, 1);
+    }
+
+    void overADisabledControlThePointerIsOverTheWindow()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        int overForm = 0;
+        int overButton = 0;
+        form.OnMouseMove = [&] { ++overForm; };
+        form.Buttons.OnMouseMove = [&](int) { ++overButton; };
+        form.Buttons(0).SetEnabled(false);
+        QTest::mouseMove(form.Buttons(0).Widget());
+        QCoreApplication::processEvents();
+        QCOMPARE(overButton, 0);
+        QVERIFY(overForm > 0);
+        overForm = 0;
+        QTest::mouseMove(form.Buttons(3).Widget());
+        QCoreApplication::processEvents();
+        QVERIFY(overButton > 0);
+        QCOMPARE(overForm, 0);
+    }
+
+    // --- Timers ---
+
+    void timersTickByTheirRules()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        int ticks = 0;
+        form.Timer1.OnTimer = [&] { ++ticks; };
+        host.Advance(1000);
+        QCOMPARE(ticks, 0);
+        form.Timer1.SetEnabled(true);
+        host.Advance(60);
+        form.Timer1.SetEnabled(true); // changes nothing
+        host.Advance(40);
+        QCOMPARE(ticks, 1);
+        host.Advance(60);
+        form.Timer1.SetInterval(100); // starts anew
+        host.Advance(60);
+        QCOMPARE(ticks, 1);
+        host.Advance(40);
+        QCOMPARE(ticks, 2);
+        form.Timer1.SetInterval(0);
+        host.Advance(1000);
+        QCOMPARE(ticks, 2);
+    }
+
+    void aTimerOfAnUnloadedFormNeverTicks()
+    {
+        ScriptedHost host;
+        auto *keeper = new Sample;
+        keeper->Show();
+        Sample &form = Shown();
+        int ticks = 0;
+        form.Timer1.OnTimer = [&] { ++ticks; };
+        form.Timer1.SetEnabled(true);
+        form.Unload();
+        form.Unload();
+        form.Timer1.SetEnabled(false);
+        form.Timer1.SetEnabled(true);
+        host.Advance(1000);
+        QCOMPARE(ticks, 0);
+        QVERIFY(!host.Ended);
+    }
+
+    // --- The life of a form ---
+
+    void aFormRaisesLoadResizeAndActivateInThisOrderAndOnce()
+    {
+        ScriptedHost host;
+        auto *form = new Sample;
+        QStringList events;
+        form->OnLoad = [&] { events << QStringLiteral("load"); };
+        form->OnResize = [&] { events << QStringLiteral("resize %1").arg(form->ScaleWidth()); };
+        form->OnActivate = [&] { events << QStringLiteral("activate"); };
+        form->Show();
+        QCOMPARE(events.first(), QStringLiteral("load"));
+        QCOMPARE(events.last(), QStringLiteral("activate"));
+        QVERIFY(events.contains(QStringLiteral("resize 20490")));
+        QCOMPARE(events.count(QStringLiteral("activate")), 1);
+        form->Show();
+        QCOMPARE(events.count(QStringLiteral("load")), 1);
+        QCOMPARE(events.count(QStringLiteral("activate")), 1);
+        QCOMPARE(form->Height(), ScreenHeight());
+        QVERIFY(form->ScaleHeight() < form->Height());
+    }
+
+    void anUnloadedFormOutlivesTheHandlerThatUnloadsIt()
+    {
+        ScriptedHost host;
+        auto *keeper = new Sample;
+        keeper->Show();
+        auto *form = new Sample;
+        form->Show();
+        const QPointer<QWidget> window(form->Window());
+        const FormRef reference(*form);
+        bool alive = false;
+        QTimer::singleShot(0, form->Window(), [&] {
+            form->Unload();
+            DoEvents();
+            alive = !window.isNull();
+        });
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(alive);
+        QVERIFY(window.isNull());
+        QVERIFY(reference.Get() == nullptr);
+    }
+
+    void theEndOfTheLastFormEndsTheProgram()
+    {
+        ScriptedHost host;
+        Sample &first = Shown();
+        Sample &second = Shown();
+        first.Unload();
+        QVERIFY(!host.Ended);
+        second.Unload();
+        QVERIFY(host.Ended);
+    }
+
+    void anErrorThatLeavesAnEventIsFatal()
+    {
+        ScriptedHost host;
+        const Sample &form = Shown();
+        QTimer::singleShot(0, form.Window(), [] { throw RunTimeError(Overflow); });
+        QCoreApplication::processEvents();
+        QCOMPARE(host.FatalNumber, 6);
+        Guarded([] { throw RunTimeError(PathNotFound, QStringLiteral("C:\\x")); });
+        QCOMPARE(host.FatalNumber, 76);
+        QVERIFY(host.FatalText.contains(QStringLiteral("C:\\x")));
+    }
+
+    // --- Text ---
+
+    void textIsDrawnAsLargeAsItFitsAndNeverBelowElevenPoints()
+    {
+        ScriptedHost host;
+        const Font font{QStringLiteral("arial"), 24, false};
+        QCOMPARE(FittingPoints(QStringLiteral("Vero"), font, QSize(400, 200)), 24.0);
+        const QString longText = QStringLiteral("Il comignolo non è verde ").repeated(4);
+        const double fitting = FittingPoints(longText, font, QSize(220, 120));
+        QVERIFY(fitting < 24);
+        QVERIFY(fitting >= SmallestPoints);
+        QCOMPARE(FittingPoints(longText.repeated(20), font, QSize(100, 50)), SmallestPoints);
+        // No word is cut: a long one makes the whole text smaller.
+        QVERIFY(FittingPoints(QStringLiteral("precipitevolissimevolmente"), font, QSize(200, 400)) <
+                24);
+    }
+
+    void anAutomaticWidthFollowsTheText()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        form.Label1.SetAutoSize(true);
+        form.Label1.SetCaption(QStringLiteral("a"));
+        const double narrow = form.Label1.Width();
+        form.Label1.SetFontSize(20);
+        QVERIFY(form.Label1.Width() > narrow);
+        form.Label1.SetCaption(QStringLiteral("a DIFFERENZE  "));
+        QVERIFY(form.Label1.Width() > 5 * narrow);
+        QCOMPARE(form.Label1.Font().Size, 20.0);
+    }
+
+    // --- Movies ---
+
+    void callsBeforeAMovieAreLostAndTheBackgroundStays()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        const QString figure = QStringLiteral(SOURCE_DIR "/data/swf/morlene1.swf");
+        const auto paint = [&] {
+            form.Movie1.SetVariable(QStringLiteral("QualeOggetto"),
+                                    QStringLiteral("tetto.interno"));
+            form.Movie1.SetVariable(QStringLiteral("TestoColore.QualeColore"),
+                                    QStringLiteral("123456"));
+            form.Movie1.TSetProperty(QStringLiteral("fumo"), 7, QStringLiteral("0"));
+        };
+        form.Movie1.SetBGColor(QStringLiteral("ABCDEF"));
+        paint();
+        QCOMPARE(form.Movie1.Shown(), QString());
+        form.Movie1.SetMovie(figure);
+        QVERIFY(!form.Movie1.Shown().contains(QStringLiteral("123456")));
+        QVERIFY(form.Movie1.Shown().contains(QStringLiteral("fumo 1")));
+        paint();
+        QVERIFY(form.Movie1.Shown().contains(QStringLiteral("tetto 123456")));
+        QVERIFY(form.Movie1.Shown().contains(QStringLiteral("fumo 0")));
+        // A new movie loses paint and visibility, and keeps the background.
+        form.Movie1.SetMovie(figure);
+        QVERIFY(!form.Movie1.Shown().contains(QStringLiteral("123456")));
+        QVERIFY(form.Movie1.Shown().contains(QStringLiteral("fumo 1")));
+        QCOMPARE(form.Movie1.BGColor(), QStringLiteral("ABCDEF"));
+        form.Movie1.SetMovie(QStringLiteral(SOURCE_DIR "/data/swf/nothing.swf"));
+        QCOMPARE(form.Movie1.Shown(), QString());
+    }
+
+    void framesTellWhatAClickReports()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        QStringList commands;
+        form.Movie1.OnFSCommand = [&](const QString &command, const QString &) {
+            commands << command;
+        };
+        form.Movie1.SetMovie(QStringLiteral(SOURCE_DIR "/data/swf/morlene1.swf"));
+        const QSize size = form.Movie1.Widget()->size();
+        const QPoint roof(size.width() / 2, size.height() * 45 / 100);
+        form.Movie1.GotoFrame(2);
+        QTest::mouseClick(form.Movie1.Widget(), Qt::LeftButton, {}, roof);
+        QCOMPARE(commands, QStringList{QStringLiteral("2")});
+        QTest::mouseClick(form.Movie1.Widget(), Qt::LeftButton, {}, QPoint(1, size.height() - 2));
+        QCOMPARE(commands.size(), 1);
+        form.Movie1.GotoFrame(1);
+        QTest::mouseClick(form.Movie1.Widget(), Qt::LeftButton, {}, QPoint(1, size.height() - 2));
+        QCOMPARE(commands.size(), 2);
+    }
+};
+
+MORLENE_TEST_MAIN(TestControls)
+#include "test_controls.moc"
