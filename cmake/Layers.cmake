@@ -13,12 +13,6 @@ if(MORLENE_SANITIZE)
 endif()
 if(MORLENE_FUZZ)
     target_compile_options(morlene_flags INTERFACE
-        -fsanitize=fuzzer-no-link,address -fno-omit-frame-pointer)
-    target_link_options(morlene_flags INTERFACE -fsanitize=address)
-endif()
-
-if(MORLENE_FUZZ)
-    target_compile_options(morlene_flags INTERFACE
         -fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer -O1 -Wno-error)
     target_link_options(morlene_flags INTERFACE -fsanitize=address,undefined)
 endif()

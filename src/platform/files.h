@@ -12,18 +12,20 @@ namespace platform {
 
 // The native path of a literal. Three kinds are known: one on drive C:, one that begins with the
 // application folder (`AppPath`) and goes on with backslashes, and a native one that a person
-// chose, which stays as it is. Names on the drive and in the application folder are matched to
-// what is there without regard to case, part by part: the exact name first, else the first in
-// order; what is not there keeps the spelling of the literal. Error 52 for a name with
-// / : * ? " < > |, control characters, a trailing dot, or more than 255 bytes.
+// chose, which stays as it is (below the drive its names and links are judged all the same). Names
+// on the drive and in the application folder are matched to what is there without regard to case,
+// part by part: the exact name first, else the first in order; what is not there keeps the spelling
+// of the literal. Error 52 for a name with / : * ? " < > |, control characters, a trailing dot, or
+// more than 255 bytes.
 QString NativePath(const QString &path);
 
 // The application folder without a separator at its end, ready for a literal such as "\\swf".
 QString AppPath();
 
 // Directory look-up with one pattern in the last part ("*" and "?"), sorted by name without regard
-// to case. Plain names, no folder part; "." and ".." never come. Links and special files are left
-// out. A folder that is not there gives an empty list; one that cannot be read raises 76 or 70.
+// to case. Plain names, no folder part; "." and ".." never come. Special files are left out,
+// on the drive links too. "*.*" fits every name; a separator at the end stands for all names below.
+// A folder that is not there gives an empty list; one that may not be read raises 70, a link 75.
 enum class LookUp { FilesOnly, FilesAndFolders };
 QStringList DirList(const QString &pattern, LookUp kind);
 
@@ -67,7 +69,7 @@ public:
     // A number as the print statement writes it: a blank ahead when it is not negative, one
     // behind, a point, up to 15 significant digits.
     void PrintNumber(double value);
-    void Close(); // error 61 when the disk is full
+    void Close(); // error 61 when the disk is full; the old content stays, a new file goes again
 
 private:
     struct State;
