@@ -57,6 +57,12 @@ public:
     Line Line1;
 };
 
+// Takes every event as a handler that fails.
+class Thrower : public QObject {
+public:
+    bool event(QEvent *) override { throw RunTimeError(Overflow); }
+};
+
 int ErrorOf(const std::function<void()> &statement)
 {
     return Skipping(statement);
@@ -379,9 +385,9 @@ private Q_SLOTS:
     void anErrorThatLeavesAnEventIsFatal()
     {
         ScriptedHost host;
-        const Sample &form = Shown();
-        QTimer::singleShot(0, form.Window(), [] { throw RunTimeError(Overflow); });
-        QCoreApplication::processEvents();
+        Thrower thrower;
+        QEvent event(QEvent::User);
+        QCoreApplication::sendEvent(&thrower, &event);
         QCOMPARE(host.FatalNumber, 6);
         Guarded([] { throw RunTimeError(PathNotFound, QStringLiteral("C:\\x")); });
         QCOMPARE(host.FatalNumber, 76);
