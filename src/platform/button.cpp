@@ -38,13 +38,14 @@ protected:
         QPainterPath shape;
         shape.addRoundedRect(box, radius, radius);
         const QColor face = ToQColor(m_back);
-        painter.fillPath(shape, isEnabled() ? face : Faded(face));
+        // Also of a disabled button: the light of scanning waits on the next task while it is one.
+        painter.fillPath(shape, face);
         Shade(painter, shape, box);
         painter.strokePath(shape, QPen(isEnabled() ? Ink() : Faded(Ink()), line));
         if (hasFocus())
             painter.strokePath(shape, QPen(ToQColor(0x8000000D), line));
 
-        painter.setOpacity(isEnabled() ? 1.0 : 0.35);
+        painter.setOpacity(isEnabled() ? 1.0 : 0.45);
         const int margin = static_cast<int>(std::lround(line * 2));
         QRect room = rect().adjusted(margin, margin, -margin, -margin);
         if (isDown())

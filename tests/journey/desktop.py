@@ -124,6 +124,14 @@ class Program:
         subprocess.run(["xdotool", "mousemove", str(place.x + place.width // 2),
                         str(place.y + place.height // 2), "click", "1"], check=True)
 
+    def colour(self, item):
+        """RRGGBB of the item's face, seen on the screen near its left edge."""
+        place = item.queryComponent().getExtents(self.bus.DESKTOP_COORDS)
+        spot = f"1x1+{place.x + place.width // 10}+{place.y + place.height // 2}"
+        pixel = subprocess.run(["import", "-window", "root", "-crop", spot, "-depth", "8",
+                                "rgb:-"], capture_output=True, check=True).stdout
+        return pixel[:3].hex().upper()
+
     def key(self, name):
         subprocess.run(["xdotool", "key", name], check=True)
 

@@ -1,0 +1,138 @@
+"""The first exercise without a mouse: by two keys, by one switch and by the arrow keys, each by real
+key events alone, through a reward.
+
+    dbus-run-session -- scanning.py PROGRAM DRIVE
+"""
+import os
+import sys
+
+from desktop import Desktop, Failure, Program, figure, wait_for
+from journey import SETTINGS, counts, figure_text, fresh_drive
+from sentences import painted, sentence_holds
+
+LIT = "FF0000"
+RIGHT_ANSWERS = 12  # the tenth is rewarded
+STEP = {1: "space", 3: "Right"}
+CHOOSE = {1: "Return", 2: "space", 3: "Return"}
+
+PROFILE = """True
+False
+ {mode} 
+ 1 
+FFFFCC
+sfondo
+sfondo
+sfondo
+sfondo
+00FF00
+verde
+verdi
+verde
+verdi
+FF0000
+rosso
+rossi
+rossa
+rosse
+0000FF
+blu
+blu
+blu
+blu
+FFFF00
+giallo
+gialli
+gialla
+gialle
+ 16777088 
+minuscolo
+arial
+arial
+ 24 
+-2147483630 
+-2147483633 
+True
+ 255 
+ 16777215 
+False
+False
+Profilo
+Merlin
+"""
+
+
+def write_profile(drive, mode):
+    folder = os.path.join(drive, SETTINGS, "dati")
+    os.makedirs(folder)
+    with open(os.path.join(drive, SETTINGS, "_predefinito.INI"), "w", newline="\r\n",
+              encoding="cp1252") as file:
+        file.write(PROFILE.format(mode=mode))
+
+
+def is_lit(program, described):
+    item = program.find(described)
+    return item is not None and program.colour(item) == LIT
+
+
+def bring_light_to(program, mode, described):
+    """Waits for the light in mode 2, and asks for it by key in the others."""
+    for _ in range(12):
+        if mode == 2:
+            wait_for("the light", lambda: is_lit(program, described))
+            return
+        if is_lit(program, described):
+            return
+        program.key(STEP[mode])
+        wait_for("a step", lambda: True)
+    raise Failure(f"the light never came to {described}")
+
+
+def play(program, mode):
+    right = wrong = untold = 0
+    while right < RIGHT_ANSWERS:
+        parts = figure(wait_for("a figure", lambda: figure_text(program)))
+        sentence = wait_for("a sentence", lambda: program.text("Label1"))
+        holds = sentence_holds(sentence, parts)
+        for index in (0 if holds else 1, 1 if holds else 0):
+            bring_light_to(program, mode, f"Command1({index})")
+            program.key(CHOOSE[mode])
+            told = wait_for("an answer",
+                            lambda: counts(program) != (right, wrong) and counts(program))
+            if told == (right + 1, wrong):
+                break
+            if painted(parts):
+                raise Failure(f"'{sentence}' of {parts} was judged otherwise")
+            wrong += 1
+            untold += 1
+        right += 1
+        wait_for("the light on the next task", lambda: is_lit(program, "Command1(2)"))
+        program.key(CHOOSE[mode])
+        wait_for("the next task", lambda: is_lit(program, "Command1(0)"))
+    return wrong, untold
+
+
+def scanning(executable, drive):
+    with Desktop() as desktop:
+        for mode in (1, 2, 3):
+            fresh_drive(drive)
+            write_profile(drive, mode)
+            program = Program(desktop, executable)
+            program.await_object("Command1")
+            program.key("Return")
+            program.await_object("Image1(0)")
+            bring_light_to(program, mode, "Command1(0)")
+            program.key(CHOOSE[mode])
+            program.await_object("ShockwaveFlash1")
+            wait_for("the first light", lambda: is_lit(program, "Command1(0)"))
+            wrong, untold = play(program, mode)
+            print(f"mode {mode}: {RIGHT_ANSWERS} right, {wrong} wrong, of which {untold} "
+                  "not told by the picture", flush=True)
+            program.process.kill()
+            program.process.wait()
+
+
+if __name__ == "__main__":
+    try:
+        scanning(*sys.argv[1:])
+    except Failure as failure:
+        sys.exit(f"FAILED: {failure}")
