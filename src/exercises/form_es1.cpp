@@ -41,7 +41,7 @@ FormEs1::FormEs1()
     Command1(Prossimo).SetPicture(QStringLiteral("prossimo"));
     Command1(Prossimo).SetEnabled(false);
     for (Button &pulsante : Command1) {
-        pulsante.SetFontSize(24);
+        pulsante.SetFontSize(40);
         pulsante.SetFontBold(true);
         pulsante.SetMousePointer(platform::MousePointer::Custom);
     }

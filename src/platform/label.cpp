@@ -37,7 +37,7 @@ protected:
     {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        int margin = 2;
+        int margin = Transparent ? 0 : 6;
         if (Framed) {
             const double line = std::clamp(height() / 100.0, 2.0, 5.0);
             const double radius = std::min({width() / 8.0, height() / 8.0, 28.0});
