@@ -28,7 +28,7 @@ constexpr mode_t AllRights = 07777;
 constexpr int64_t NanosecondsInSecond = 1'000'000'000;
 constexpr int64_t SettleTime = 50'000'000; // nanoseconds; a tick of a file system is up to 10 ms
 // No file of this program comes near; more would only use up the memory.
-constexpr int64_t LongestContent = 256 * 1024 * 1024; // bytes
+constexpr int64_t LongestContent = int64_t{256} * 1024 * 1024; // bytes
 
 #ifdef O_PATH
 constexpr int ForPassing = O_PATH;
