@@ -158,7 +158,7 @@ Place Locate(const QString &path)
     if (!literal->OnDrive) {
         const QFileInfo there(literal->Native());
         if (there.isSymLink()) {
-            const Place target = FromNative(there.symLinkTarget(), 0);
+            Place target = FromNative(there.symLinkTarget(), 0);
             if (target.OnDrive)
                 return target;
         }

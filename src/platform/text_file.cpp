@@ -207,7 +207,7 @@ QString RecordReader::Line()
     const qsizetype start = state.At;
     while (!state.AtLineEnd())
         ++state.At;
-    const QString line = FromCodePage(state.Content.mid(start, state.At - start));
+    QString line = FromCodePage(state.Content.mid(start, state.At - start));
     state.SkipLineEnd();
     return line;
 }

@@ -17,7 +17,7 @@ struct WaveSound {
 };
 
 // About two minutes of one channel at 44100 Hz and 16 bits; a longer file stays silent.
-inline constexpr qint64 kLargestWaveFile = 10 * 1024 * 1024;
+inline constexpr qint64 kLargestWaveFile = qint64{10} * 1024 * 1024;
 
 // Nothing when the bytes are no wave file of a kind named above. A file that was cut short gives
 // the samples that are there.

@@ -5,7 +5,7 @@
 #ifdef MORLENE_XCB
 #include <xcb/xcb.h>
 // The header uses a C++ keyword as a name.
-#define explicit explicit_
+#define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro)
 #include <xcb/xkb.h>
 #undef explicit
 #endif

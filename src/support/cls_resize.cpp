@@ -48,7 +48,7 @@ void clsResize::ReInitialise()
     for (Control *controllo : finestra->Controls()) {
         // What has no place, such as a menu item or a timer, keeps zeros.
         Misure misure{.Controllo = controllo};
-        if (const auto *linea = dynamic_cast<Line *>(controllo)) {
+        if (const auto *linea = dynamic_cast<const Line *>(controllo); linea != nullptr) {
             misure.Sinistra = Intero(linea->X1());
             misure.Alto = Intero(linea->Y1());
             misure.Larghezza = Intero(linea->X2());

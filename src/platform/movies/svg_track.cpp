@@ -94,9 +94,8 @@ bool Compiler::Target()
         IsAnimation(m_document.Elements[static_cast<size_t>(m_track.Element)]))
         return false;
     m_track.Attribute = m_element.Value("attributeName");
-    if (m_element.Name == "animateMotion")
-        m_track.Attribute = "transform";
-    else if (m_element.Name == "animateTransform" && m_track.Attribute.isEmpty())
+    if (m_element.Name == "animateMotion" ||
+        (m_element.Name == "animateTransform" && m_track.Attribute.isEmpty()))
         m_track.Attribute = "transform";
     // What names things, or is the frame of the whole picture, is not animated.
     static const QList<QByteArray> fixed{"",      "id",          "xlink:href", "href", "viewBox",
