@@ -48,16 +48,15 @@ void clsResize::ReInitialise()
     for (Control *controllo : finestra->Controls()) {
         // What has no place, such as a menu item or a timer, keeps zeros.
         Misure misure{.Controllo = controllo};
+        Skipping([&] { misure.Sinistra = Intero(controllo->Left()); });
+        Skipping([&] { misure.Alto = Intero(controllo->Top()); });
+        Skipping([&] { misure.Larghezza = Intero(controllo->Width()); });
+        Skipping([&] { misure.Altezza = Intero(controllo->Height()); });
         if (const auto *linea = dynamic_cast<const Line *>(controllo); linea != nullptr) {
             misure.Sinistra = Intero(linea->X1());
             misure.Alto = Intero(linea->Y1());
             misure.Larghezza = Intero(linea->X2());
             misure.Altezza = Intero(linea->Y2());
-        } else {
-            Skipping([&] { misure.Sinistra = Intero(controllo->Left()); });
-            Skipping([&] { misure.Alto = Intero(controllo->Top()); });
-            Skipping([&] { misure.Larghezza = Intero(controllo->Width()); });
-            Skipping([&] { misure.Altezza = Intero(controllo->Height()); });
         }
         m_controlli.push_back(misure);
     }
