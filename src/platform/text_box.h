@@ -23,8 +23,10 @@ protected:
     void Refresh() override;
 
 private:
+    void ShowPage(const QString &text);
     QLineEdit *m_line = nullptr;
     QPlainTextEdit *m_page = nullptr;
+    QString m_text; // of a page, with its line breaks as given: CR LF
 };
 
 } // namespace platform

@@ -57,7 +57,7 @@ private Q_SLOTS:
         QVERIFY(form.Command1(0).Enabled());
         QVERIFY(form.Command1(1).Enabled());
         QVERIFY(!form.Command1(2).Enabled());
-        QVERIFY(!form.picMerlino.Visible());
+        QVERIFY(!form.PicMerlino.Visible());
         QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è verde."));
         QCOMPARE(form.Width(), ScreenWidth());
         QCOMPARE(form.BackColor(), Color{0x00FF0000});
