@@ -52,7 +52,7 @@ void TextBox::SetText(const QString &text)
     else
         ShowPage(text);
     Note("Text", text);
-    TextBox::Refresh();
+    FitFont();
 }
 
 void TextBox::ShowPage(const QString &text)
@@ -75,6 +75,11 @@ void TextBox::Refresh()
                            "padding: %1px; background: %2; color: %3 }")
                 .arg(PagePadding)
                 .arg(ToQColor(BackColor()).name(), ToQColor(ForeColor()).name()));
+    FitFont();
+}
+
+void TextBox::FitFont()
+{
     double points = Font().Size;
     if (m_page != nullptr) {
         const int margin = static_cast<int>(m_page->document()->documentMargin()) + PagePadding + 2;

@@ -24,6 +24,7 @@ protected:
 
 private:
     void ShowPage(const QString &text);
+    void FitFont();
     QLineEdit *m_line = nullptr;
     QPlainTextEdit *m_page = nullptr;
     QString m_text; // of a page, with its line breaks as given: CR LF
