@@ -45,21 +45,39 @@ void SvgMovie::Paint(QPainter &painter, const QRectF &target)
 {
     if (target.isEmpty())
         return;
-    if (m_stale) {
-        if (m_source->Animation.IsEmpty()) {
-            m_renderer.load(SvgText(m_document));
-        } else {
-            SvgDocument moment = m_document;
-            m_source->Animation.Apply(m_values, moment);
-            m_renderer.load(SvgText(moment));
-        }
-        m_stale = false;
-    }
     const QRectF fitted = Fitted(Size(), target);
     painter.save();
     painter.setClipRect(fitted, Qt::IntersectClip);
-    m_renderer.render(&painter, fitted);
+    const bool moving = m_time > 0 && m_time < Duration();
+    if (moving && m_source->CanCut && SvgLayers::CanPaint(painter))
+        PaintLayers(painter, fitted);
+    else
+        PaintWhole(painter, fitted);
     painter.restore();
+}
+
+SvgDocument SvgMovie::Moment() const
+{
+    SvgDocument moment = m_document;
+    m_source->Animation.Apply(m_values, moment);
+    return moment;
+}
+
+void SvgMovie::PaintWhole(QPainter &painter, const QRectF &fitted)
+{
+    if (m_stale)
+        m_renderer.load(SvgText(m_source->Animation.IsEmpty() ? m_document : Moment()));
+    m_stale = false;
+    m_layers = SvgLayers();
+    m_painted = m_values;
+    m_renderer.render(&painter, fitted);
+}
+
+void SvgMovie::PaintLayers(QPainter &painter, const QRectF &fitted)
+{
+    const std::vector<int> changed = m_source->Animation.Changes(m_painted, m_values);
+    m_painted = m_values;
+    m_layers.Paint(painter, fitted, Moment(), changed);
 }
 
 void SvgMovie::SetVariable(const QString &name, const QString &value)
@@ -89,6 +107,7 @@ void SvgMovie::Color(const QByteArray &color)
     }
     m_values = m_source->Animation.At(m_document, m_time);
     m_stale = true;
+    m_layers = SvgLayers();
 }
 
 void SvgMovie::SetProperty(const QString &target, int property, const QString &value)
@@ -107,6 +126,7 @@ void SvgMovie::SetProperty(const QString &target, int property, const QString &v
         group.Set("display", "none");
     m_values = m_source->Animation.At(m_document, m_time);
     m_stale = true;
+    m_layers = SvgLayers();
 }
 
 bool SvgMovie::Advance(int milliseconds)
