@@ -39,10 +39,34 @@ bool HasShapes(const SvgDocument &document, int from, int to)
     return false;
 }
 
-bool RowIsEmpty(const QImage &image, int y)
+// The smallest rectangle round all that is painted.
+QRect Painted(const QImage &image)
 {
-    const auto *row = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-    return std::all_of(row, row + image.width(), [](QRgb pixel) { return pixel == 0; });
+    QRect painted;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto *row = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        const auto *end = row + image.width();
+        const auto some = [](QRgb pixel) { return pixel != 0; };
+        const auto *first = std::find_if(row, end, some);
+        if (first == end)
+            continue;
+        const auto *last = end - 1;
+        while (!some(*last))
+            --last;
+        painted |= QRect(QPoint(static_cast<int>(first - row), y),
+                         QPoint(static_cast<int>(last - row), y));
+    }
+    return painted;
+}
+
+bool IsOpaque(const QImage &image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        const auto *row = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        if (std::any_of(row, row + image.width(), [](QRgb pixel) { return qAlpha(pixel) != 255; }))
+            return false;
+    }
+    return true;
 }
 
 } // namespace
@@ -123,7 +147,7 @@ void SvgLayers::Cut(const SvgDocument &moment)
     }
 }
 
-// Only the rows that something is painted on are kept.
+// Only the rectangle that something is painted on is kept.
 SvgLayers::Layer SvgLayers::Keep(const SvgDocument &moment, int from, int to)
 {
     const QRect pixels = m_target.toAlignedRect();
@@ -135,14 +159,11 @@ SvgLayers::Layer SvgLayers::Keep(const SvgDocument &moment, int from, int to)
     painter.translate(-pixels.topLeft());
     renderer.render(&painter, m_target);
     painter.end();
-    int top = 0;
-    int bottom = m_sheet.height();
-    while (top < bottom && RowIsEmpty(m_sheet, top))
-        ++top;
-    while (bottom > top && RowIsEmpty(m_sheet, bottom - 1))
-        --bottom;
-    return {from, to, false, m_sheet.copy(0, top, m_sheet.width(), bottom - top),
-            pixels.topLeft() + QPoint(0, top)};
+    const QRect painted = Painted(m_sheet);
+    QImage picture = m_sheet.copy(painted);
+    if (IsOpaque(picture)) // and so painted without mixing
+        picture.reinterpretAsFormat(QImage::Format_RGB32);
+    return {from, to, false, picture, pixels.topLeft() + painted.topLeft()};
 }
 
 void SvgLayers::Paint(QPainter &painter, const QRectF &target, const SvgDocument &moment,
@@ -158,7 +179,7 @@ void SvgLayers::Paint(QPainter &painter, const QRectF &target, const SvgDocument
         if (layer.Moves) {
             QSvgRenderer renderer(TextOf(moment, layer.From, layer.To));
             renderer.render(&painter, target);
-        } else if (!layer.Picture.isNull()) {
+        } else {
             painter.drawImage(layer.Corner, layer.Picture);
         }
     }
