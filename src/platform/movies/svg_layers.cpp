@@ -87,19 +87,21 @@ bool SvgLayers::CanPaint(const QPainter &painter)
            device.dy() == std::floor(device.dy()) && painter.device()->devicePixelRatio() == 1;
 }
 
-bool SvgLayers::Moves(int element) const
+// With all that is in it.
+bool SvgLayers::Moves(const SvgDocument &moment, int element) const
 {
-    return std::any_of(m_layers.begin(), m_layers.end(), [element](const Layer &layer) {
-        return layer.Moves && layer.From <= element && element < layer.To;
+    const int end = At(moment, element).End;
+    return std::any_of(m_layers.begin(), m_layers.end(), [element, end](const Layer &layer) {
+        return layer.Moves && layer.From <= element && end <= layer.To;
     });
 }
 
 // True when the layers no longer fit what moves.
-bool SvgLayers::Watch(const std::vector<int> &changed)
+bool SvgLayers::Watch(const SvgDocument &moment, const std::vector<int> &changed)
 {
     bool cut = m_layers.empty();
     for (const int element : changed)
-        cut = cut || !Moves(element);
+        cut = cut || !Moves(moment, element);
     for (auto &[element, frames] : m_still)
         ++frames;
     for (const int element : changed)
@@ -173,7 +175,7 @@ void SvgLayers::Paint(QPainter &painter, const QRectF &target, const SvgDocument
     m_target = target;
     if (elsewhere)
         m_layers.clear();
-    if ((!changed.empty() && Watch(changed)) || elsewhere)
+    if ((!changed.empty() && Watch(moment, changed)) || elsewhere)
         Cut(moment);
     for (const Layer &layer : m_layers) {
         if (layer.Moves) {

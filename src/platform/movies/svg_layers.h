@@ -34,8 +34,8 @@ private:
         QImage Picture;
         QPoint Corner;
     };
-    bool Moves(int element) const;
-    bool Watch(const std::vector<int> &changed);
+    bool Moves(const SvgDocument &moment, int element) const;
+    bool Watch(const SvgDocument &moment, const std::vector<int> &changed);
     void Cut(const SvgDocument &moment);
     Layer Keep(const SvgDocument &moment, int from, int to);
 
