@@ -257,16 +257,11 @@ void FormMenu::Tick()
 
 void FormMenu::TastoManuale(int tasto)
 {
-    switch (GestoManuale(tasto)) {
-    case Gesto::Avanti:
-        return Passo(1);
-    case Gesto::Indietro:
-        return Passo(-1);
-    case Gesto::Scegli:
-        return Scegli();
-    case Gesto::Nessuno:
-        return;
-    }
+    const Gesto gesto = GestoManuale(tasto);
+    if (gesto == Gesto::Scegli)
+        Scegli();
+    else if (gesto != Gesto::Nessuno)
+        Passo(Segno(gesto));
 }
 
 void FormMenu::TastoAutomatico(int tasto)

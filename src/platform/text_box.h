@@ -18,13 +18,23 @@ public:
     void SetText(const QString &text);
 
     std::function<void()> OnChange;
+    // False drops a letter that a person types, pastes or drops; code writes what it likes.
+    std::function<bool(QChar letter)> OnKeyPress;
 
 protected:
     void Refresh() override;
+    bool Event(QEvent *event) override;
 
 private:
+    void ShowPage(const QString &text);
+    void FitFont();
+    void Edited();
+    void Changed();
+
+    QString m_known; // the text of the last Change
     QLineEdit *m_line = nullptr;
     QPlainTextEdit *m_page = nullptr;
+    QString m_text; // of a page, with its line breaks as given: CR LF
 };
 
 } // namespace platform

@@ -32,7 +32,7 @@ private:
 VisualControl::VisualControl(const ControlId &id, const Place &place, QWidget *widget)
     : Control(id), m_place(place), m_widget(widget), m_tap(std::make_unique<EventTap>(*this))
 {
-    widget->setParent(id.Parent.Client());
+    widget->setParent(id.Container != nullptr ? id.Container->Widget() : id.Parent.Client());
     widget->setObjectName(Key());
     widget->setAccessibleDescription(Key());
     widget->setMouseTracking(true);
@@ -45,8 +45,10 @@ VisualControl::VisualControl(const ControlId &id, const Place &place, QWidget *w
 
 VisualControl::~VisualControl()
 {
+    if (m_widget.isNull())
+        return;
     m_widget->removeEventFilter(m_tap.get());
-    delete m_widget;
+    delete m_widget.data();
 }
 
 void VisualControl::PutInPlace()
@@ -149,6 +151,18 @@ void VisualControl::SetFontBold(bool bold)
     Refresh();
 }
 
+void VisualControl::SetFontItalic(bool italic)
+{
+    m_font.Italic = italic;
+    Refresh();
+}
+
+void VisualControl::SetFontUnderline(bool underline)
+{
+    m_font.Underline = underline;
+    Refresh();
+}
+
 void VisualControl::SetMousePointer(platform::MousePointer pointer)
 {
     m_pointer = pointer;
@@ -177,8 +191,8 @@ void VisualControl::SetFocus()
                            QApplication::activePopupWidget() != nullptr;
     const bool otherModal =
         QApplication::activeModalWidget() != nullptr && QApplication::activeModalWidget() != window;
-    if (Parent().Unloaded() || !m_visible || !m_enabled || menuInUse || otherModal ||
-        !window->isActiveWindow())
+    if (Parent().Unloaded() || !m_widget->isVisibleTo(window) || !m_enabled || menuInUse ||
+        otherModal || !window->isActiveWindow())
         throw RunTimeError(BadCall, Key());
     if (!m_widget->hasFocus())
         m_widget->setFocus(Qt::OtherFocusReason);
@@ -187,6 +201,16 @@ void VisualControl::SetFocus()
 bool VisualControl::HasFocus() const
 {
     return m_widget->hasFocus();
+}
+
+void VisualControl::SetTabStop(bool stop)
+{
+    m_widget->setFocusPolicy(stop ? Qt::StrongFocus : Qt::NoFocus);
+}
+
+void VisualControl::BringToFront()
+{
+    m_widget->raise();
 }
 
 void VisualControl::Click()
