@@ -35,9 +35,9 @@ private:
 
 Form::Form(const char *name, double scaleWidth, double scaleHeight)
     : m_name(QString::fromLatin1(name)), m_window(std::make_unique<FormWindow>(*this)),
-      m_self(std::make_shared<Form *>(this))
+      m_self(std::make_shared<Form *>(this)), m_designHeight(ToPixels(scaleHeight))
 {
-    m_window->resize(ToPixels(scaleWidth), ToPixels(scaleHeight));
+    m_window->resize(ToPixels(scaleWidth), m_designHeight);
     m_window->LayOut();
 }
 
@@ -151,6 +151,9 @@ void Form::Load()
 {
     if (m_loaded)
         return;
+    // The design gives what lies under the menu bar, which has grown since.
+    if (!m_moved)
+        m_window->resize(m_window->width(), m_designHeight + m_window->MenuBarHeight());
     m_loaded = true;
     loaded.push_back(this);
     m_window->LayOut();

@@ -115,6 +115,7 @@ private:
     std::vector<Control *> m_controls;
     std::unique_ptr<FormWindow> m_window;
     std::shared_ptr<Form *> m_self;
+    int m_designHeight; // pixels under the menu bar
 };
 
 // Refers to a form weakly: nothing when the form is gone or unloaded.
