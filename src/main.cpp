@@ -1,4 +1,5 @@
 // The program: the table of its windows, and the start.
+#include "configuration/form_configura.h"
 #include "core/start.h"
 #include "core/windows.h"
 #include "exercises/form_es1.h"
@@ -21,6 +22,7 @@ void RegistraFinestre()
 {
     RegistraFinestra(QStringLiteral("FormAvvio"), Crea<FormAvvio>);
     RegistraFinestra(QStringLiteral("FormMenu"), Crea<FormMenu>);
+    RegistraFinestra(QStringLiteral("FormConfigura"), Crea<FormConfigura>);
     RegistraFinestra(QStringLiteral("FormEs1"), Crea<FormEs1>);
     RegistraFinestra(QStringLiteral("FormEs2"), Crea<FormEs2>);
     RegistraFinestra(QStringLiteral("FormEs4"), Crea<FormEs4>);

@@ -62,6 +62,7 @@ class PictureView : public QWidget {
 public:
     QString Picture;
     bool Filled = true;
+    bool Bordered = false;
     Color Back = SystemButtonFace;
 
 protected:
@@ -72,6 +73,10 @@ protected:
             painter.fillRect(rect(), ToQColor(Back));
         if (!Picture.isEmpty())
             painter.drawPixmap(0, 0, DrawnPicture(Picture, size(), devicePixelRatioF()));
+        if (Bordered) {
+            painter.setPen(ToQColor(Ink));
+            painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        }
     }
 };
 
@@ -91,6 +96,12 @@ void PictureBox::SetPicture(const QString &name)
 void PictureBox::SetSpokenName(const QString &name)
 {
     m_view->setAccessibleName(name);
+}
+
+void PictureBox::SetBordered(bool bordered)
+{
+    m_view->Bordered = bordered;
+    m_view->update();
 }
 
 void PictureBox::Refresh()
