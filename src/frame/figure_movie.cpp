@@ -15,10 +15,11 @@ constexpr std::array<const char *, 9> Nomi = {"",      "comignolo", "tetto", "pa
                                               "porta", "gradino",   "fumo",  "nuvole"};
 
 // The object first, the colour second: the movie has no call that takes both.
-void Dipingi(MovieControl &figura, int parte, const QString &oggetto, const QString &colore)
+void Dipingi(MovieControl &figura, int parte, const QString &oggetto, const QString &colore,
+             const QString &variabile)
 {
     figura.SetVariable(QStringLiteral("QualeOggetto"), QLatin1String(NomeParte(parte)) + oggetto);
-    figura.SetVariable(QStringLiteral("TestoColore.QualeColore"), colore);
+    figura.SetVariable(variabile, colore);
 }
 
 } // namespace
@@ -39,14 +40,19 @@ void ApriFigura(MovieControl &figura, int fotogramma)
     figura.GotoFrame(fotogramma);
 }
 
-void DipingiParte(MovieControl &figura, int parte, const QString &colore)
+QString VariabileColore()
 {
-    Dipingi(figura, parte, QStringLiteral(".interno"), colore);
+    return QStringLiteral("TestoColore.QualeColore");
+}
+
+void DipingiParte(MovieControl &figura, int parte, const QString &colore, const QString &variabile)
+{
+    Dipingi(figura, parte, QStringLiteral(".interno"), colore, variabile);
 }
 
 void DipingiContorno(MovieControl &figura, int parte, const QString &colore)
 {
-    Dipingi(figura, parte, QStringLiteral(".contorno"), colore);
+    Dipingi(figura, parte, QStringLiteral(".contorno"), colore, VariabileColore());
 }
 
 void MostraParte(MovieControl &figura, int parte, bool presente)

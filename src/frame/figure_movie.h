@@ -7,7 +7,8 @@
 #include <cstdint>
 
 constexpr int PartiDipinte = 6; // 1 to 6 are painted
-constexpr int Fumo = 7;         // 7 and 8 are there or not
+constexpr int Finestre = 4;
+constexpr int Fumo = 7; // 7 and 8 are there or not
 constexpr int Nuvole = 8;
 
 // Entry 1 to 6: a colour number 1 to 4; 7 and 8: 0 or 1; entry 0 is not used.
@@ -20,8 +21,11 @@ const char *NomeParte(int parte);
 void ApriFigura(platform::MovieControl &figura);
 void ApriFigura(platform::MovieControl &figura, int fotogramma);
 
+// The movie's variable that takes a colour for the object named before.
+QString VariabileColore();
 // The inside of a part 1 to 6 in a colour RRGGBB.
-void DipingiParte(platform::MovieControl &figura, int parte, const QString &colore);
+void DipingiParte(platform::MovieControl &figura, int parte, const QString &colore,
+                  const QString &variabile = VariabileColore());
 // The outline of a part 1 to 8; a figure at rest has them all black, "000000".
 void DipingiContorno(platform::MovieControl &figura, int parte, const QString &colore);
 // Smoke (7) or clouds (8), there or not.

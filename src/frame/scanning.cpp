@@ -39,11 +39,11 @@ int Segno(Gesto gesto)
     return gesto == Gesto::Indietro || gesto == Gesto::Su ? -1 : 1;
 }
 
-int PassoCircolare(int da, int quanti, int verso, const std::function<bool(int)> &abilitato)
+int PassoCircolare(int da, int quanti, int passo, const std::function<bool(int)> &abilitato)
 {
     int indice = da;
     do
-        indice = (indice + verso + quanti) % quanti;
+        indice = (indice + passo + quanti) % quanti;
     while (!abilitato(indice) && indice != da);
     return indice;
 }

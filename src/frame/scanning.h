@@ -14,9 +14,9 @@ Gesto GestoAutomatico(int tasto); // mode 2
 // 1 for a gesture that leads on, right or down, -1 for one that leads back, left or up.
 int Segno(Gesto gesto);
 
-// The index that follows `da` in the direction `verso` (1 or -1) among `quanti`, going round, past
-// those that are not `abilitato`. One round at most: with none enabled it is `da` again.
-int PassoCircolare(int da, int quanti, int verso, const std::function<bool(int)> &abilitato);
+// The index that follows `da` by steps of `passo` among `quanti`, a multiple of it, going round,
+// past those that are not `abilitato`. One round at most: with none enabled it is `da` again.
+int PassoCircolare(int da, int quanti, int passo, const std::function<bool(int)> &abilitato);
 
 // Interval of the automatic highlight in milliseconds: `VelocitaScansione` times 250 in 16 bits, so
 // that a speed above 131 is error 6.

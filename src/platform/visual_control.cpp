@@ -45,8 +45,10 @@ VisualControl::VisualControl(const ControlId &id, const Place &place, QWidget *w
 
 VisualControl::~VisualControl()
 {
+    if (m_widget.isNull())
+        return;
     m_widget->removeEventFilter(m_tap.get());
-    delete m_widget;
+    delete m_widget.data();
 }
 
 void VisualControl::PutInPlace()

@@ -7,6 +7,8 @@
 #include "platform/font.h"
 #include "platform/form.h"
 
+#include <QPointer>
+
 #include <memory>
 #include <vector>
 
@@ -95,7 +97,7 @@ private:
     bool MouseEvent(QEvent *event);
     bool KeyEvent(QEvent *event);
 
-    QWidget *m_widget;
+    QPointer<QWidget> m_widget; // its container may go first
     std::unique_ptr<EventTap> m_tap;
     bool m_enabled = true;
     bool m_visible = true;
