@@ -14,6 +14,7 @@
 #include "platform/application.h"
 #include "platform/machine_host.h"
 #include "support/windows/form_avvio.h"
+#include "support/windows/form_info.h"
 
 namespace {
 
@@ -27,6 +28,7 @@ void RegistraFinestre()
     RegistraFinestra(QStringLiteral("FormAvvio"), Crea<FormAvvio>);
     RegistraFinestra(QStringLiteral("FormMenu"), Crea<FormMenu>);
     RegistraFinestra(QStringLiteral("FormConfigura"), Crea<FormConfigura>);
+    RegistraFinestra(QStringLiteral("FormInfo"), Crea<FormInfo>);
     RegistraFinestra(QStringLiteral("FormEs1"), Crea<FormEs1>);
     RegistraFinestra(QStringLiteral("FormEs2"), Crea<FormEs2>);
     RegistraFinestra(QStringLiteral("FormEs3"), Crea<FormEs3>);

@@ -7,10 +7,12 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include "configuration/form_configura.h"
 #include "exercises/form_es1.h"
 #include "menu/form_menu.h"
 #include "support/exercise_fixture.h"
 #include "support/windows/form_avvio.h"
+#include "support/windows/form_info.h"
 
 namespace {
 
@@ -51,6 +53,10 @@ std::unique_ptr<platform::Form> Make(const QString &name)
 {
     if (name == QStringLiteral("FormAvvio"))
         return std::make_unique<FormAvvio>();
+    if (name == QStringLiteral("FormConfigura"))
+        return std::make_unique<FormConfigura>();
+    if (name == QStringLiteral("FormInfo"))
+        return std::make_unique<FormInfo>();
     if (name == QStringLiteral("FormMenu"))
         return std::make_unique<FormMenu>();
     if (name == QStringLiteral("FormEs1"))

@@ -1,10 +1,13 @@
 // Each window opens as designed: its controls in their order, places in twips, captions and states
 // as text against a kept file.
+#include "configuration/form_configura.h"
+#include "core/palette.h"
 #include "exercises/form_es1.h"
 #include "menu/form_menu.h"
 #include "platform/shape.h"
 #include "support/exercise_fixture.h"
 #include "support/windows/form_avvio.h"
+#include "support/windows/form_info.h"
 
 #include <QFile>
 #include <QTest>
@@ -71,6 +74,10 @@ std::unique_ptr<Form> Make(const QString &name)
 {
     if (name == QStringLiteral("FormAvvio"))
         return std::make_unique<FormAvvio>();
+    if (name == QStringLiteral("FormConfigura"))
+        return std::make_unique<FormConfigura>();
+    if (name == QStringLiteral("FormInfo"))
+        return std::make_unique<FormInfo>();
     if (name == QStringLiteral("FormMenu"))
         return std::make_unique<FormMenu>();
     return std::make_unique<FormEs1>();
@@ -85,7 +92,7 @@ private Q_SLOTS:
     void theWindowIsAsDesigned_data()
     {
         QTest::addColumn<QString>("name");
-        for (const char *name : {"FormAvvio", "FormMenu", "FormEs1"})
+        for (const char *name : {"FormAvvio", "FormMenu", "FormConfigura", "FormInfo", "FormEs1"})
             QTest::newRow(name) << QString::fromLatin1(name);
     }
 
@@ -94,6 +101,7 @@ private Q_SLOTS:
         QFETCH(QString, name);
         const Player player;
         RegistraFinestra(QStringLiteral("FormEs1"), []() -> Form * { return new FormEs1; });
+        PreparaColoriWeb();
         const QString made = DesignOf(*Make(name));
         QFile file(QStringLiteral(TESTS_DIR "/expected/design_%1.txt").arg(name));
         QVERIFY(file.open(QIODevice::ReadOnly));
