@@ -2,14 +2,7 @@
 #include "configuration/form_configura.h"
 #include "core/start.h"
 #include "core/windows.h"
-#include "exercises/form_es1.h"
-#include "exercises/form_es2.h"
-#include "exercises/form_es3.h"
-#include "exercises/form_es4.h"
-#include "exercises/form_es5.h"
-#include "exercises/form_es6.h"
-#include "exercises/form_es7.h"
-#include "exercises/form_es8.h"
+#include "exercises/exercise_table.h"
 #include "menu/form_menu.h"
 #include "platform/application.h"
 #include "platform/machine_host.h"
@@ -29,14 +22,7 @@ void RegistraFinestre()
     RegistraFinestra(QStringLiteral("FormMenu"), Crea<FormMenu>);
     RegistraFinestra(QStringLiteral("FormConfigura"), Crea<FormConfigura>);
     RegistraFinestra(QStringLiteral("FormInfo"), Crea<FormInfo>);
-    RegistraFinestra(QStringLiteral("FormEs1"), Crea<FormEs1>);
-    RegistraFinestra(QStringLiteral("FormEs2"), Crea<FormEs2>);
-    RegistraFinestra(QStringLiteral("FormEs3"), Crea<FormEs3>);
-    RegistraFinestra(QStringLiteral("FormEs4"), Crea<FormEs4>);
-    RegistraFinestra(QStringLiteral("FormEs5"), Crea<FormEs5>);
-    RegistraFinestra(QStringLiteral("FormEs6"), Crea<FormEs6>);
-    RegistraFinestra(QStringLiteral("FormEs7"), Crea<FormEs7>);
-    RegistraFinestra(QStringLiteral("FormEs8"), Crea<FormEs8>);
+    RegistraEsercizi();
 }
 
 } // namespace

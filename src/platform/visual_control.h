@@ -7,6 +7,7 @@
 #include "platform/font.h"
 #include "platform/form.h"
 
+#include <QObject>
 #include <QPointer>
 
 #include <memory>
@@ -97,7 +98,8 @@ private:
     bool MouseEvent(QEvent *event);
     bool KeyEvent(QEvent *event);
 
-    QPointer<QWidget> m_widget; // its container may go first
+    QWidget *m_widget;
+    QPointer<QObject> m_alive; // the widget; its container may go first
     std::unique_ptr<EventTap> m_tap;
     bool m_enabled = true;
     bool m_visible = true;
