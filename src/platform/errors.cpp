@@ -53,6 +53,8 @@ QString StandardText(int number)
         return QStringLiteral("Impossibile leggere la proprietà");
     case NoSuchProperty:
         return QStringLiteral("Proprietà o metodo non supportati dall'oggetto");
+    case InvalidPicture:
+        return QStringLiteral("Immagine non valida");
     case PrinterError:
         return QStringLiteral("Errore della stampante");
     default:

@@ -30,6 +30,7 @@ enum ErrorNumber : int {
     SetNotPermitted = 387,
     GetNotSupported = 393,
     NoSuchProperty = 438,
+    InvalidPicture = 481,
     PrinterError = 482,
 };
 

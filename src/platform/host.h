@@ -15,9 +15,9 @@ struct ScreenSize {
     int Height = 0;
 };
 
-enum class BoxIcon { None, Information, Exclamation, Critical };
-enum class BoxButtons { Ok, YesNo };
-enum class BoxAnswer { Ok, Yes, No };
+enum class BoxIcon { None, Information, Question, Exclamation, Critical };
+enum class BoxButtons { Ok, YesNo, YesNoCancel };
+enum class BoxAnswer { Ok, Yes, No, Cancel };
 
 struct Box {
     QString Text;
@@ -31,6 +31,8 @@ class Ticker {
 public:
     virtual ~Ticker() = default;
 };
+
+class Printing;
 
 class Host {
 public:
@@ -56,6 +58,8 @@ public:
     virtual void PlaySound(const QString &nativePath) = 0;
     // Opens a document with the desktop's own program; silent when there is none.
     virtual void OpenDocument(const QString &nativePath) = 0;
+
+    virtual Printing &Printers() = 0;
 
     // Places. Native paths with slashes that end in a slash.
     virtual QString DriveRoot() = 0;

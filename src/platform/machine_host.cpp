@@ -50,6 +50,8 @@ QMessageBox::Icon IconOf(BoxIcon icon)
     switch (icon) {
     case BoxIcon::Information:
         return QMessageBox::Information;
+    case BoxIcon::Question:
+        return QMessageBox::Question;
     case BoxIcon::Exclamation:
         return QMessageBox::Warning;
     case BoxIcon::Critical:
@@ -103,15 +105,23 @@ std::unique_ptr<Ticker> MachineHost::StartTicker(int milliseconds, std::function
 
 BoxAnswer MachineHost::MessageBox(const Box &box)
 {
-    QMessageBox window(
-        IconOf(box.Icon), box.Title.isEmpty() ? QStringLiteral("MorleneKVT") : box.Title, box.Text,
-        box.Buttons == BoxButtons::YesNo ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok,
-        QApplication::activeWindow());
+    QMessageBox::StandardButtons buttons = QMessageBox::Ok;
+    if (box.Buttons != BoxButtons::Ok)
+        buttons = QMessageBox::Yes | QMessageBox::No;
+    if (box.Buttons == BoxButtons::YesNoCancel)
+        buttons |= QMessageBox::Cancel;
+    QMessageBox window(IconOf(box.Icon),
+                       box.Title.isEmpty() ? QStringLiteral("MorleneKVT") : box.Title, box.Text,
+                       buttons, QApplication::activeWindow());
     window.setTextFormat(Qt::PlainText);
     const int answer = window.exec();
     if (box.Buttons == BoxButtons::Ok)
         return BoxAnswer::Ok;
-    return answer == QMessageBox::Yes ? BoxAnswer::Yes : BoxAnswer::No;
+    if (answer == QMessageBox::Yes)
+        return BoxAnswer::Yes;
+    // Escape stands for "Cancel" where there is one, else for "No".
+    return box.Buttons == BoxButtons::YesNoCancel && answer != QMessageBox::No ? BoxAnswer::Cancel
+                                                                               : BoxAnswer::No;
 }
 
 QString MachineHost::InputBox(const QString &prompt, const QString &title, const QString &proposal)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/host.h"
+#include "platform/printing/machine_printing.h"
 
 #include <memory>
 #include <random>
@@ -24,6 +25,7 @@ public:
     QString InputBox(const QString &prompt, const QString &title, const QString &proposal) override;
     void PlaySound(const QString &nativePath) override;
     void OpenDocument(const QString &nativePath) override;
+    Printing &Printers() override { return m_printing; }
     QString DriveRoot() override { return m_driveRoot; }
     QString ApplicationFolder() override;
     ScreenSize Screen() override;
@@ -34,6 +36,7 @@ public:
 
 private:
     QString m_driveRoot;
+    MachinePrinting m_printing;
     std::mt19937 m_generator;
     std::unique_ptr<QLockFile> m_lock;
 };

@@ -51,6 +51,7 @@ public:
     QString InputBox(const QString &, const QString &, const QString &) override { Fail(); }
     void PlaySound(const QString &) override { Fail(); }
     void OpenDocument(const QString &) override { Fail(); }
+    platform::Printing &Printers() override { Fail(); }
     platform::ScreenSize Screen() override { Fail(); }
     bool AnotherInstanceRuns() override { Fail(); }
     bool RegisterFont(const QString &) override { Fail(); }

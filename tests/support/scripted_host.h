@@ -4,11 +4,13 @@
 
 #include "platform/application.h"
 #include "platform/host.h"
+#include "support/fake_printing.h"
 
 #include <QList>
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <optional>
 #include <random>
 #include <vector>
 
@@ -36,6 +38,8 @@ public:
 
     // The next boxes, each with its text and its answer.
     void ExpectBox(const QString &text, platform::BoxAnswer answer = platform::BoxAnswer::Ok);
+    // The same, with title, icon and buttons looked at too.
+    void ExpectBox(const platform::Box &box, platform::BoxAnswer answer = platform::BoxAnswer::Ok);
     void ExpectInput(const QString &prompt, const QString &answer);
 
     // What happened: "Command1(0).Enabled=True", "suono si/2.wav", "estratto 1 di 4", ...
@@ -53,6 +57,7 @@ public:
     QStringList RegisteredFonts;
     QStringList OpenedDocuments;
     QTemporaryDir Drive;
+    FakePrinting Printer;
 
     // A file on the drive by its path below "C:\", with slashes.
     QByteArray DriveFile(const QString &path) const;
@@ -69,6 +74,7 @@ public:
     QString InputBox(const QString &prompt, const QString &title, const QString &proposal) override;
     void PlaySound(const QString &nativePath) override;
     void OpenDocument(const QString &nativePath) override { OpenedDocuments << nativePath; }
+    platform::Printing &Printers() override { return Printer; }
     QString DriveRoot() override { return Drive.path() + QLatin1Char('/'); }
     QString ApplicationFolder() override { return Application; }
     platform::ScreenSize Screen() override { return ScreenSizeNow; }
@@ -85,6 +91,7 @@ private:
         QString Text;
         platform::BoxAnswer Answer;
         QString Input;
+        std::optional<platform::Box> Whole{}; // to be compared in all of it
     };
     QList<ScriptedDraw> m_draws;
     QList<ExpectedBox> m_boxes;
