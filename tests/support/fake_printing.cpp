@@ -46,9 +46,9 @@ public:
     }
     int StartPage() override
     {
-        const int answer = m_owner.Answer("StartPage", 1);
+        // There is a page whatever is answered, so that the later steps have a place.
         m_owner.Documents.last().Pages.append(FakePage());
-        return answer;
+        return m_owner.Answer("StartPage", 1);
     }
     int StretchBitmap(const DeviceRectangle &place, const Bitmap &bitmap) override
     {
