@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QLibraryInfo>
+#include <QSettings>
 #include <QTranslator>
 
 namespace platform {
@@ -47,6 +48,8 @@ Application::Application(int &argc, char **argv) : m_impl(std::make_unique<Impl>
     QFont::insertSubstitution(QStringLiteral("arial"), QStringLiteral("Liberation Sans"));
     QFont::insertSubstitution(QStringLiteral("Verdana"), QStringLiteral("DejaVu Sans"));
     QFont::insertSubstitution(QStringLiteral("Comic Sans MS"), QStringLiteral("Comic Neue"));
+    // The toolkit's dialogs would keep folders, history and colours in the person's home.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
     QFont font(QStringLiteral("arial"));
     font.setPixelSize(16);
     QApplication::setFont(font);

@@ -13,6 +13,9 @@ constexpr Color SystemButtonFace = 0x8000000F;
 constexpr Color SystemButtonText = 0x80000012;
 constexpr Color SystemWindow = 0x80000005;
 
+// Of the outlines of all that is drawn.
+constexpr Color Ink = 0x00282B3A;
+
 constexpr Color Rgb(int red, int green, int blue)
 {
     return static_cast<Color>(red) | static_cast<Color>(green) << 8 |

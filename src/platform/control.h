@@ -11,8 +11,10 @@
 namespace platform {
 
 class Form;
+class VisualControl;
 
-// Twips from the top left corner of the form's client area; 15 are one logical pixel.
+// Twips from the top left corner of the form's client area, or of the control in which one lies; 15
+// are one logical pixel.
 struct Place {
     double Left = 0;
     double Top = 0;
@@ -24,7 +26,8 @@ struct Place {
 struct ControlId {
     Form &Parent;
     const char *Name;
-    int Index = -1; // -1: not an element of an array
+    int Index = -1;                     // -1: not an element of an array
+    VisualControl *Container = nullptr; // the control in which it lies; none: the form itself
 };
 
 // The classic codes: Space 32, Enter 13 (the keypad's too), arrows 37 to 40, letters and digits

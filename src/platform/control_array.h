@@ -11,15 +11,17 @@ namespace platform {
 
 template <typename T> class ControlArray {
 public:
-    ControlArray(Form &form, const char *name) : m_form(form), m_name(name) {}
+    ControlArray(Form &form, const char *name) : m_id{form, name} {}
+    // All elements lie in a control: `Frame1.Inside("Option1")`.
+    explicit ControlArray(const ControlId &id) : m_id(id) {}
     ControlArray(const ControlArray &) = delete;
     ControlArray &operator=(const ControlArray &) = delete;
 
     // Makes the element; the arguments are those of a single control behind its id.
     template <typename... Args> T &Add(int index, Args &&...args)
     {
-        auto element =
-            std::make_unique<T>(ControlId{m_form, m_name, index}, std::forward<Args>(args)...);
+        auto element = std::make_unique<T>(ControlId{m_id.Parent, m_id.Name, index, m_id.Container},
+                                           std::forward<Args>(args)...);
         T &control = *element;
         m_elements[index] = std::move(element);
         control.OnClick = [this, index] {
@@ -39,7 +41,7 @@ public:
     {
         const auto found = m_elements.find(index);
         if (found == m_elements.end())
-            throw RunTimeError(NoSuchElement, QString::fromLatin1(m_name));
+            throw RunTimeError(NoSuchElement, QString::fromLatin1(m_id.Name));
         return *found->second;
     }
     void Remove(int index) { m_elements.erase(index); }
@@ -69,8 +71,7 @@ public:
     Iterator end() const { return Iterator(m_elements.end()); }
 
 private:
-    Form &m_form;
-    const char *m_name;
+    ControlId m_id;
     std::map<int, std::unique_ptr<T>> m_elements;
 };
 

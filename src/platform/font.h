@@ -11,6 +11,8 @@ struct Font {
     QString Name = QStringLiteral("arial");
     double Size = 9;
     bool Bold = false;
+    bool Italic = false;
+    bool Underline = false;
 
     bool operator==(const Font &) const = default;
 };

@@ -10,8 +10,10 @@
 #include <QCursor>
 #include <QMenuBar>
 #include <QScreen>
+#include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 
@@ -114,6 +116,7 @@ double Form::ScaleHeight() const
 
 void Form::Move(double left, double top, double width, double height)
 {
+    m_moved = true;
     m_window->Left = left;
     m_window->Top = top;
     m_window->setGeometry(ToPixels(left), ToPixels(top), ToPixels(width), ToPixels(height));
@@ -144,17 +147,22 @@ void Form::DrawBand(double fromUnit, double toUnit, Color color)
     m_window->Client()->update();
 }
 
+void Form::Load()
+{
+    if (m_loaded)
+        return;
+    m_loaded = true;
+    loaded.push_back(this);
+    m_window->LayOut();
+    if (OnLoad)
+        OnLoad();
+}
+
 void Form::Show()
 {
     if (m_unloaded)
         return;
-    if (!m_loaded) {
-        m_loaded = true;
-        loaded.push_back(this);
-        m_window->LayOut();
-        if (OnLoad)
-            OnLoad();
-    }
+    Load();
     if (m_shown) {
         m_window->raise();
         m_window->activateWindow();
@@ -174,6 +182,55 @@ void Form::Show()
     Resized();
     if (!m_unloaded && OnActivate)
         OnActivate();
+}
+
+void Form::ShowModal()
+{
+    if (m_unloaded || m_shown)
+        return;
+    // The form in front is the one shown last.
+    const auto front = std::find_if(loaded.rbegin(), loaded.rend(), [this](const Form *form) {
+        return form != this && form->m_shown && !form->m_unloaded;
+    });
+    const FormRef opener = front == loaded.rend() ? FormRef() : FormRef(**front);
+    Load();
+    if (m_unloaded)
+        return;
+    if (!m_moved)
+        Move((ScreenWidth() - Width()) / 2, (ScreenHeight() - Height()) / 2, Width(), Height());
+    m_window->setWindowFlag(Qt::Dialog);
+    m_window->setWindowModality(Qt::ApplicationModal);
+    m_window->winId();
+    if (const Form *under = opener.Get())
+        m_window->windowHandle()->setTransientParent(under->Window()->windowHandle());
+    m_window->show();
+    m_window->activateWindow();
+    m_shown = true;
+    Resized();
+    if (!m_unloaded && OnActivate)
+        OnActivate();
+    if (!m_unloaded && m_shown)
+        host().WaitForModal(*this);
+    if (Form *under = opener.Get()) {
+        under->m_window->activateWindow();
+        if (under->OnActivate)
+            under->OnActivate();
+    }
+}
+
+void Form::Hide()
+{
+    if (!m_shown)
+        return;
+    m_shown = false;
+    m_window->hide();
+    Closed();
+}
+
+void Form::Closed()
+{
+    if (const auto closed = std::exchange(m_whenClosed, nullptr))
+        closed();
 }
 
 void Form::Resized()
@@ -211,6 +268,7 @@ void Form::Drop()
             timer->Stop();
     m_window->hide();
     m_window->setEnabled(false);
+    Closed();
     new Undertaker(this);
 }
 

@@ -59,6 +59,16 @@ public:
     // Raises Load the first time, shows the window over the whole screen, raises Resize with the
     // size it then has and Activate.
     void Show();
+    // A window of its own size before the others, centred unless Load or Activate moved it; no
+    // other takes keys or clicks, while timers go on. Comes back when the form is unloaded or
+    // hidden; the form that was in front then gets Activate anew. An unloaded form may be deleted
+    // as soon as events pass, so it is not to be used after this.
+    void ShowModal();
+    // A modal form ends and stays loaded.
+    void Hide();
+    // The end of a modal form, once.
+    void WhenClosed(std::function<void()> closed) { m_whenClosed = std::move(closed); }
+    bool Shown() const { return m_shown; }
     // Raises Unload, hides the window, lets no event reach it any more, and deletes the form when
     // the event loop is back where this was asked. The end of the last form ends the program.
     // Unloading twice does nothing.
@@ -89,7 +99,9 @@ private:
     friend class Control;
     friend class FormWindow;
     friend class FormRef;
+    void Load();
     void Resized();
+    void Closed();
 
     QString m_name;
     QString m_tag;
@@ -97,7 +109,9 @@ private:
     platform::MousePointer m_pointer = platform::MousePointer::Default;
     bool m_loaded = false;
     bool m_shown = false;
+    bool m_moved = false;
     bool m_unloaded = false;
+    std::function<void()> m_whenClosed;
     std::vector<Control *> m_controls;
     std::unique_ptr<FormWindow> m_window;
     std::shared_ptr<Form *> m_self;

@@ -2,13 +2,18 @@
 // and where the program and its drive lie. The product's host is the machine, a test's is scripted.
 #pragma once
 
+#include "platform/colors.h"
+
 #include <QString>
 
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace platform {
+
+class Form;
 
 struct ScreenSize {
     int Width = 0; // logical pixels
@@ -24,6 +29,24 @@ struct Box {
     QString Title{}; // empty: the program's name
     BoxIcon Icon = BoxIcon::None;
     BoxButtons Buttons = BoxButtons::Ok;
+};
+
+// What a person chose in the font dialog.
+struct FontChoice {
+    QString Name;
+    double Size = 0; // points
+    bool Bold = false;
+    bool Italic = false;
+    bool Underline = false;
+};
+
+struct FileQuestion {
+    bool Open = false; // an existing file; else one to write, asked about before it is replaced
+    QString Title{};
+    QString ProposedName{};
+    QString Pattern{};     // "*.rpt"
+    QString StartFolder{}; // native
+    QString Extension{};   // "rpt", added to a typed name without one
 };
 
 // A running ticker; it stops when the handle goes.
@@ -53,6 +76,14 @@ public:
     // Text typed by a person; empty when cancelled.
     virtual QString InputBox(const QString &prompt, const QString &title,
                              const QString &proposal) = 0;
+    // The common dialogs; nothing when cancelled. The colour dialog opens on black and keeps no
+    // custom colours, the font dialog opens with nothing chosen, the file dialog gives a native
+    // path, empty when cancelled.
+    virtual std::optional<Color> ChooseColor() = 0;
+    virtual std::optional<FontChoice> ChooseFont() = 0;
+    virtual QString ChooseFile(const FileQuestion &question) = 0;
+    // Lets a person use a form that was shown modally; comes back when it is closed.
+    virtual void WaitForModal(Form &form) = 0;
 
     // Plays a wave file at once and cuts off the one still playing. Never fails, never waits.
     virtual void PlaySound(const QString &nativePath) = 0;

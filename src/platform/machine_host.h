@@ -23,6 +23,10 @@ public:
     std::unique_ptr<Ticker> StartTicker(int milliseconds, std::function<void()> tick) override;
     BoxAnswer MessageBox(const Box &box) override;
     QString InputBox(const QString &prompt, const QString &title, const QString &proposal) override;
+    std::optional<Color> ChooseColor() override;
+    std::optional<FontChoice> ChooseFont() override;
+    QString ChooseFile(const FileQuestion &question) override;
+    void WaitForModal(Form &form) override;
     void PlaySound(const QString &nativePath) override;
     void OpenDocument(const QString &nativePath) override;
     Printing &Printers() override { return m_printing; }

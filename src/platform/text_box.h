@@ -18,11 +18,18 @@ public:
     void SetText(const QString &text);
 
     std::function<void()> OnChange;
+    // False drops a letter that a person types, pastes or drops; code writes what it likes.
+    std::function<bool(QChar letter)> OnKeyPress;
 
 protected:
     void Refresh() override;
+    bool Event(QEvent *event) override;
 
 private:
+    void Edited();
+    void Changed();
+
+    QString m_known; // the text of the last Change
     QLineEdit *m_line = nullptr;
     QPlainTextEdit *m_page = nullptr;
 };

@@ -32,7 +32,7 @@ private:
 VisualControl::VisualControl(const ControlId &id, const Place &place, QWidget *widget)
     : Control(id), m_place(place), m_widget(widget), m_tap(std::make_unique<EventTap>(*this))
 {
-    widget->setParent(id.Parent.Client());
+    widget->setParent(id.Container != nullptr ? id.Container->Widget() : id.Parent.Client());
     widget->setObjectName(Key());
     widget->setAccessibleDescription(Key());
     widget->setMouseTracking(true);
@@ -149,6 +149,18 @@ void VisualControl::SetFontBold(bool bold)
     Refresh();
 }
 
+void VisualControl::SetFontItalic(bool italic)
+{
+    m_font.Italic = italic;
+    Refresh();
+}
+
+void VisualControl::SetFontUnderline(bool underline)
+{
+    m_font.Underline = underline;
+    Refresh();
+}
+
 void VisualControl::SetMousePointer(platform::MousePointer pointer)
 {
     m_pointer = pointer;
@@ -177,8 +189,8 @@ void VisualControl::SetFocus()
                            QApplication::activePopupWidget() != nullptr;
     const bool otherModal =
         QApplication::activeModalWidget() != nullptr && QApplication::activeModalWidget() != window;
-    if (Parent().Unloaded() || !m_visible || !m_enabled || menuInUse || otherModal ||
-        !window->isActiveWindow())
+    if (Parent().Unloaded() || !m_widget->isVisibleTo(window) || !m_enabled || menuInUse ||
+        otherModal || !window->isActiveWindow())
         throw RunTimeError(BadCall, Key());
     if (!m_widget->hasFocus())
         m_widget->setFocus(Qt::OtherFocusReason);
@@ -187,6 +199,16 @@ void VisualControl::SetFocus()
 bool VisualControl::HasFocus() const
 {
     return m_widget->hasFocus();
+}
+
+void VisualControl::SetTabStop(bool stop)
+{
+    m_widget->setFocusPolicy(stop ? Qt::StrongFocus : Qt::NoFocus);
+}
+
+void VisualControl::BringToFront()
+{
+    m_widget->raise();
 }
 
 void VisualControl::Click()

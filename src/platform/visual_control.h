@@ -46,6 +46,8 @@ public:
     void SetFontName(const QString &family);
     void SetFontSize(double points);
     void SetFontBold(bool bold);
+    void SetFontItalic(bool italic);
+    void SetFontUnderline(bool underline);
 
     // Custom shows the program's own pointer, a hand.
     platform::MousePointer MousePointer() const { return m_pointer; }
@@ -55,6 +57,13 @@ public:
     // modal window or a popup open, the menu bar in use.
     void SetFocus();
     bool HasFocus() const;
+    // Whether the Tab key and the mouse bring the keyboard here.
+    void SetTabStop(bool stop);
+    // Before the others of its container.
+    void BringToFront();
+
+    // The id of a control that lies in this one, with places counted from its corner.
+    ControlId Inside(const char *name) { return {Parent(), name, -1, this}; }
 
     std::function<void()> OnClick;
     std::function<void()> OnDblClick;
@@ -66,7 +75,7 @@ public:
     QWidget *Widget() const { return m_widget; }
 
 protected:
-    // The widget becomes a child of the form's client area.
+    // The widget becomes a child of its container or of the form's client area.
     VisualControl(const ControlId &id, const Place &place, QWidget *widget);
 
     // Where the widget stands, in twips; a docked control answers for itself.

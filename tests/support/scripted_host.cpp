@@ -45,6 +45,9 @@ ScriptedHost::~ScriptedHost()
     if (!m_boxes.isEmpty())
         QTest::qFail(qPrintable(QStringLiteral("a box never came: ") + m_boxes.first().Text),
                      __FILE__, __LINE__);
+    if (!m_dialogs.isEmpty())
+        QTest::qFail(qPrintable(QStringLiteral("a dialog never came: ") + m_dialogs.first().Kind),
+                     __FILE__, __LINE__);
     SetHost(nullptr);
 }
 
@@ -176,6 +179,67 @@ QString ScriptedHost::InputBox(const QString &prompt, const QString &, const QSt
         return {};
     }
     return m_boxes.takeFirst().Input;
+}
+
+void ScriptedHost::ExpectColor(std::optional<Color> answer)
+{
+    m_dialogs.append({.Kind = QStringLiteral("color"), .Color = answer});
+}
+
+void ScriptedHost::ExpectFont(const std::optional<FontChoice> &answer)
+{
+    m_dialogs.append({.Kind = QStringLiteral("font"), .Font = answer});
+}
+
+void ScriptedHost::ExpectFile(const QString &title, const QString &answer)
+{
+    m_dialogs.append({.Kind = QStringLiteral("file ") + title, .File = answer});
+}
+
+void ScriptedHost::ExpectModal(std::function<void(Form &)> person)
+{
+    m_dialogs.append({.Kind = QStringLiteral("modal"), .Person = std::move(person)});
+}
+
+ScriptedHost::ExpectedDialog ScriptedHost::NextDialog(const QString &kind)
+{
+    Events << QStringLiteral("dialog ") + kind;
+    if (m_dialogs.isEmpty() || m_dialogs.first().Kind != kind) {
+        QTest::qFail(qPrintable(QStringLiteral("a dialog that was not foreseen: ") + kind),
+                     __FILE__, __LINE__);
+        return {};
+    }
+    return m_dialogs.takeFirst();
+}
+
+std::optional<Color> ScriptedHost::ChooseColor()
+{
+    return NextDialog(QStringLiteral("color")).Color;
+}
+
+std::optional<FontChoice> ScriptedHost::ChooseFont()
+{
+    return NextDialog(QStringLiteral("font")).Font;
+}
+
+QString ScriptedHost::ChooseFile(const FileQuestion &question)
+{
+    LastFileQuestion = question;
+    return NextDialog(QStringLiteral("file ") + question.Title).File;
+}
+
+void ScriptedHost::WaitForModal(Form &form)
+{
+    bool closed = false;
+    form.WhenClosed([&closed] { closed = true; });
+    const ExpectedDialog dialog = NextDialog(QStringLiteral("modal"));
+    if (dialog.Person)
+        dialog.Person(form);
+    if (closed)
+        return;
+    QTest::qFail(qPrintable(form.Name() + QStringLiteral(" was left open")), __FILE__, __LINE__);
+    form.WhenClosed(nullptr);
+    form.Drop();
 }
 
 void ScriptedHost::PlaySound(const QString &nativePath)

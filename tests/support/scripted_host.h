@@ -10,6 +10,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <functional>
 #include <optional>
 #include <random>
 #include <vector>
@@ -42,6 +43,13 @@ public:
     void ExpectBox(const platform::Box &box, platform::BoxAnswer answer = platform::BoxAnswer::Ok);
     void ExpectInput(const QString &prompt, const QString &answer);
 
+    // The next dialogs, each with its answer; nothing, or an empty path, cancels it.
+    void ExpectColor(std::optional<platform::Color> answer);
+    void ExpectFont(const std::optional<platform::FontChoice> &answer);
+    void ExpectFile(const QString &title, const QString &answer);
+    // What a person does in the next modal form; it has to end there.
+    void ExpectModal(std::function<void(platform::Form &)> person);
+
     // What happened: "Command1(0).Enabled=True", "suono si/2.wav", "estratto 1 di 4", ...
     QStringList Events;
     bool RecordsDraws = false;
@@ -56,6 +64,7 @@ public:
     QString FatalText;
     QStringList RegisteredFonts;
     QStringList OpenedDocuments;
+    platform::FileQuestion LastFileQuestion;
     QTemporaryDir Drive;
     FakePrinting Printer;
 
@@ -72,6 +81,10 @@ public:
                                                   std::function<void()> tick) override;
     platform::BoxAnswer MessageBox(const platform::Box &box) override;
     QString InputBox(const QString &prompt, const QString &title, const QString &proposal) override;
+    std::optional<platform::Color> ChooseColor() override;
+    std::optional<platform::FontChoice> ChooseFont() override;
+    QString ChooseFile(const platform::FileQuestion &question) override;
+    void WaitForModal(platform::Form &form) override;
     void PlaySound(const QString &nativePath) override;
     void OpenDocument(const QString &nativePath) override { OpenedDocuments << nativePath; }
     platform::Printing &Printers() override { return Printer; }
@@ -93,7 +106,18 @@ private:
         QString Input;
         std::optional<platform::Box> Whole{}; // to be compared in all of it
     };
+    struct ExpectedDialog {
+        QString Kind; // "color", "font", "file " with its title, "modal"
+        std::optional<platform::Color> Color{};
+        std::optional<platform::FontChoice> Font{};
+        QString File{};
+        std::function<void(platform::Form &)> Person{};
+    };
+    // Taken from the front; fails the test when another kind comes.
+    ExpectedDialog NextDialog(const QString &kind);
+
     QList<ScriptedDraw> m_draws;
+    QList<ExpectedDialog> m_dialogs;
     QList<ExpectedBox> m_boxes;
     std::mt19937 m_generator;
     bool m_seeded = false;

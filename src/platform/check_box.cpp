@@ -1,0 +1,66 @@
+#include "platform/check_box.h"
+
+#include "platform/choice_view.h"
+
+#include <QCheckBox>
+
+namespace platform {
+
+namespace {
+
+using CheckView = ChoiceView<QCheckBox, ChoiceMark::Tick>;
+
+CheckView &View(const CheckBox &box)
+{
+    return *static_cast<CheckView *>(box.Widget());
+}
+
+} // namespace
+
+CheckBox::CheckBox(const ControlId &id, const Place &place, const QString &caption)
+    : VisualControl(id, place, new CheckView)
+{
+    TellsItsClicks();
+    SetTabStop(true);
+    View(*this).Look.Caption = caption;
+    View(*this).setAccessibleName(caption);
+    QObject::connect(&View(*this), &QCheckBox::clicked, Widget(), [this] {
+        Note("Value", Value());
+        Click();
+    });
+}
+
+bool CheckBox::Value() const
+{
+    return View(*this).isChecked();
+}
+
+void CheckBox::SetValue(bool ticked)
+{
+    if (ticked == Value())
+        return;
+    View(*this).setChecked(ticked);
+    Note("Value", ticked);
+    Click();
+}
+
+QString CheckBox::Caption() const
+{
+    return View(*this).Look.Caption;
+}
+
+void CheckBox::SetCaption(const QString &caption)
+{
+    View(*this).Look.Caption = caption;
+    View(*this).setAccessibleName(caption);
+    Note("Caption", caption);
+    Widget()->update();
+}
+
+void CheckBox::Refresh()
+{
+    View(*this).Look = {Caption(), Font(), BackColor(), ForeColor()};
+    Widget()->update();
+}
+
+} // namespace platform

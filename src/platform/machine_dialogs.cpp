@@ -1,0 +1,62 @@
+// The common dialogs of the machine. They are the toolkit's or our own and never the desktop's, so
+// that they are the same everywhere and nothing is kept in the person's home.
+#include "platform/machine_host.h"
+
+#include "platform/font_dialog.h"
+#include "platform/form.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QEventLoop>
+#include <QFileDialog>
+
+namespace platform {
+
+std::optional<Color> MachineHost::ChooseColor()
+{
+    for (int i = 0; i < QColorDialog::customCount(); ++i)
+        QColorDialog::setCustomColor(i, Qt::white);
+    QColorDialog dialog(Qt::black, QApplication::activeWindow());
+    dialog.setObjectName(QStringLiteral("ChooseColor"));
+    dialog.setWindowTitle(QStringLiteral("Colore"));
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    const QColor color = dialog.selectedColor();
+    return Rgb(color.red(), color.green(), color.blue());
+}
+
+std::optional<FontChoice> MachineHost::ChooseFont()
+{
+    FontDialog dialog(QApplication::activeWindow());
+    dialog.setObjectName(QStringLiteral("ChooseFont"));
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    return dialog.Chosen();
+}
+
+QString MachineHost::ChooseFile(const FileQuestion &question)
+{
+    QFileDialog dialog(QApplication::activeWindow(), question.Title, question.StartFolder);
+    dialog.setObjectName(QStringLiteral("ChooseFile"));
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setNameFilter(question.Pattern);
+    dialog.setDefaultSuffix(question.Extension);
+    dialog.setAcceptMode(question.Open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    dialog.setFileMode(question.Open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setHistory({});
+    if (!question.ProposedName.isEmpty())
+        dialog.selectFile(question.ProposedName);
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    return dialog.selectedFiles().value(0);
+}
+
+void MachineHost::WaitForModal(Form &form)
+{
+    QEventLoop loop;
+    form.WhenClosed([&loop] { loop.quit(); });
+    loop.exec();
+}
+
+} // namespace platform

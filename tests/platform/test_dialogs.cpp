@@ -1,0 +1,301 @@
+// Modal forms, and the machine's own dialogs driven as a person would: what they open on, what they
+// answer, and that nothing is left in the person's home.
+#include "platform/button.h"
+#include "platform/font_dialog.h"
+#include "platform/form.h"
+#include "platform/machine_host.h"
+#include "platform/timer.h"
+
+#include "support/scripted_host.h"
+
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QDirIterator>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+using namespace platform;
+
+namespace {
+
+class Opener : public Form {
+public:
+    explicit Opener(const char *name = "Opener")
+        : Form(name, 3000, 3000), Button1({*this, "Button1"}, {0, 0, 900, 300}),
+          Timer1({*this, "Timer1"}, 100)
+    {
+        OnActivate = [this] { ++Activated; };
+        Timer1.OnTimer = [this] { ++Ticks; };
+    }
+    Button Button1;
+    Timer Timer1;
+    int Activated = 0;
+    int Ticks = 0;
+};
+
+// Does something in the dialog of that name as soon as it is open.
+template <typename Dialog> void WhenOpen(const QString &name, std::function<void(Dialog &)> person)
+{
+    QTimer::singleShot(0, qApp, [name, person] {
+        auto *dialog = dynamic_cast<Dialog *>(QApplication::activeModalWidget());
+        QVERIFY(dialog != nullptr);
+        QCOMPARE(dialog->objectName(), name);
+        person(*dialog);
+        if (dialog->isVisible())
+            dialog->reject();
+    });
+}
+
+void PressOk(QDialog &dialog)
+{
+    QTest::mouseClick(dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok),
+                      Qt::LeftButton);
+}
+
+void ChooseRow(QDialog &dialog, const char *list, const QString &text)
+{
+    auto *rows = dialog.findChild<QListWidget *>(QString::fromLatin1(list));
+    const auto found = rows->findItems(text, Qt::MatchExactly);
+    QVERIFY2(!found.isEmpty(), qPrintable(text));
+    rows->setCurrentItem(found.first());
+}
+
+} // namespace
+
+class TestDialogs : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        qputenv("HOME", m_home.path().toLocal8Bit());
+        qputenv("XDG_CONFIG_HOME", m_home.filePath(QStringLiteral(".config")).toLocal8Bit());
+    }
+
+    // --- Modal forms ---
+
+    void aModalFormComesBackWhenItIsUnloadedAndItsOpenerIsActivatedAnew()
+    {
+        ScriptedHost host;
+        auto *opener = new Opener;
+        opener->Show();
+        QCOMPARE(opener->Activated, 1);
+        auto *form = new Opener("Modal");
+        host.ExpectModal([&](Form &shown) {
+            QCOMPARE(&shown, form);
+            QVERIFY(shown.Shown());
+            QCOMPARE(shown.Window()->windowModality(), Qt::ApplicationModal);
+            QCOMPARE(form->Activated, 1);
+            QCOMPARE(opener->Activated, 1);
+            QCOMPARE(Skipping([&] { opener->Button1.SetFocus(); }), 5);
+            opener->Timer1.SetEnabled(true);
+            host.Advance(300);
+            QCOMPARE(opener->Ticks, 3);
+            shown.Unload();
+        });
+        form->ShowModal();
+        QCOMPARE(opener->Activated, 2);
+        QVERIFY(Form::Find(QStringLiteral("Modal")) == nullptr);
+        QVERIFY(!host.Ended);
+    }
+
+    void aModalFormKeepsItsSizeInTheMiddleOfTheScreen()
+    {
+        ScriptedHost host;
+        auto *form = new Opener("Modal");
+        host.ExpectModal([&](Form &shown) {
+            QCOMPARE(shown.Width(), 3000.0);
+            QCOMPARE(shown.Left(), (ScreenWidth() - 3000) / 2);
+            QCOMPARE(shown.Top(), (ScreenHeight() - 3000) / 2);
+            shown.Hide();
+        });
+        form->ShowModal();
+        QVERIFY(Form::Find(QStringLiteral("Modal")) != nullptr);
+        QVERIFY(!form->Shown());
+        QVERIFY(!host.Ended);
+    }
+
+    void aModalFormOpenedByAnotherActivatesThatOne()
+    {
+        ScriptedHost host;
+        auto *opener = new Opener;
+        opener->Show();
+        auto *first = new Opener("First");
+        auto *second = new Opener("Second");
+        host.ExpectModal([&](Form &shown) {
+            second->ShowModal();
+            QCOMPARE(first->Activated, 2);
+            QCOMPARE(opener->Activated, 1);
+            shown.Unload();
+        });
+        host.ExpectModal([](Form &shown) { shown.Unload(); });
+        first->ShowModal();
+        QCOMPARE(opener->Activated, 2);
+    }
+
+    void anOpenerThatIsGoneIsNotActivated()
+    {
+        ScriptedHost host;
+        auto *opener = new Opener;
+        opener->Show();
+        auto *form = new Opener("Modal");
+        host.ExpectModal([&](Form &shown) {
+            opener->Unload();
+            shown.Unload();
+        });
+        form->ShowModal();
+        QVERIFY(host.Ended);
+    }
+
+    void theMachineWaitsForAModalFormWhileEventsPass()
+    {
+        MachineHost machine(m_home.path() + QLatin1Char('/'));
+        SetHost(&machine);
+        auto *opener = new Opener;
+        opener->Show();
+        auto *form = new Opener("Modal");
+        const QPointer<QWidget> window(form->Window());
+        QTimer::singleShot(0, form->Window(), [&] { form->Unload(); });
+        form->ShowModal();
+        QCOMPARE(opener->Activated, 2);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(window.isNull());
+        DropForms();
+    }
+
+    // --- The machine's dialogs ---
+
+    void theColourDialogOpensOnBlackAndKeepsNoColours()
+    {
+        MachineHost machine(m_home.path() + QLatin1Char('/'));
+        SetHost(&machine);
+        WhenOpen<QColorDialog>(QStringLiteral("ChooseColor"), [](QColorDialog &dialog) {
+            QCOMPARE(dialog.currentColor(), QColor(Qt::black));
+            QColorDialog::setCustomColor(3, QColor(1, 2, 3));
+            dialog.setCurrentColor(QColor(0x12, 0x34, 0x56));
+            PressOk(dialog);
+        });
+        QCOMPARE(machine.ChooseColor(), std::optional<Color>(Rgb(0x12, 0x34, 0x56)));
+        WhenOpen<QColorDialog>(QStringLiteral("ChooseColor"), [](QColorDialog &dialog) {
+            QCOMPARE(dialog.currentColor(), QColor(Qt::black));
+            QCOMPARE(QColorDialog::customColor(3), QColor(Qt::white));
+            dialog.setCurrentColor(QColor(0x12, 0x34, 0x56));
+        });
+        QCOMPARE(machine.ChooseColor(), std::optional<Color>());
+    }
+
+    void theFontDialogOpensWithNothingChosen()
+    {
+        MachineHost machine(m_home.path() + QLatin1Char('/'));
+        SetHost(&machine);
+        const QString font = QStringLiteral(APPLICATION_DIR "/indis1.ttf");
+        QVERIFY(machine.RegisterFont(font));
+        WhenOpen<FontDialog>(QStringLiteral("ChooseFont"), [](FontDialog &dialog) {
+            const auto *ok = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+            QCOMPARE(dialog.Chosen().Name, QString());
+            QVERIFY(!ok->isEnabled());
+            ChooseRow(dialog, "Families", QStringLiteral("Comic Neue"));
+            QVERIFY(!ok->isEnabled());
+            ChooseRow(dialog, "Sizes", QStringLiteral("28"));
+            QVERIFY(ok->isEnabled());
+            ChooseRow(dialog, "Families", QStringLiteral("Indis1"));
+            dialog.findChild<QCheckBox *>(QStringLiteral("Bold"))->click();
+            PressOk(dialog);
+        });
+        const std::optional<FontChoice> choice = machine.ChooseFont();
+        QVERIFY(choice.has_value());
+        QCOMPARE(choice->Name, QStringLiteral("Indis1"));
+        QCOMPARE(choice->Size, 28.0);
+        QVERIFY(choice->Bold);
+        QVERIFY(!choice->Italic);
+        WhenOpen<FontDialog>(QStringLiteral("ChooseFont"), [](FontDialog &) {});
+        QVERIFY(!machine.ChooseFont().has_value());
+    }
+
+    void aFileToWriteTakesItsEndingAndIsAskedAboutWhenItIsThere()
+    {
+        MachineHost machine(m_home.path() + QLatin1Char('/'));
+        SetHost(&machine);
+        const QTemporaryDir folder;
+        const FileQuestion question{.Title = QStringLiteral("Salva"),
+                                    .Pattern = QStringLiteral("*.rpt"),
+                                    .StartFolder = folder.path(),
+                                    .Extension = QStringLiteral("rpt")};
+        const auto type = [](QFileDialog &dialog) {
+            dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
+                ->setText(QStringLiteral("marzo"));
+            QMetaObject::invokeMethod(&dialog, "accept");
+        };
+        WhenOpen<QFileDialog>(QStringLiteral("ChooseFile"), [&](QFileDialog &dialog) {
+            QCOMPARE(dialog.windowTitle(), QStringLiteral("Salva"));
+            QCOMPARE(dialog.directory().path(), folder.path());
+            type(dialog);
+        });
+        const QString path = folder.filePath(QStringLiteral("marzo.rpt"));
+        QCOMPARE(machine.ChooseFile(question), path);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.close();
+        bool asked = false;
+        WhenOpen<QFileDialog>(QStringLiteral("ChooseFile"), [&](QFileDialog &dialog) {
+            QTimer::singleShot(0, qApp, [&] {
+                auto *box = dynamic_cast<QMessageBox *>(QApplication::activeModalWidget());
+                asked = box != nullptr;
+                if (asked)
+                    box->button(QMessageBox::No)->click();
+            });
+            type(dialog);
+            QVERIFY(dialog.isVisible());
+        });
+        QCOMPARE(machine.ChooseFile(question), QString());
+        QVERIFY(asked);
+    }
+
+    void aFileToOpenHasToBeThere()
+    {
+        MachineHost machine(m_home.path() + QLatin1Char('/'));
+        SetHost(&machine);
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("marzo.rpt")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.close();
+        const FileQuestion question{.Open = true,
+                                    .Title = QStringLiteral("Apri"),
+                                    .Pattern = QStringLiteral("*.rpt"),
+                                    .StartFolder = folder.path(),
+                                    .Extension = QStringLiteral("rpt")};
+        WhenOpen<QFileDialog>(QStringLiteral("ChooseFile"), [](QFileDialog &dialog) {
+            QCOMPARE(dialog.fileMode(), QFileDialog::ExistingFile);
+            dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
+                ->setText(QStringLiteral("marzo.rpt"));
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        QCOMPARE(machine.ChooseFile(question), file.fileName());
+    }
+
+    void nothingIsLeftInThePersonsHome()
+    {
+        QStringList left;
+        QDirIterator found(m_home.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (found.hasNext())
+            left << found.next();
+        QCOMPARE(left, QStringList());
+    }
+
+    void cleanup() { SetHost(nullptr); }
+
+private:
+    QTemporaryDir m_home;
+};
+
+MORLENE_TEST_MAIN(TestDialogs)
+#include "test_dialogs.moc"
