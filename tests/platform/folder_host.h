@@ -49,6 +49,10 @@ public:
     std::unique_ptr<platform::Ticker> StartTicker(int, std::function<void()>) override { Fail(); }
     platform::BoxAnswer MessageBox(const platform::Box &) override { Fail(); }
     QString InputBox(const QString &, const QString &, const QString &) override { Fail(); }
+    std::optional<platform::Color> ChooseColor() override { Fail(); }
+    std::optional<platform::FontChoice> ChooseFont() override { Fail(); }
+    QString ChooseFile(const platform::FileQuestion &) override { Fail(); }
+    void WaitForModal(platform::Form &) override { Fail(); }
     void PlaySound(const QString &) override { Fail(); }
     void OpenDocument(const QString &) override { Fail(); }
     platform::Printing &Printers() override { Fail(); }
