@@ -5,6 +5,7 @@
 #include "menu/form_menu.h"
 #include "platform/application.h"
 #include "platform/machine_host.h"
+#include "results/form_esercizi_eseguiti.h"
 #include "support/windows/form_avvio.h"
 
 namespace {
@@ -19,6 +20,7 @@ void RegistraFinestre()
     RegistraFinestra(QStringLiteral("FormAvvio"), Crea<FormAvvio>);
     RegistraFinestra(QStringLiteral("FormMenu"), Crea<FormMenu>);
     RegistraFinestra(QStringLiteral("FormEs1"), Crea<FormEs1>);
+    RegistraFinestra(QStringLiteral("FormEserciziEseguiti"), Crea<FormEserciziEseguiti>);
 }
 
 } // namespace

@@ -35,7 +35,7 @@ void DrawChoice(QPainter &painter, const QRect &room, const ChoiceLook &look, Ch
     }
     painter.setPen(ToQColor(look.Fore));
     const int gap = static_cast<int>(std::lround(side * 1.4)) + 4;
-    DrawFitted(painter, room.adjusted(gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, look.Caption,
+    DrawFitted(painter, room.adjusted(gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, look.Caption,
                look.Letters);
 }
 

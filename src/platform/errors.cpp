@@ -45,6 +45,8 @@ QString StandardText(int number)
         return QStringLiteral("L'oggetto non è una matrice");
     case InvalidPropertyValue:
         return QStringLiteral("Valore di proprietà non valido");
+    case InvalidArrayIndex:
+        return QStringLiteral("Indice di matrice di proprietà non valido");
     case SetNotSupported:
         return QStringLiteral("Proprietà di sola lettura");
     case SetNotPermitted:

@@ -26,6 +26,7 @@ enum ErrorNumber : int {
     NoSuchElement = 340,
     NotAnArray = 343,
     InvalidPropertyValue = 380,
+    InvalidArrayIndex = 381,
     SetNotSupported = 383,
     SetNotPermitted = 387,
     GetNotSupported = 393,

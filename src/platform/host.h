@@ -71,6 +71,9 @@ public:
     virtual int64_t Milliseconds() = 0;
     virtual std::unique_ptr<Ticker> StartTicker(int milliseconds, std::function<void()> tick) = 0;
 
+    // Today as day, month and year with four digits, in the order and with the signs of the place.
+    virtual QString Today() = 0;
+
     // Questions.
     virtual BoxAnswer MessageBox(const Box &box) = 0;
     // Text typed by a person; empty when cancelled.

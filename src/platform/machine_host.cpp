@@ -4,12 +4,14 @@
 #include "platform/sound_player.h"
 
 #include <QApplication>
+#include <QDate>
 #include <QDesktopServices>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QInputDialog>
+#include <QLocale>
 #include <QLockFile>
 #include <QMessageBox>
 #include <QScreen>
@@ -101,6 +103,15 @@ int64_t MachineHost::Milliseconds()
 std::unique_ptr<Ticker> MachineHost::StartTicker(int milliseconds, std::function<void()> tick)
 {
     return std::make_unique<MachineTicker>(milliseconds, std::move(tick));
+}
+
+QString MachineHost::Today()
+{
+    const QLocale locale = QLocale::system();
+    QString format = locale.dateFormat(QLocale::ShortFormat);
+    if (!format.contains(QStringLiteral("yyyy")))
+        format.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
+    return locale.toString(QDate::currentDate(), format);
 }
 
 BoxAnswer MachineHost::MessageBox(const Box &box)

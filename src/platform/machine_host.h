@@ -21,6 +21,7 @@ public:
     double Rnd() override;
     int64_t Milliseconds() override;
     std::unique_ptr<Ticker> StartTicker(int milliseconds, std::function<void()> tick) override;
+    QString Today() override;
     BoxAnswer MessageBox(const Box &box) override;
     QString InputBox(const QString &prompt, const QString &title, const QString &proposal) override;
     std::optional<Color> ChooseColor() override;

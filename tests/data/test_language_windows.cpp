@@ -9,6 +9,8 @@
 
 #include "exercises/form_es1.h"
 #include "menu/form_menu.h"
+#include "printing/frm_stampa.h"
+#include "results/form_esercizi_eseguiti.h"
 #include "support/exercise_fixture.h"
 #include "support/windows/form_avvio.h"
 
@@ -55,6 +57,10 @@ std::unique_ptr<platform::Form> Make(const QString &name)
         return std::make_unique<FormMenu>();
     if (name == QStringLiteral("FormEs1"))
         return std::make_unique<FormEs1>();
+    if (name == QStringLiteral("FormEserciziEseguiti"))
+        return std::make_unique<FormEserciziEseguiti>();
+    if (name == QStringLiteral("frmStampa"))
+        return std::make_unique<FrmStampa>();
     return nullptr;
 }
 

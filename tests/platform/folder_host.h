@@ -47,6 +47,7 @@ public:
     double Rnd() override { Fail(); }
     int64_t Milliseconds() override { Fail(); }
     std::unique_ptr<platform::Ticker> StartTicker(int, std::function<void()>) override { Fail(); }
+    QString Today() override { Fail(); }
     platform::BoxAnswer MessageBox(const platform::Box &) override { Fail(); }
     QString InputBox(const QString &, const QString &, const QString &) override { Fail(); }
     std::optional<platform::Color> ChooseColor() override { Fail(); }

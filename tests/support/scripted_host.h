@@ -65,6 +65,7 @@ public:
     QStringList RegisteredFonts;
     QStringList OpenedDocuments;
     platform::FileQuestion LastFileQuestion;
+    QString TodayNow = QStringLiteral("21/11/2026");
     QTemporaryDir Drive;
     FakePrinting Printer;
 
@@ -79,6 +80,7 @@ public:
     int64_t Milliseconds() override { return m_now; }
     std::unique_ptr<platform::Ticker> StartTicker(int milliseconds,
                                                   std::function<void()> tick) override;
+    QString Today() override { return TodayNow; }
     platform::BoxAnswer MessageBox(const platform::Box &box) override;
     QString InputBox(const QString &prompt, const QString &title, const QString &proposal) override;
     std::optional<platform::Color> ChooseColor() override;

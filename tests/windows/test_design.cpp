@@ -3,6 +3,8 @@
 #include "exercises/form_es1.h"
 #include "menu/form_menu.h"
 #include "platform/shape.h"
+#include "printing/frm_stampa.h"
+#include "results/form_esercizi_eseguiti.h"
 #include "support/exercise_fixture.h"
 #include "support/windows/form_avvio.h"
 
@@ -73,6 +75,10 @@ std::unique_ptr<Form> Make(const QString &name)
         return std::make_unique<FormAvvio>();
     if (name == QStringLiteral("FormMenu"))
         return std::make_unique<FormMenu>();
+    if (name == QStringLiteral("FormEserciziEseguiti"))
+        return std::make_unique<FormEserciziEseguiti>();
+    if (name == QStringLiteral("frmStampa"))
+        return std::make_unique<FrmStampa>();
     return std::make_unique<FormEs1>();
 }
 
@@ -85,7 +91,8 @@ private Q_SLOTS:
     void theWindowIsAsDesigned_data()
     {
         QTest::addColumn<QString>("name");
-        for (const char *name : {"FormAvvio", "FormMenu", "FormEs1"})
+        for (const char *name : {"FormAvvio", "FormMenu", "FormEs1", "FormEserciziEseguiti",
+                                  "frmStampa"})
             QTest::newRow(name) << QString::fromLatin1(name);
     }
 

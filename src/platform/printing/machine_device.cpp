@@ -1,6 +1,7 @@
 #include "platform/printing/machine_device.h"
 
 #include "platform/printing/deadline.h"
+#include "platform/printing/printer_font.h"
 
 #include <QFont>
 #include <QFontMetricsF>
@@ -24,7 +25,6 @@ namespace {
 constexpr double MillimetresPerInch = 25.4;
 constexpr double PointsPerInch = 72;
 constexpr double TwipsPerInch = 1440;
-constexpr double TwipsPerPoint = 20;
 
 // The printable part of a sheet.
 struct Sheet {
@@ -197,15 +197,6 @@ public:
     }
 
 private:
-    static QFont FontInTwips(const Font &font)
-    {
-        QFont result(font.Name);
-        result.setPixelSize(static_cast<int>(std::lround(font.Size * TwipsPerPoint)));
-        result.setBold(font.Bold);
-        result.setHintingPreference(QFont::PreferNoHinting);
-        return result;
-    }
-
     void InTwips(QPainter &painter) const
     {
         painter.resetTransform();
