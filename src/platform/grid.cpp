@@ -27,7 +27,7 @@ public:
     QVariant data(const QModelIndex &index, int role) const override
     {
         if (role == Qt::DisplayRole)
-            return m_grid.TextMatrix(index.row() + 1, index.column() + 1);
+            return Text(index.row() + 1, index.column() + 1);
         if (role == Qt::TextAlignmentRole)
             return static_cast<int>(Alignment(index.column() + 1));
         return {};
@@ -36,7 +36,7 @@ public:
     {
         const bool heading = orientation == Qt::Horizontal;
         if (role == Qt::DisplayRole)
-            return heading ? m_grid.TextMatrix(0, section + 1) : m_grid.TextMatrix(section + 1, 0);
+            return heading ? Text(0, section + 1) : Text(section + 1, 0);
         if (role == Qt::TextAlignmentRole)
             return static_cast<int>(Alignment(heading ? section + 1 : 0));
         return {};
@@ -48,6 +48,12 @@ public:
     }
 
 private:
+    // The view may ask while rows and columns change.
+    QString Text(int row, int column) const
+    {
+        return row < m_grid.Rows() && column < m_grid.Cols() ? m_grid.TextMatrix(row, column)
+                                                             : QString();
+    }
     Qt::Alignment Alignment(int column) const
     {
         // A row is as high as its text, so the top is the middle too.

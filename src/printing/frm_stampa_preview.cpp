@@ -9,7 +9,7 @@ using namespace platform;
 
 namespace {
 
-constexpr double LatoLungo = 1905; // twips, of the sheet's surface
+constexpr float LatoLungo = 1905; // twips, of the sheet's surface
 constexpr double TwipPerPixel = 15;
 constexpr Color Rosso = 255;
 
@@ -34,9 +34,9 @@ void FrmStampa::DisegnaFoglio()
     double w = LatoLungo;
     double h = LatoLungo;
     if (Stampa.FoglioW > Stampa.FoglioH)
-        h = RoundToLong(LatoLungo / r);
+        h = RoundToLong(double{LatoLungo / r});
     else
-        w = RoundToLong(LatoLungo * r);
+        w = RoundToLong(double{LatoLungo * r});
     Metti(shpFoglio, PosFoglioX, PosFoglioY, w + 8 * TwipPerPixel, h + 8 * TwipPerPixel);
     Metti(shpBordo, PosBordoX, PosBordoY, w + 2 * TwipPerPixel, h + 2 * TwipPerPixel);
     Metti(picPreview, PosAnteprimaX, PosAnteprimaY, w, h);

@@ -425,9 +425,11 @@ private Q_SLOTS:
         desk.Open([&](FrmStampa &dialog) {
             for (TextBox *field : {&dialog.txtPrX, &dialog.txtPrY, &dialog.txtPrW, &dialog.txtPrH,
                                    &dialog.txtNCopies}) {
-                Type(*field, QStringLiteral("-5.a7 "));
+                Type(*field, QStringLiteral("5-.a7 "));
                 QCOMPARE(field->Text(), QStringLiteral("57"));
             }
+            Type(dialog.txtPrX, QStringLiteral("-8"));
+            QCOMPARE(Stampa.MargineX, 8);
             QCOMPARE(Stampa.NumeroCopie, 57);
         });
     }
