@@ -17,6 +17,8 @@ constexpr double Larghezza = 5640; // twips
 constexpr double Altezza = 6615;
 constexpr int Lampeggio = 500; // ms
 constexpr double TwipPerPixel = 15;
+constexpr double PuntiTesto = 8.25;
+constexpr double PuntiAvviso = 7.5; // three words on three lines
 constexpr Color Rosso = 255;
 constexpr Color Giallo = 0x0000FFFF;
 constexpr Color Bianco = 0x00FFFFFF;
@@ -97,6 +99,14 @@ FrmStampa::FrmStampa()
 
 void FrmStampa::Disegna()
 {
+    SetCaption(QStringLiteral("Stampa"));
+    for (Control *controllo : Controls())
+        if (auto *visibile = dynamic_cast<VisualControl *>(controllo))
+            visibile->SetFontSize(PuntiTesto);
+    for (Label *etichetta : {&Label1, &Label3, &lblFgW, &Label5, &Label4, &lblFgH, &Label6, &Label7,
+                             &Label9, &Label8, &Label10, &lblLblNCopie, &lblLblScala, &lblPScala})
+        etichetta->SetTransparent(true);
+    lblFuoriFoglio.SetFontSize(PuntiAvviso);
     lblFuoriFoglio.SetBackColor(Rosso);
     lblFuoriFoglio.SetForeColor(Bianco);
     lblFuoriFoglio.SetFontBold(true);
@@ -119,7 +129,7 @@ void FrmStampa::Disegna()
     cboPrinterNames.SetTabStop(true);
     cmdStampa.SetFontBold(true);
     cmdOK.SetFontBold(true);
-    // The paper's narrow buttons hold one letter a line.
+    // The narrow buttons hold one letter a line.
     cmdOrigine.SetFontSize(8);
     cmdMax.SetFontSize(8);
     for (VisualControl *nascosto :

@@ -98,7 +98,9 @@ void FrmStampa::CollegaCampi()
 
 void FrmStampa::AltezzaDallaLarghezza()
 {
-    Scrivi(txtPrH, Stampa.StampaW / static_cast<double>(Stampa.Rapporto));
+    // Without an object there is no ratio yet.
+    if (Stampa.Rapporto > 0)
+        Scrivi(txtPrH, Stampa.StampaW / static_cast<double>(Stampa.Rapporto));
 }
 
 void FrmStampa::LarghezzaDallAltezza()

@@ -10,6 +10,7 @@ using namespace platform;
 
 namespace {
 
+constexpr double Margine = 450;  // twips, so that nothing touches the paper's edge
 constexpr double Spazio = 60;    // twips round a text
 constexpr int PennaSottile = 4;  // dots
 constexpr int PennaCornice = 20; // dots
@@ -117,6 +118,7 @@ void StampaResoconto(const TitoliResoconto &titoli, const QString &giocatore, co
                      double x, double y)
 {
     PrinterObject stampante(QStringLiteral("MorleneKVT - ") + giocatore, Orizzontale);
+    stampante.Margin = Margine;
     stampante.Print(giocatore);
     stampante.Font = {QStringLiteral("arial"), 16};
     stampante.Print(Rientro + titoli.Giocatore);

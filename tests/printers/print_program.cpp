@@ -1,45 +1,99 @@
-// Prints as the program does, told by lines on standard input, for the test of real printing. Boxes
-// are answered from the line and told. Each command answers with one line of JSON, how long it took
-// among it.
+// Prints as a person at the program does, told by lines on standard input, for the test of real
+// printing. The argument is the folder with the program's data.
 //
 //     printers
 //     default
-//     sheet ORIENTATION                          of the default printer
-//     window ORIENTATION COPIES ANSWER TITLE     a yellow window, at 10, 10, 100, 100 mm
-//     picture ORIENTATION COPIES ANSWER TITLE    a picture, likewise
+//     sheet ORIENTATION
+//     window ORIENTATION COPIES ANSWER HOLD TITLE     a yellow window with a green picture in it
+//     picture ORIENTATION COPIES ANSWER HOLD TITLE    the green picture alone
+//     quick                                           the window, without a dialog
+//     report ROWS                                     the log of exercises
+//     look ROWS FOLDER                                pictures of dialog and log on the screen
+//
+// ANSWER is "yes", "no" or "cancel" to each question. With HOLD "hold" the open dialog says so and
+// waits for a line before it prints. Each command answers with one line: the boxes that came, and
+// how long the person waited.
+#include "core/profile.h"
+#include "core/shared_state.h"
+#include "frame/quick_print.h"
 #include "platform/application.h"
 #include "platform/form.h"
 #include "platform/machine_host.h"
 #include "platform/picture.h"
-#include "platform/temporary_file.h"
+#include "printing/frm_stampa.h"
 #include "printing/print_engine.h"
-#include "printing/print_fields.h"
-#include "printing/print_pages.h"
+#include "printing/stampa_fpb.h"
+#include "results/form_esercizi_eseguiti.h"
 
 #include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QPixmap>
 #include <QStringList>
+#include <QWidget>
 
 #include <iostream>
 #include <string>
+#include <utility>
 
 using namespace platform;
 
 namespace {
 
-// The machine, with a person who answers each question the same way.
+void Say(const QJsonObject &said)
+{
+    std::cout << QJsonDocument(said).toJson(QJsonDocument::Compact).toStdString() << std::endl;
+}
+
+// The machine, with a person who does as told.
 class ToldHost : public MachineHost {
 public:
-    using MachineHost::MachineHost;
+    explicit ToldHost(QString application)
+        : MachineHost(QStringLiteral("/nonexistent/")), m_application(std::move(application))
+    {
+    }
+    QString ApplicationFolder() override { return m_application; }
     BoxAnswer MessageBox(const Box &box) override
     {
         Boxes.append(box.Title + QLatin1Char('|') + box.Text);
-        return Answer;
+        if (box.Buttons == BoxButtons::Ok)
+            return BoxAnswer::Ok;
+        return Answer == QStringLiteral("yes")  ? BoxAnswer::Yes
+               : Answer == QStringLiteral("no") ? BoxAnswer::No
+                                                : BoxAnswer::Cancel;
     }
+    void WaitForModal(Form &form) override
+    {
+        auto &dialog = dynamic_cast<FrmStampa &>(form);
+        if (!Picture.isEmpty()) {
+            form.Window()->grab().save(Picture);
+            dialog.cmdChiudi.OnClick();
+            return;
+        }
+        dialog.txtNCopies.SetText(Copies);
+        if (Hold) {
+            Opened = Waited.elapsed();
+            Say({{QStringLiteral("open"), true}, {QStringLiteral("milliseconds"), Opened}});
+            std::string line;
+            std::getline(std::cin, line);
+            Waited.restart();
+        }
+        dialog.cmdStampa.OnClick();
+        if (!dialog.Unloaded())
+            dialog.cmdChiudi.OnClick();
+    }
+
     QJsonArray Boxes;
-    BoxAnswer Answer = BoxAnswer::Ok;
+    QString Answer;
+    QString Copies;
+    QString Picture; // of the dialog, instead of a print
+    bool Hold = false;
+    qint64 Opened = 0;
+    QElapsedTimer Waited;
+
+private:
+    QString m_application;
 };
 
 class Shop {
@@ -55,39 +109,74 @@ public:
     QJsonObject Do(const QStringList &words)
     {
         const QString command = words.value(0);
-        QJsonObject said;
         if (command == QStringLiteral("printers"))
-            said[QStringLiteral("printers")] =
-                QJsonArray::fromStringList(host().Printers().Printers());
+            return {{command, QJsonArray::fromStringList(host().Printers().Printers())}};
         if (command == QStringLiteral("default"))
-            said[QStringLiteral("default")] = GetDefPrinterName();
+            return {{command, GetDefPrinterName()}};
         if (command == QStringLiteral("sheet")) {
             int32_t w = 0;
             int32_t h = 0;
             FoglioStampa(w, h, words.value(1).toDouble());
-            said[QStringLiteral("sheet")] = QJsonArray{w, h};
+            return {{command, QJsonArray{w, h}}};
+        }
+        if (command == QStringLiteral("quick"))
+            StampaVeloce(m_form);
+        if (command == QStringLiteral("report"))
+            Report(words.value(1).toInt(), {});
+        if (command == QStringLiteral("look")) {
+            m_host.Picture = words.value(2) + QStringLiteral("/dialog.png");
+            StampaConOpzioni(m_form, 1);
+            m_host.Picture = words.value(2) + QStringLiteral("/setup.png");
+            StampaFPB({});
+            m_host.Picture.clear();
+            Report(words.value(1).toInt(), words.value(2) + QStringLiteral("/log.png"));
         }
         if (command == QStringLiteral("window") || command == QStringLiteral("picture"))
-            said[QStringLiteral("went on")] = Print(words);
-        return said;
+            Print(words);
+        return {};
     }
 
 private:
-    bool Print(const QStringList &words)
+    void Print(const QStringList &words)
     {
-        Stampa.DevMode.Orientation = words.value(1).toShort();
-        Stampa.NumeroCopie = words.value(2).toInt();
-        m_host.Answer = words.value(3) == QStringLiteral("no") ? BoxAnswer::No : BoxAnswer::Cancel;
-        if (!OpenDocPrinter(Stampa.NomeStampante))
-            return false;
-        const QString title = words.mid(4).join(QLatin1Char(' '));
-        if (words.value(0) == QStringLiteral("window"))
-            return Legge_Form(m_form) && StampaOggetto(&m_form, 10, 10, 100, 100, title);
-        const QString file = MakeTemporaryFile(QStringLiteral("Fra"));
-        m_picture.SaveImage(file);
-        m_picture.LoadPicture(file);
-        RemoveTemporaryFile(file);
-        return StampaOggetto(static_cast<Control *>(&m_picture), 10, 10, 100, 100, title);
+        m_host.Copies = words.value(2);
+        m_host.Answer = words.value(3);
+        m_host.Hold = words.value(4) == QStringLiteral("hold");
+        OggettoDaStampare object = &m_form;
+        if (words.value(0) == QStringLiteral("picture"))
+            object = static_cast<Control *>(&m_picture);
+        StampaFPB({.Oggetto = object,
+                   .X = 10,
+                   .Y = 10,
+                   .W = 100,
+                   .H = 100,
+                   .Orientamento = words.value(1).toInt(),
+                   .Titolo = words.mid(5).join(QLatin1Char(' '))});
+    }
+
+    // Titles of two exercises in turn, with letters that not every font has.
+    void Report(int rows, const QString &picture)
+    {
+        m_host.Answer = QStringLiteral("yes");
+        NomeUtente = QStringLiteral("Niccolò, perché così è più bello");
+        EtichettaLivello = QStringLiteral(" Livello");
+        EtichettaEsatti = QStringLiteral(" Esatti");
+        EtichettaErrati = QStringLiteral(" Errati");
+        NumeroEserciziEseguiti = static_cast<int16_t>(rows);
+        for (int row = 1; row <= rows; row += 2) {
+            EserciziEseguiti(row, 0) = row % 4 == 1 ? QStringLiteral("Trova l'intrusa: età, città")
+                                                    : QStringLiteral("Uguali - 1°");
+            EserciziEseguiti(row, 1) = QString::number(row % 4);
+            EserciziEseguiti(row, 2) = QString::number(row);
+            EserciziEseguiti(row, 3) = QString::number(row / 7);
+        }
+        auto &log = *new FormEserciziEseguiti;
+        log.Show();
+        if (picture.isEmpty())
+            log.mnuStampa.OnClick();
+        else
+            log.Window()->grab().save(picture);
+        log.Drop();
     }
 
     ToldHost &m_host;
@@ -99,19 +188,18 @@ private:
 
 int main(int argc, char **argv)
 {
-    ToldHost machine(QStringLiteral("/nonexistent/"));
+    ToldHost machine(QString::fromLocal8Bit(argv[1]));
     SetHost(&machine);
     const Application application(argc, argv);
     Shop shop(machine);
     std::string line;
     while (std::getline(std::cin, line)) {
         machine.Boxes = {};
-        QElapsedTimer timer;
-        timer.start();
+        machine.Waited.start();
         QJsonObject said = shop.Do(QString::fromStdString(line).split(QLatin1Char(' ')));
-        said[QStringLiteral("milliseconds")] = timer.elapsed();
+        said[QStringLiteral("milliseconds")] = machine.Waited.elapsed();
         said[QStringLiteral("boxes")] = machine.Boxes;
-        std::cout << QJsonDocument(said).toJson(QJsonDocument::Compact).toStdString() << std::endl;
+        Say(said);
     }
     return 0;
 }

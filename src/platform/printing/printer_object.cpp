@@ -54,12 +54,12 @@ PrinterObject::PrinterObject(const QString &title, int16_t orientation)
 
 double PrinterObject::ScaleWidth() const
 {
-    return m_device->Capability(DeviceCapability::HorzSize) * TwipsPerMillimetre;
+    return m_device->Capability(DeviceCapability::HorzSize) * TwipsPerMillimetre - 2 * Margin;
 }
 
 double PrinterObject::ScaleHeight() const
 {
-    return m_device->Capability(DeviceCapability::VertSize) * TwipsPerMillimetre;
+    return m_device->Capability(DeviceCapability::VertSize) * TwipsPerMillimetre - 2 * Margin;
 }
 
 double PrinterObject::TextWidth(const QString &text) const
@@ -80,7 +80,7 @@ double PrinterObject::PenWidth() const
 void PrinterObject::Print(const QString &text, bool endsLine)
 {
     if (!text.isEmpty())
-        m_device->Draw(PageText{CurrentX, CurrentY, text, Font});
+        m_device->Draw(PageText{Margin + CurrentX, Margin + CurrentY, text, Font});
     if (endsLine) {
         CurrentX = 0;
         CurrentY += TextHeight();
@@ -91,7 +91,7 @@ void PrinterObject::Print(const QString &text, bool endsLine)
 
 void PrinterObject::Line(double x1, double y1, double x2, double y2)
 {
-    m_device->Draw(PageLine{x1, y1, x2, y2, PenWidth()});
+    m_device->Draw(PageLine{Margin + x1, Margin + y1, Margin + x2, Margin + y2, PenWidth()});
 }
 
 void PrinterObject::Rectangle(double x1, double y1, double x2, double y2)

@@ -1,5 +1,5 @@
 // The printer as a page to write on from top to bottom: texts on lines, and straight lines. Places
-// and sizes are twips from the corner of the printable area.
+// and sizes are twips.
 #pragma once
 
 #include "platform/printing/printing.h"
@@ -18,6 +18,9 @@ public:
     double CurrentX = 0;
     double CurrentY = 0;
     int DrawWidth = 1; // of the pen, dots of a 600th of an inch
+
+    // Kept free on all four sides of the printable area; everything counts from inside it.
+    double Margin = 0;
 
     double ScaleWidth() const;
     double ScaleHeight() const;
