@@ -4,7 +4,7 @@ the printer, and its pages are looked at as pictures. Also that no state of the 
 keeps the program waiting.
 
 Usage: real_printing.py PRINT_PROGRAM APPLICATION_FOLDER [TestCase.test ...]
-Needs the packages cups-daemon, cups-client, cups-filters, poppler-utils and python3-pil.
+Needs the packages cups-daemon, cups-core-drivers, cups-filters-core-drivers, cups-client, poppler-utils and python3-pil.
 """
 import json
 import subprocess
