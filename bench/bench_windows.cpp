@@ -3,24 +3,17 @@
 //
 //     bench_windows                all of it
 //     bench_windows empty|program  one measured process, started by the first form
-#include "core/start.h"
-#include "core/windows.h"
 #include "exercises/form_es1.h"
-#include "menu/form_menu.h"
+#include "measure.h"
 #include "platform/application.h"
-#include "platform/machine_host.h"
-#include "support/windows/form_avvio.h"
 
 #include <QEventLoop>
 #include <QFile>
-#include <QGuiApplication>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QWidget>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <sys/resource.h>
 #include <vector>
@@ -30,20 +23,6 @@ namespace {
 constexpr int Runs = 11;        // processes of each kind
 constexpr int Tasks = 200;      // next tasks measured
 constexpr int IdleSeconds = 20; // of each window
-
-double Now() // milliseconds
-{
-    return std::chrono::duration<double, std::milli>(
-               std::chrono::steady_clock::now().time_since_epoch())
-        .count();
-}
-
-// Everything asked for is drawn, and the display server has it.
-void Paint()
-{
-    QCoreApplication::processEvents();
-    QGuiApplication::sync();
-}
 
 double Resident() // megabytes
 {
@@ -72,27 +51,6 @@ void Idle(const char *window)
     std::printf("idle %s %.3f %.1f\n", window, (ProcessorSeconds() - before) / IdleSeconds * 100,
                 Resident());
 }
-
-double Quantile(std::vector<double> values, double part)
-{
-    std::sort(values.begin(), values.end());
-    return values.at(static_cast<size_t>(part * static_cast<double>(values.size() - 1)));
-}
-
-template <typename Window> Window &Shown(const char *name)
-{
-    return dynamic_cast<Window &>(*platform::Form::Find(QString::fromLatin1(name)));
-}
-
-// The new player's first box is not part of a start that is measured.
-class BenchHost : public platform::MachineHost {
-public:
-    using MachineHost::MachineHost;
-    platform::BoxAnswer MessageBox(const platform::Box &) override
-    {
-        return platform::BoxAnswer::Ok;
-    }
-};
 
 void MeasureProgram(bool whole)
 {
@@ -141,10 +99,7 @@ int Child(int argc, char **argv, const QString &kind)
         std::printf("memory %.1f\n", Resident());
         return 0;
     }
-    RegistraFinestra(QStringLiteral("FormAvvio"),
-                     []() -> platform::Form * { return new FormAvvio; });
-    RegistraFinestra(QStringLiteral("FormMenu"), []() -> platform::Form * { return new FormMenu; });
-    RegistraFinestra(QStringLiteral("FormEs1"), []() -> platform::Form * { return new FormEs1; });
+    RegistraFinestre();
     Main();
     MeasureProgram(kind == QStringLiteral("program"));
     return 0;

@@ -1,12 +1,14 @@
 // The program: the table of its windows, and the start.
+#include "configuration/form_configura.h"
 #include "core/start.h"
 #include "core/windows.h"
-#include "exercises/form_es1.h"
+#include "exercises/exercise_table.h"
 #include "menu/form_menu.h"
 #include "platform/application.h"
 #include "platform/machine_host.h"
 #include "results/form_esercizi_eseguiti.h"
 #include "support/windows/form_avvio.h"
+#include "support/windows/form_info.h"
 
 namespace {
 
@@ -19,8 +21,10 @@ void RegistraFinestre()
 {
     RegistraFinestra(QStringLiteral("FormAvvio"), Crea<FormAvvio>);
     RegistraFinestra(QStringLiteral("FormMenu"), Crea<FormMenu>);
-    RegistraFinestra(QStringLiteral("FormEs1"), Crea<FormEs1>);
+    RegistraFinestra(QStringLiteral("FormConfigura"), Crea<FormConfigura>);
+    RegistraFinestra(QStringLiteral("FormInfo"), Crea<FormInfo>);
     RegistraFinestra(QStringLiteral("FormEserciziEseguiti"), Crea<FormEserciziEseguiti>);
+    RegistraEsercizi();
 }
 
 } // namespace

@@ -2,23 +2,16 @@
 // and the labels. It is filled by `Main` and lives until the process ends.
 #pragma once
 
+#include "core/tables.h"
+
 #include <QString>
 
-#include <array>
 #include <cstdint>
 #include <memory>
 
 class clsResize;
 
-// Strings in rows and columns, both from 0; error 9 outside.
-template <int Righe, int Colonne> class TabellaTesti {
-public:
-    QString &operator()(int riga, int colonna);
-    void Azzera() { m_celle = {}; }
-
-private:
-    std::array<QString, static_cast<size_t>(Righe) * Colonne> m_celle;
-};
+template <int Righe, int Colonne> using TabellaTesti = Tabella<QString, Righe, Colonne>;
 
 // The rescaling object of the window that was opened last. Written by every window's load.
 extern std::shared_ptr<clsResize> Ridimensionatore;

@@ -4,7 +4,6 @@
 
 #include "core/lettering.h"
 #include "core/sounds.h"
-#include "frame/reward.h"
 #include "frame/sentences.h"
 #include "platform/chance.h"
 
@@ -20,80 +19,34 @@ constexpr DisegnoEsercizio Disegno = {
     .Livelli = 6,
     .SogliaSalita = 7,
     .NomeFiguraDaColorare = "mnuCol",
+    .NomeMerlino = "picMerlino",
+    .Merlino = {4440, 2760, 1335, 2535},
+    .TastieraSinistra = 12720,
+    .TastieraManualeAlto = 2040,
+    .TastieraAutomaticaAlto = 2880,
 };
 
-constexpr int Vero = 0; // indexes of `Command1`
-constexpr int Falso = 1;
-constexpr int Prossimo = 2;
-
-constexpr int TurniPerColorazione = 4;
 constexpr int Fotogramma = 0; // the figure takes no clicks here
 
 } // namespace
 
-FormEs1::FormEs1()
-    : FinestraEsercizio(Disegno), Label1({*this, "Label1"}, {4440, 120, 3375, 2415}),
-      ShockwaveFlash1({*this, "ShockwaveFlash1"}, {120, 120, 4215, 5295})
+FormEs1::FormEs1() : EsercizioConFrase(Disegno, {4440, 120, 3375, 2415}, {120, 120, 4215, 5295})
 {
-    Command1.Add(Vero, Place{5880, 2640, 1935, 885}, QStringLiteral("Vero"));
-    Command1.Add(Falso, Place{5880, 3600, 1935, 885}, QStringLiteral("Falso"));
+    Command1.Add(Primo, Place{5880, 2640, 1935, 885}, QStringLiteral("Vero"));
+    Command1.Add(Secondo, Place{5880, 3600, 1935, 885}, QStringLiteral("Falso"));
     Command1.Add(Prossimo, Place{5880, 4560, 1935, 855});
-    Command1(Prossimo).SetPicture(QStringLiteral("prossimo"));
-    Command1(Prossimo).SetEnabled(false);
-    for (Button &pulsante : Command1) {
-        pulsante.SetFontSize(40);
-        pulsante.SetFontBold(true);
-        pulsante.SetMousePointer(platform::MousePointer::Custom);
-    }
-    Label1.SetBackColor(0x00FFFFFF);
-    Label1.SetFramed(true);
-
-    Command1.OnClick = [this](int indice) { Risposta(indice); };
-    Command1.OnMouseMove = [this](int indice) {
-        if (ModoInput == 0)
-            Skipping([&] { AccendiPulsante(indice); });
-    };
-    OnMouseMove = Label1.OnMouseMove = [this] {
-        if (ModoInput == 0)
-            Skipping([&] { SpegniPulsanti(); });
-    };
-}
-
-void FormEs1::Attiva()
-{
-    OccupaLoSchermo();
-    Command1(Vero).SetPicture({});
-    Command1(Falso).SetPicture({});
-    picMerlino.SetVisible(false);
-    VestiPuntatori();
-    VestiSfondo();
-    VestiTesto(Label1);
-    VestiPulsanti();
-    CominciaDalPrimoLivello();
-    PreparaScansione();
-    AzzeraContatori();
-    AbbassaBarraDiStato();
-    ApriFilemorlene();
-    GiroColori = 0;
-    GeneraEsercizio();
+    VestiRisposte();
 }
 
 // --- Making the task ---
 
-void FormEs1::GeneraEsercizio()
+void FormEs1::MostraFrase()
 {
-    if (PassaggioLivelli)
-        CambiaLivello([] {});
-    if (GiroColori == 0)
-        ImpostaColori();
-    Command1(Vero).SetEnabled(true);
-    Command1(Falso).SetEnabled(true);
-    Command1(Prossimo).SetEnabled(false);
-    GiroColori = Integer16((GiroColori + 1) % TurniPerColorazione);
-    ScriviFrase();
     Frase = InStile(Frase) + QLatin1Char('.');
     Label1.SetCaption(Frase);
 }
+
+void FormEs1::DopoIlCambio() {}
 
 void FormEs1::ApriFilemorlene()
 {
@@ -106,10 +59,10 @@ void FormEs1::ImpostaColori()
     // The first failing statement leaves, and the pointer stays the hourglass: meant.
     Skipping([&] {
         SetMousePointer(platform::MousePointer::Hourglass);
-        for (size_t parte = 1; parte <= PartiDipinte; ++parte)
-            ColoreParte.at(parte) = Integer16(Draw(4) + 1);
-        ColoreParte[Fumo] = Integer16(Draw(2));
-        ColoreParte[Nuvole] = Integer16(Draw(2));
+        for (int parte = 1; parte <= PartiDipinte; ++parte)
+            ColoreParte(parte) = Integer16(Draw(4) + 1);
+        ColoreParte(Fumo) = Integer16(Draw(2));
+        ColoreParte(Nuvole) = Integer16(Draw(2));
         ColoraFigura(ShockwaveFlash1, ColoreParte);
         SetMousePointer(platform::MousePointer::Default);
     });
@@ -226,7 +179,7 @@ void FormEs1::ScriviFraseDoppia(const std::function<void()> &prima,
 // A colour number other than the part's own.
 int16_t FormEs1::AltroColore() const
 {
-    const int16_t suo = ColoreParte.at(static_cast<size_t>(QualeParte));
+    const int16_t suo = ColoreParte(QualeParte);
     int16_t colore = suo;
     while (colore == suo)
         colore = Integer16(Draw(4) + 1);
@@ -239,7 +192,7 @@ void FormEs1::ComponiFrasePositiva()
     if (QualeParte > PartiDipinte)
         return ComponiFrasePresenza();
     const QString apertura = AperturaPositiva(QualeParte);
-    const int16_t suo = ColoreParte.at(static_cast<size_t>(QualeParte));
+    const int16_t suo = ColoreParte(QualeParte);
     FraseComposta = apertura + NomeColore(IndiceEsatto == 0 ? suo : AltroColore(), QualeParte);
 }
 
@@ -249,83 +202,25 @@ void FormEs1::ComponiFraseNegativa()
     if (QualeParte > PartiDipinte)
         return ComponiFrasePresenza();
     const QString apertura = AperturaNegativa(QualeParte);
-    const int16_t suo = ColoreParte.at(static_cast<size_t>(QualeParte));
+    const int16_t suo = ColoreParte(QualeParte);
     FraseComposta = apertura + NomeColore(IndiceEsatto == 1 ? suo : AltroColore(), QualeParte);
 }
 
 void FormEs1::ComponiFrasePresenza()
 {
-    const bool presente = ColoreParte.at(static_cast<size_t>(QualeParte)) != 0;
+    const bool presente = ColoreParte(QualeParte) != 0;
     FraseComposta = FrasePresenza(QualeParte, presente == (IndiceEsatto == 0));
 }
 
 // --- Answers by pointer ---
-
-void FormEs1::Risposta(int indice)
-{
-    if (ModoInput != 0)
-        return;
-    if (indice == Prossimo)
-        ProssimoEsercizio();
-    else if (indice == IndiceEsatto)
-        RispostaEsattaConPuntatore();
-    else
-        RispostaErrata();
-}
-
-void FormEs1::ProssimoEsercizio()
-{
-    if (FiguraDaRicaricare)
-        ApriFilemorlene();
-    GeneraEsercizio();
-}
 
 void FormEs1::RispostaEsattaConPuntatore()
 {
     ContaEsatto();
     ScriviPannelloEsatti();
     SuonoEsatto();
-    Command1(Vero).SetEnabled(false);
-    Command1(Falso).SetEnabled(false);
-    if (ContaVersoIlPremio(ContaPremio))
-        MostraPremio(ShockwaveFlash1, Label1, GiroColori, FiguraDaRicaricare);
+    Command1(Primo).SetEnabled(false);
+    Command1(Secondo).SetEnabled(false);
+    PremiaSeServe();
     Command1(Prossimo).SetEnabled(true);
-}
-
-void FormEs1::RispostaErrata()
-{
-    SuonoErrato();
-    ContaErrato();
-    ScriviPannelloErrati();
-}
-
-// --- Answers by scanning ---
-
-void FormEs1::PassoScansione(int verso)
-{
-    // On the next-task button the highlight waits for the child.
-    if (BottoneScansione != Prossimo)
-        SpostaEvidenza(verso);
-}
-
-void FormEs1::Scegli()
-{
-    if (BottoneScansione == Prossimo) {
-        Evidenzia(Prossimo, false);
-        BottoneScansione = Vero;
-        Evidenzia(Vero, true);
-        ProssimoEsercizio();
-    } else if (BottoneScansione != IndiceEsatto) {
-        RispostaErrata();
-    } else {
-        // Unlike by pointer the reward comes first, and the answer buttons stay enabled: meant.
-        ContaEsatto();
-        if (ContaVersoIlPremio(ContaPremio))
-            MostraPremio(ShockwaveFlash1, Label1, GiroColori, FiguraDaRicaricare);
-        ScriviPannelloEsatti();
-        SuonoEsatto();
-        Evidenzia(BottoneScansione, false);
-        BottoneScansione = Prossimo;
-        Evidenzia(Prossimo, true);
-    }
 }

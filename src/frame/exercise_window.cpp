@@ -14,18 +14,19 @@ namespace {
 
 constexpr int IntervalloFuoco = 100; // ms between two pulls of the keyboard, by design
 constexpr double AltezzaBarra = 500; // twips
-constexpr double FuoriVista = 12720; // left of the keyboard targets: right of what is seen
 constexpr double AltezzaBarraDisegno = 495;
 
 } // namespace
 
 FinestraEsercizio::FinestraEsercizio(const DisegnoEsercizio &disegno)
     : Form(disegno.Nome, disegno.Larghezza, disegno.Altezza),
-      picMerlino({*this, "picMerlino"}, {4440, 2760, 1335, 2535}),
+      PicMerlino({*this, disegno.NomeMerlino}, disegno.Merlino),
       Timer1({*this, "Timer1"}, IntervalloFuoco),
-      PictureScansioneManuale({*this, "PictureScansioneManuale"}, {FuoriVista, 2040, 615, 495}),
-      PictureScansioneAutomatica({*this, "PictureScansioneAutomatica"},
-                                 {FuoriVista, 2880, 495, 495}),
+      PictureScansioneManuale({*this, "PictureScansioneManuale"},
+                              {disegno.TastieraSinistra, disegno.TastieraManualeAlto, 615, 495}),
+      PictureScansioneAutomatica(
+          {*this, "PictureScansioneAutomatica"},
+          {disegno.TastieraSinistra, disegno.TastieraAutomaticaAlto, 495, 495}),
       Command1(*this, "Command1"),
       StatusBar1({*this, "StatusBar1"},
                  {0, disegno.Altezza - AltezzaBarraDisegno, disegno.Larghezza, AltezzaBarraDisegno},
@@ -119,6 +120,11 @@ void FinestraEsercizio::VestiPulsanti()
         pulsante.SetBackColor(ToColor(ColoreBottoni));
 }
 
+void FinestraEsercizio::VestiPulsante(int indice)
+{
+    Command1(indice).SetBackColor(ToColor(ColoreBottoni));
+}
+
 void FinestraEsercizio::CominciaDalPrimoLivello()
 {
     // The tick in the menu is not moved back: meant.
@@ -163,6 +169,18 @@ void FinestraEsercizio::ScriviPannelloErrati()
 void FinestraEsercizio::ScriviPannelloLivello()
 {
     StatusBar1.SetPanel(3, QString::number(Livello) + EtichettaLivello);
+}
+
+void FinestraEsercizio::CollegaLuce()
+{
+    Command1.OnMouseMove = [this](int indice) {
+        if (ModoInput == 0)
+            Skipping([&] { AccendiPulsante(indice); });
+    };
+    OnMouseMove = [this] {
+        if (ModoInput == 0)
+            Skipping([&] { SpegniPulsanti(); });
+    };
 }
 
 void FinestraEsercizio::SpegniPulsanti()

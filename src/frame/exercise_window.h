@@ -4,6 +4,7 @@
 
 #include "core/profile.h"
 #include "core/shared_state.h"
+#include "frame/scanning.h"
 #include "platform/button.h"
 #include "platform/control_array.h"
 #include "platform/form.h"
@@ -25,14 +26,18 @@ struct DisegnoEsercizio {
     int Livelli;                      // levels 1 to this one
     int SogliaSalita;                 // right minus wrong answers that raise the level
     const char *NomeFiguraDaColorare; // design name of the menu entry
+    const char *NomeMerlino;          // the picture that is never shown
+    platform::Place Merlino;
+    double TastieraSinistra; // the two keyboard targets, right of what is seen
+    double TastieraManualeAlto;
+    double TastieraAutomaticaAlto;
 };
 
 class FinestraEsercizio : public platform::Form {
 public:
     int16_t Livello = 0;
-    int16_t BottoneScansione = 0;
 
-    platform::PictureBox picMerlino;
+    platform::PictureBox PicMerlino;
     platform::Timer Timer1;
     platform::PictureBox PictureScansioneManuale;
     platform::PictureBox PictureScansioneAutomatica;
@@ -56,20 +61,27 @@ protected:
     virtual void Attiva() = 0;
     // Makes and shows a task; its first step is `CambiaLivello` when levels move by themselves.
     virtual void GeneraEsercizio() = 0;
-    // Scanning: one step of the highlight, forward (1) or backward (-1), and the choice.
-    virtual void PassoScansione(int verso) = 0;
+    // Scanning: one step of the highlight (never `Gesto::Scegli`), the choice, and the tick of mode
+    // 2, which steps and takes the keyboard in the window's own order.
+    virtual void PassoScansione(Gesto verso) = 0;
     virtual void Scegli() = 0;
+    virtual void PassoAutomatico() = 0;
+
+    // The load that all windows share.
+    void Carica();
 
     // Steps of activation.
     void OccupaLoSchermo();
     void VestiPuntatori();
     void VestiSfondo();
     void VestiPulsanti();
+    void VestiPulsante(int indice);
     // Colours and font of the sentences, on a label or a text box.
     template <typename Testo> void VestiTesto(Testo &testo);
     void CominciaDalPrimoLivello(); // `Livello` and the level menu
-    void PreparaScansione();        // timer, highlight on the first button, or timer off
-    void AzzeraContatori();         // panels 3, 1, 2
+    // Timer on, in mode 2 with its interval; or timer off and false with a mouse.
+    bool AvviaScansione();
+    void AzzeraContatori(); // panels 3, 1, 2
     void AbbassaBarraDiStato();
 
     // One more right or wrong answer; panels are written apart, since their order differs.
@@ -82,16 +94,17 @@ protected:
     // Looks at the score. `dopoIlCambio` runs at the end of a change, before panel 3 is written.
     void CambiaLivello(const std::function<void()> &dopoIlCambio);
 
-    // The light under the pointer; a colour is only written when it differs.
+    // The light under the pointer, over buttons and window, with a mouse only. A colour is only
+    // written when it differs. What else puts it out is the exercise's to say.
+    void CollegaLuce();
     void SpegniPulsanti();
     void AccendiPulsante(int indice);
 
-    // Moves the highlight over `Command1` by one step, past disabled buttons.
-    void SpostaEvidenza(int verso);
+    // Scanning light on a button.
     void Evidenzia(int indice, bool acceso);
+    void PrendiFuocoAutomatico();
 
 private:
-    void Carica();
     void Ridimensiona();
     void Esci();
     void ScegliLivello(int indice);

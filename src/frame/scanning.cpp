@@ -7,21 +7,26 @@ using namespace platform;
 
 Gesto GestoManuale(int tasto)
 {
-    if (ModoInput == 1) {
-        if (tasto == KeySpace)
-            return Gesto::Avanti;
-        if (tasto == KeyEnter)
-            return Gesto::Scegli;
+    if (ModoInput == 1)
+        return tasto == KeySpace   ? Gesto::Avanti
+               : tasto == KeyEnter ? Gesto::Scegli
+                                   : Gesto::Nessuno;
+    if (ModoInput != 3)
+        return Gesto::Nessuno;
+    switch (tasto) {
+    case KeyRight:
+        return Gesto::Avanti;
+    case KeyLeft:
+        return Gesto::Indietro;
+    case KeyDown:
+        return Gesto::Giu;
+    case KeyUp:
+        return Gesto::Su;
+    case KeyEnter:
+        return Gesto::Scegli;
+    default:
+        return Gesto::Nessuno;
     }
-    if (ModoInput == 3) {
-        if (tasto == KeyRight || tasto == KeyDown)
-            return Gesto::Avanti;
-        if (tasto == KeyLeft || tasto == KeyUp)
-            return Gesto::Indietro;
-        if (tasto == KeyEnter)
-            return Gesto::Scegli;
-    }
-    return Gesto::Nessuno;
 }
 
 Gesto GestoAutomatico(int tasto)
@@ -29,11 +34,16 @@ Gesto GestoAutomatico(int tasto)
     return ModoInput == 2 && tasto == KeySpace ? Gesto::Scegli : Gesto::Nessuno;
 }
 
-int PassoCircolare(int da, int quanti, int verso, const std::function<bool(int)> &abilitato)
+int Segno(Gesto gesto)
+{
+    return gesto == Gesto::Indietro || gesto == Gesto::Su ? -1 : 1;
+}
+
+int PassoCircolare(int da, int quanti, int passo, const std::function<bool(int)> &abilitato)
 {
     int indice = da;
     do
-        indice = (indice + verso + quanti) % quanti;
+        indice = (indice + passo + quanti) % quanti;
     while (!abilitato(indice) && indice != da);
     return indice;
 }
@@ -43,33 +53,32 @@ int IntervalloScansione()
     return Integer16(int64_t{VelocitaScansione} * 250);
 }
 
-void FinestraEsercizio::PreparaScansione()
+QString TrovaColoreScansione()
 {
-    if (ModoInput == 0) {
-        Timer1.SetEnabled(false);
-        return;
-    }
-    for (Button &pulsante : Command1)
-        pulsante.SetMousePointer(platform::MousePointer::Default);
-    Timer1.SetEnabled(true);
-    BottoneScansione = 0;
-    Evidenzia(0, true);
+    // The number is &H00BBGGRR: the outer pairs change places. Only the first six digits are
+    // looked at, so that a system colour, which has eight, gives another colour: meant.
+    const QString cifre = QString::number(ToColor(ColorePulsantiSelezionati), 16)
+                              .toUpper()
+                              .rightJustified(6, QLatin1Char('0'));
+    return cifre.mid(4, 2) + cifre.mid(2, 2) + cifre.mid(0, 2);
+}
+
+bool FinestraEsercizio::AvviaScansione()
+{
+    Timer1.SetEnabled(ModoInput != 0);
     if (ModoInput == 2)
         Timer1.SetInterval(IntervalloScansione());
+    return ModoInput != 0;
+}
+
+void FinestraEsercizio::PrendiFuocoAutomatico()
+{
+    Skipping([&] { PictureScansioneAutomatica.SetFocus(); });
 }
 
 void FinestraEsercizio::Evidenzia(int indice, bool acceso)
 {
     Command1(indice).SetBackColor(ToColor(acceso ? ColorePulsantiSelezionati : ColoreBottoni));
-}
-
-void FinestraEsercizio::SpostaEvidenza(int verso)
-{
-    Evidenzia(BottoneScansione, false);
-    BottoneScansione =
-        Integer16(PassoCircolare(BottoneScansione, Command1.Count(), verso,
-                                 [this](int indice) { return Command1(indice).Enabled(); }));
-    Evidenzia(BottoneScansione, true);
 }
 
 void FinestraEsercizio::Tick()
@@ -78,27 +87,17 @@ void FinestraEsercizio::Tick()
     // again, and the highlight goes on.
     if (ModoInput == 1 || ModoInput == 3)
         Skipping([&] { PictureScansioneManuale.SetFocus(); });
-    if (ModoInput == 2) {
-        Skipping([&] { PictureScansioneAutomatica.SetFocus(); });
-        Skipping([&] { PassoScansione(1); });
-    }
+    if (ModoInput == 2)
+        Skipping([&] { PassoAutomatico(); });
 }
 
 void FinestraEsercizio::TastoManuale(int tasto)
 {
-    switch (GestoManuale(tasto)) {
-    case Gesto::Avanti:
-        PassoScansione(1);
-        break;
-    case Gesto::Indietro:
-        PassoScansione(-1);
-        break;
-    case Gesto::Scegli:
+    const Gesto gesto = GestoManuale(tasto);
+    if (gesto == Gesto::Scegli)
         Scegli();
-        break;
-    case Gesto::Nessuno:
-        break;
-    }
+    else if (gesto != Gesto::Nessuno)
+        PassoScansione(gesto);
 }
 
 void FinestraEsercizio::TastoAutomatico(int tasto)

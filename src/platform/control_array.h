@@ -14,6 +14,8 @@ public:
     ControlArray(Form &form, const char *name) : m_id{form, name} {}
     // All elements lie in a control: `Frame1.Inside("Option1")`.
     explicit ControlArray(const ControlId &id) : m_id(id) {}
+    // The elements made from now on lie in that control.
+    void LieIn(VisualControl &container) { m_id.Container = &container; }
     ControlArray(const ControlArray &) = delete;
     ControlArray &operator=(const ControlArray &) = delete;
 

@@ -105,6 +105,8 @@ private:
 
     QString m_name;
     QString m_tag;
+    double m_scaleWidth; // by design
+    double m_scaleHeight;
     Color m_backColor = SystemButtonFace;
     platform::MousePointer m_pointer = platform::MousePointer::Default;
     bool m_loaded = false;

@@ -64,6 +64,7 @@ public:
     QString Picture;
     QPixmap Loaded; // stands for the drawing when there is one
     bool Filled = true;
+    bool Bordered = false;
     Color Back = SystemButtonFace;
 
 protected:
@@ -76,6 +77,10 @@ protected:
             painter.drawPixmap(rect(), Loaded);
         else if (!Picture.isEmpty())
             painter.drawPixmap(0, 0, DrawnPicture(Picture, size(), devicePixelRatioF()));
+        if (Bordered) {
+            painter.setPen(ToQColor(Ink));
+            painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        }
     }
 };
 
@@ -96,6 +101,12 @@ void PictureBox::SetPicture(const QString &name)
 void PictureBox::SetSpokenName(const QString &name)
 {
     m_view->setAccessibleName(name);
+}
+
+void PictureBox::SetBordered(bool bordered)
+{
+    m_view->Bordered = bordered;
+    m_view->update();
 }
 
 void PictureBox::SaveImage(const QString &nativePath) const

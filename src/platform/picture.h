@@ -20,6 +20,8 @@ public:
     PictureBox(const ControlId &id, const Place &place, const QString &picture = {});
     void SetPicture(const QString &name);
     void SetSpokenName(const QString &name);
+    // A line round it, one pixel wide.
+    void SetBordered(bool bordered);
 
     // What the box shows, as a picture file of its own: at least as fine as paper needs. Errors 61
     // and 75.

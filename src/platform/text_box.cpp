@@ -13,6 +13,12 @@
 
 namespace platform {
 
+namespace {
+
+constexpr int PagePadding = 4; // px
+
+} // namespace
+
 TextBox::TextBox(const ControlId &id, const Place &place, Kind kind)
     : VisualControl(id, place,
                     kind == Kind::OneLine ? static_cast<QWidget *>(new QLineEdit)
@@ -77,7 +83,7 @@ bool TextBox::Event(QEvent *event)
 
 QString TextBox::Text() const
 {
-    return m_line != nullptr ? m_line->text() : m_page->toPlainText();
+    return m_line != nullptr ? m_line->text() : m_text;
 }
 
 void TextBox::SetText(const QString &text)
@@ -87,9 +93,16 @@ void TextBox::SetText(const QString &text)
     if (m_line != nullptr)
         m_line->setText(text);
     else
-        m_page->setPlainText(text);
+        ShowPage(text);
     Note("Text", text);
-    TextBox::Refresh();
+    FitFont();
+}
+
+void TextBox::ShowPage(const QString &text)
+{
+    m_text = text;
+    // A last line break ends a line and opens no empty one.
+    m_page->setPlainText(text.endsWith(QStringLiteral("\r\n")) ? text.chopped(2) : text);
 }
 
 void TextBox::Refresh()
@@ -98,10 +111,23 @@ void TextBox::Refresh()
     palette.setColor(QPalette::Base, ToQColor(BackColor()));
     palette.setColor(QPalette::Text, ToQColor(ForeColor()));
     Widget()->setPalette(palette);
+    if (m_page != nullptr)
+        // A page with the round corners of a framed label.
+        m_page->setStyleSheet(
+            QStringLiteral("QPlainTextEdit { border: 2px solid #3a2b28; border-radius: 14px; "
+                           "padding: %1px; background: %2; color: %3 }")
+                .arg(PagePadding)
+                .arg(ToQColor(BackColor()).name(), ToQColor(ForeColor()).name()));
+    FitFont();
+}
+
+void TextBox::FitFont()
+{
     double points = Font().Size;
     if (m_page != nullptr) {
-        const int margin = static_cast<int>(m_page->document()->documentMargin()) + 2;
-        points = FittingPoints(Text(), Font(), m_page->size() - QSize(2 * margin, 2 * margin));
+        const int margin = static_cast<int>(m_page->document()->documentMargin()) + PagePadding + 2;
+        points = FittingPoints(m_page->toPlainText(), Font(),
+                               m_page->size() - QSize(2 * margin, 2 * margin));
     }
     Widget()->setFont(ToQFont(Font(), points));
 }

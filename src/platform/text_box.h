@@ -26,12 +26,15 @@ protected:
     bool Event(QEvent *event) override;
 
 private:
+    void ShowPage(const QString &text);
+    void FitFont();
     void Edited();
     void Changed();
 
     QString m_known; // the text of the last Change
     QLineEdit *m_line = nullptr;
     QPlainTextEdit *m_page = nullptr;
+    QString m_text; // of a page, with its line breaks as given: CR LF
 };
 
 } // namespace platform

@@ -7,6 +7,9 @@
 #include "platform/font.h"
 #include "platform/form.h"
 
+#include <QObject>
+#include <QPointer>
+
 #include <memory>
 #include <vector>
 
@@ -96,6 +99,7 @@ private:
     bool KeyEvent(QEvent *event);
 
     QWidget *m_widget;
+    QPointer<QObject> m_alive; // the widget; its container may go first
     std::unique_ptr<EventTap> m_tap;
     bool m_enabled = true;
     bool m_visible = true;

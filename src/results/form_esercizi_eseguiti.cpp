@@ -9,6 +9,7 @@
 #include "platform/host.h"
 #include "results/print_report.h"
 #include "support/cls_resize.h"
+#include "support/dialogs.h"
 
 #include <algorithm>
 
@@ -139,13 +140,11 @@ void FormEserciziEseguiti::Salva()
 {
     // Cancelling gives no path, so the same box follows: meant.
     const int errore = Skipping([this] {
-        QString cartella = CartellaDati() + NomeUtente + QLatin1Char('\\');
+        const QString cartella = CartellaDati() + NomeUtente + QLatin1Char('\\');
         CreaSeManca(cartella);
-        const QString percorso = host().ChooseFile({.Open = false,
-                                                    .Title = QStringLiteral("Salva"),
-                                                    .Pattern = QStringLiteral("*.rpt"),
-                                                    .StartFolder = NativePath(cartella),
-                                                    .Extension = QStringLiteral("rpt")});
+        const QString percorso =
+            ScegliFile(ModoFile::Salva, QStringLiteral("Salva"), {}, QStringLiteral("*.rpt"),
+                       cartella, QStringLiteral("rpt"));
         ScriviResoconto(percorso, Titoli(), MSFlexGrid1);
     });
     if (errore != 0)
@@ -157,11 +156,9 @@ void FormEserciziEseguiti::Apri()
     const int errore = Skipping([this] {
         MSFlexGrid1.Clear();
         CreaSeManca(CartellaDati());
-        const QString percorso = host().ChooseFile({.Open = true,
-                                                    .Title = QStringLiteral("Apri"),
-                                                    .Pattern = QStringLiteral("*.rpt"),
-                                                    .StartFolder = NativePath(CartellaDati()),
-                                                    .Extension = QStringLiteral("rpt")});
+        const QString percorso =
+            ScegliFile(ModoFile::Apri, QStringLiteral("Apri"), {}, QStringLiteral("*.rpt"),
+                       CartellaDati(), QStringLiteral("rpt"));
         ScriviIntestazione(QStringLiteral("0076"));
         LeggiFile(percorso);
     });

@@ -7,12 +7,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
-#include "exercises/form_es1.h"
-#include "menu/form_menu.h"
-#include "printing/frm_stampa.h"
-#include "results/form_esercizi_eseguiti.h"
 #include "support/exercise_fixture.h"
-#include "support/windows/form_avvio.h"
+#include "support/windows.h"
 
 namespace {
 
@@ -46,22 +42,6 @@ QList<Entry> EntriesOfWindows(const QString &name)
             entries << Entry{section, entry.captured(1), entry.captured(2), entry.captured(3)};
     }
     return entries;
-}
-
-// As designed: a window is not translated before it loads.
-std::unique_ptr<platform::Form> Make(const QString &name)
-{
-    if (name == QStringLiteral("FormAvvio"))
-        return std::make_unique<FormAvvio>();
-    if (name == QStringLiteral("FormMenu"))
-        return std::make_unique<FormMenu>();
-    if (name == QStringLiteral("FormEs1"))
-        return std::make_unique<FormEs1>();
-    if (name == QStringLiteral("FormEserciziEseguiti"))
-        return std::make_unique<FormEserciziEseguiti>();
-    if (name == QStringLiteral("frmStampa"))
-        return std::make_unique<FrmStampa>();
-    return nullptr;
 }
 
 const platform::Control *Find(const platform::Form &window, const QString &key)
@@ -98,7 +78,7 @@ void TestLanguageWindows::everyControlThatALanguageNamesExists()
     const QList<Entry> entries = EntriesOfWindows(name);
     QVERIFY(!entries.isEmpty());
     for (const Entry &entry : entries) {
-        const auto window = Make(entry.Section);
+        const auto window = MakeWindow(entry.Section);
         QVERIFY2(window, qPrintable(entry.Section));
         QVERIFY2(entry.Control == entry.Section || Find(*window, entry.Control),
                  qPrintable(entry.Section + QStringLiteral(": ") + entry.Control));
@@ -110,7 +90,7 @@ void TestLanguageWindows::italianSaysWhatTheDesignSays()
     const Player player;
     for (const Entry &entry : EntriesOfWindows(QStringLiteral("italiano.lng"))) {
         QCOMPARE(entry.Property, QStringLiteral("Caption"));
-        const auto window = Make(entry.Section);
+        const auto window = MakeWindow(entry.Section);
         const QString design = entry.Control == entry.Section
                                    ? window->Caption()
                                    : Find(*window, entry.Control)->Caption();
@@ -127,7 +107,7 @@ void TestLanguageWindows::everyCaptionOfAWindowHasAKey()
         if (!sections.contains(entry.Section))
             sections << entry.Section;
     for (const QString &section : sections) {
-        const auto window = Make(section);
+        const auto window = MakeWindow(section);
         QVERIFY2(window, qPrintable(section));
         for (const platform::Control *control : window->Controls()) {
             QString caption;

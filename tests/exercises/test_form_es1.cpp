@@ -2,9 +2,9 @@
 #include "exercises/form_es1.h"
 
 #include "support/exercise_fixture.h"
+#include "support/fair_tasks.h"
 #include "support/sentence_reader.h"
 
-#include <QRegularExpression>
 #include <QTest>
 
 #include <cstdlib>
@@ -13,28 +13,11 @@ using namespace platform;
 
 namespace {
 
-// The draws of a colouring: six parts of 4 colours, smoke and clouds of 2.
-QList<ScriptedDraw> Colouring(const QList<int> &parts, int smoke, int clouds)
-{
-    QList<ScriptedDraw> draws;
-    for (const int part : parts)
-        draws << ScriptedDraw{4, part - 1};
-    return draws << ScriptedDraw{2, smoke} << ScriptedDraw{2, clouds};
-}
-
 const QList<int> AllGreen = {1, 1, 1, 1, 1, 1};
 
 // True sentence on the roof (part 2): index 0, then the part of 8.
 const QList<ScriptedDraw> TrueOnTheRoof = {{2, 0}, {8, 1}};
 const QList<ScriptedDraw> FalseOnTheRoof = {{2, 1}, {8, 1}, {4, 1}};
-
-// Only the four colours of a new player stand on the parts.
-bool IsPainted(const QString &figure)
-{
-    static const QRegularExpression painted(
-        QStringLiteral("^(\\w+ (00FF00|FF0000|0000FF|FFFF00), ){6}"));
-    return painted.match(figure).hasMatch();
-}
 
 } // namespace
 
@@ -57,7 +40,7 @@ private Q_SLOTS:
         QVERIFY(form.Command1(0).Enabled());
         QVERIFY(form.Command1(1).Enabled());
         QVERIFY(!form.Command1(2).Enabled());
-        QVERIFY(!form.picMerlino.Visible());
+        QVERIFY(!form.PicMerlino.Visible());
         QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è verde."));
         QCOMPARE(form.Width(), ScreenWidth());
         QCOMPARE(form.BackColor(), Color{0x00FF0000});
@@ -241,7 +224,7 @@ private Q_SLOTS:
             QTest::addRow("level %d", level) << level;
     }
 
-    // Ten thousand tasks a level, judged by a reader that sees the sentence and the figure only.
+    // Many tasks a level, judged by a reader that sees the sentence and the figure only.
     void eachLevelIsFairToTheChild()
     {
         QFETCH(int, level);
@@ -253,11 +236,10 @@ private Q_SLOTS:
             form.mnuLiv.OnClick(level);
         // Judged by what is shown, not by its pixels.
         form.LockDrawing(true);
-        constexpr int Tasks = 10000;
         int judged = 0;
         int unpainted = 0;
         int trueOnes = 0;
-        while (judged < Tasks) {
+        while (judged < FairTasks) {
             const QString figure = form.ShockwaveFlash1.Shown();
             const QString sentence = form.Label1.Caption();
             const int before = Esatti;
@@ -278,7 +260,8 @@ private Q_SLOTS:
             player.Host.TakeEvents();
         }
         // Both answers are equally likely: within five deviations.
-        QVERIFY2(std::abs(trueOnes - Tasks / 2) < 250, qPrintable(QString::number(trueOnes)));
+        QVERIFY2(std::abs(trueOnes - FairTasks / 2) < FiveDeviations(FairTasks),
+                 qPrintable(QString::number(trueOnes)));
         qInfo("%d tasks judged, %d true, %d unpainted figures passed over", judged, trueOnes,
               unpainted);
         // Of ten answers between two rewards the first, fifth and ninth see a painted figure.

@@ -240,6 +240,24 @@ private Q_SLOTS:
         QCOMPARE(PassoCircolare(1, 3, 1, [](int) { return false; }), 1);
     }
 
+    void theHighlightsColourIsTurnedRoundForAMovie()
+    {
+        const QList<QPair<double, const char *>> colours = {
+            {0x000000FF, "FF0000"},
+            {0x00AABBCC, "CCBBAA"},
+            {0x00000012, "120000"},
+            {0, "000000"},
+            {0x00F00000, "0000F0"},
+            // A system colour has eight digits, of which the first six are looked at.
+            {-2147483633.0, "000080"},
+        };
+        for (const auto &[colour, text] : colours) {
+            ColorePulsantiSelezionati = colour;
+            QCOMPARE(TrovaColoreScansione(), QLatin1String(text));
+        }
+        AzzeraProfilo();
+    }
+
     void aSpeedAbove131OverflowsAtActivation()
     {
         VelocitaScansione = 131;

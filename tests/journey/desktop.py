@@ -6,6 +6,8 @@ import subprocess
 import tempfile
 import time
 
+from PIL import ImageGrab
+
 
 class Failure(Exception):
     """What a person at the machine would report."""
@@ -20,6 +22,11 @@ def wait_for(what, look, seconds=15):
             return found
         time.sleep(0.02)
     raise Failure(f"{what} never came")
+
+
+def screen(box=None):
+    """The screen, or a part of it, as a picture."""
+    return ImageGrab.grab(bbox=box, xdisplay=os.environ["DISPLAY"]).convert("RGB")
 
 
 class Desktop:
@@ -61,7 +68,7 @@ class Desktop:
         return process
 
     def picture(self, path):
-        subprocess.run(["import", "-window", "root", path], check=False)
+        screen().save(path)
 
 
 class Program:
@@ -127,13 +134,21 @@ class Program:
     def colour(self, item):
         """RRGGBB of the item's face, seen on the screen near its left edge."""
         place = item.queryComponent().getExtents(self.bus.DESKTOP_COORDS)
-        spot = f"1x1+{place.x + place.width // 10}+{place.y + place.height // 2}"
-        pixel = subprocess.run(["import", "-window", "root", "-crop", spot, "-depth", "8",
-                                "rgb:-"], capture_output=True, check=True).stdout
-        return pixel[:3].hex().upper()
+        x, y = place.x + place.width // 10, place.y + place.height // 2
+        return "%02X%02X%02X" % screen((x, y, x + 1, y + 1)).getpixel((0, 0))
 
     def key(self, name):
         subprocess.run(["xdotool", "key", name], check=True)
+
+    def key_until(self, name, what, look):
+        """Presses the key, and again where it got lost before the window had the keyboard."""
+        for _ in range(10):
+            self.key(name)
+            try:
+                return wait_for(what, look, 1.5)
+            except Failure:
+                continue
+        raise Failure(f"{what} never came by {name}")
 
     def ended(self):
         return wait_for("the end of the program", lambda: self.process.poll() is not None) and \

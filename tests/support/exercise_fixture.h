@@ -57,3 +57,12 @@ inline void PressAndRelease(const platform::VisualControl &control, Qt::Key key)
 {
     QTest::keyClick(control.Widget(), key);
 }
+
+// The draws of a colouring: six parts of 4 colours, smoke and clouds of 2.
+inline QList<ScriptedDraw> Colouring(const QList<int> &parts, int smoke, int clouds)
+{
+    QList<ScriptedDraw> draws;
+    for (const int part : parts)
+        draws << ScriptedDraw{4, part - 1};
+    return draws << ScriptedDraw{2, smoke} << ScriptedDraw{2, clouds};
+}

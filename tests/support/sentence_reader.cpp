@@ -1,19 +1,10 @@
 #include "support/sentence_reader.h"
 
-#include <QMap>
 #include <QRegularExpression>
 #include <QStringList>
 #include <QTest>
 
 namespace {
-
-QMap<QString, QString> PartsOf(const QString &figure)
-{
-    QMap<QString, QString> parts;
-    for (const QString &entry : figure.split(QStringLiteral(", ")))
-        parts.insert(entry.section(QLatin1Char(' '), 0, 0), entry.section(QLatin1Char(' '), 1));
-    return parts;
-}
 
 // The four colours of a new player in every gender and number.
 QString ColourOf(const QString &word)
@@ -36,8 +27,8 @@ QString ColourOf(const QString &word)
 
 bool ClauseIsTrue(const QString &clause, const QMap<QString, QString> &parts)
 {
-    const QStringList words =
-        clause.split(QRegularExpression(QStringLiteral("[^\\w]+")), Qt::SkipEmptyParts);
+    static const QRegularExpression betweenWords(QStringLiteral("[^\\w]+"));
+    const QStringList words = clause.split(betweenWords, Qt::SkipEmptyParts);
     const bool denied = words.contains(QStringLiteral("non"));
     for (const QString &word : words) {
         if (!parts.contains(word))
@@ -54,6 +45,21 @@ bool ClauseIsTrue(const QString &clause, const QMap<QString, QString> &parts)
 }
 
 } // namespace
+
+QMap<QString, QString> PartsOf(const QString &figure)
+{
+    QMap<QString, QString> parts;
+    for (const QString &entry : figure.split(QStringLiteral(", ")))
+        parts.insert(entry.section(QLatin1Char(' '), 0, 0), entry.section(QLatin1Char(' '), 1));
+    return parts;
+}
+
+bool IsPainted(const QString &figure)
+{
+    static const QRegularExpression painted(
+        QStringLiteral("^(\\w+ (00FF00|FF0000|0000FF|FFFF00), ){6}"));
+    return painted.match(figure).hasMatch();
+}
 
 bool SentenceIsTrue(const QString &sentence, const QString &figure)
 {

@@ -2,8 +2,15 @@
 // sentence is true of the figure as it is shown.
 #pragma once
 
+#include <QMap>
 #include <QString>
 
 // `figure` is what the movie shows: "comignolo RRGGBB, ... fumo 1, nuvole 0". Fails the test for a
 // sentence that it cannot read.
 bool SentenceIsTrue(const QString &sentence, const QString &figure);
+
+// The figure's parts as shown: "tetto" -> "00FF00", "fumo" -> "1".
+QMap<QString, QString> PartsOf(const QString &figure);
+
+// Only the four colours of a new player stand on its parts.
+bool IsPainted(const QString &figure);

@@ -174,6 +174,16 @@ SvgAnimation::Values SvgAnimation::At(const SvgDocument &base, double millisecon
     return values;
 }
 
+std::vector<int> SvgAnimation::Changes(const Values &before, const Values &after) const
+{
+    std::vector<int> elements;
+    for (size_t index = 0; index < m_targets.size(); ++index)
+        if (before.empty() || before[index] != after[index])
+            elements.push_back(m_targets[index].Element);
+    std::sort(elements.begin(), elements.end());
+    return elements;
+}
+
 void SvgAnimation::Apply(const Values &values, SvgDocument &document) const
 {
     for (size_t index = 0; index < m_targets.size(); ++index) {

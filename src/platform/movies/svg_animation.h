@@ -72,6 +72,8 @@ public:
     using Values = std::vector<std::optional<QByteArray>>;
     Values At(const SvgDocument &base, double milliseconds) const;
     void Apply(const Values &values, SvgDocument &document) const;
+    // Elements that two moments show in two ways, ascending; all of them when `before` is empty.
+    std::vector<int> Changes(const Values &before, const Values &after) const;
 
 private:
     struct Target {

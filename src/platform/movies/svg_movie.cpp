@@ -3,6 +3,8 @@
 
 #include <QColor>
 #include <QPainter>
+#include <QPixmap>
+#include <QPixmapCache>
 #include <QStringList>
 
 #include <algorithm>
@@ -45,21 +47,69 @@ void SvgMovie::Paint(QPainter &painter, const QRectF &target)
 {
     if (target.isEmpty())
         return;
-    if (m_stale) {
-        if (m_source->Animation.IsEmpty()) {
-            m_renderer.load(SvgText(m_document));
-        } else {
-            SvgDocument moment = m_document;
-            m_source->Animation.Apply(m_values, moment);
-            m_renderer.load(SvgText(moment));
-        }
-        m_stale = false;
-    }
     const QRectF fitted = Fitted(Size(), target);
     painter.save();
     painter.setClipRect(fitted, Qt::IntersectClip);
-    m_renderer.render(&painter, fitted);
+    const bool moving = m_time > 0 && m_time < Duration();
+    if (moving && m_source->CanCut && SvgLayers::CanPaint(painter))
+        PaintLayers(painter, fitted);
+    else
+        PaintWhole(painter, fitted);
     painter.restore();
+}
+
+SvgDocument SvgMovie::Moment() const
+{
+    SvgDocument moment = m_document;
+    m_source->Animation.Apply(m_values, moment);
+    return moment;
+}
+
+void SvgMovie::PaintWhole(QPainter &painter, const QRectF &fitted)
+{
+    m_layers = SvgLayers();
+    m_painted = m_values;
+    if (m_source->Animation.IsEmpty() && SvgLayers::CanPaint(painter))
+        return PaintStill(painter, fitted);
+    if (m_stale)
+        m_renderer.load(SvgText(m_source->Animation.IsEmpty() ? m_document : Moment()));
+    m_stale = false;
+    m_renderer.render(&painter, fitted);
+}
+
+// A figure at rest is a picture, drawn once: the next figure of the same colours and size, and what
+// is only uncovered, cost nothing.
+void SvgMovie::PaintStill(QPainter &painter, const QRectF &fitted)
+{
+    if (m_stale)
+        m_text = SvgText(m_document);
+    m_stale = false;
+    const QRect box = fitted.toAlignedRect();
+    const QString key = QStringLiteral("figure %1 %2 %3 %4 %5 %6")
+                            .arg(qHash(m_text), 0, 16)
+                            .arg(m_text.size())
+                            .arg(fitted.x() - box.x())
+                            .arg(fitted.y() - box.y())
+                            .arg(fitted.width())
+                            .arg(fitted.height());
+    QPixmap picture;
+    if (!QPixmapCache::find(key, &picture)) {
+        picture = QPixmap(box.size());
+        picture.fill(Qt::transparent);
+        m_renderer.load(m_text);
+        QPainter inside(&picture);
+        m_renderer.render(&inside, fitted.translated(-box.topLeft()));
+        inside.end();
+        QPixmapCache::insert(key, picture);
+    }
+    painter.drawPixmap(box.topLeft(), picture);
+}
+
+void SvgMovie::PaintLayers(QPainter &painter, const QRectF &fitted)
+{
+    const std::vector<int> changed = m_source->Animation.Changes(m_painted, m_values);
+    m_painted = m_values;
+    m_layers.Paint(painter, fitted, Moment(), changed);
 }
 
 void SvgMovie::SetVariable(const QString &name, const QString &value)
@@ -89,6 +139,7 @@ void SvgMovie::Color(const QByteArray &color)
     }
     m_values = m_source->Animation.At(m_document, m_time);
     m_stale = true;
+    m_layers = SvgLayers();
 }
 
 void SvgMovie::SetProperty(const QString &target, int property, const QString &value)
@@ -107,6 +158,7 @@ void SvgMovie::SetProperty(const QString &target, int property, const QString &v
         group.Set("display", "none");
     m_values = m_source->Animation.At(m_document, m_time);
     m_stale = true;
+    m_layers = SvgLayers();
 }
 
 bool SvgMovie::Advance(int milliseconds)

@@ -4,6 +4,7 @@
 #include "platform/movies/movie_reader.h"
 #include "platform/movies/pick_map.h"
 #include "platform/movies/svg_animation.h"
+#include "platform/movies/svg_layers.h"
 
 #include <QSvgRenderer>
 
@@ -14,9 +15,13 @@ namespace platform {
 
 // What all readers of one file share. Kept once per process; readers change copies.
 struct SvgSource {
-    explicit SvgSource(SvgDocument document) : Document(std::move(document)), Animation(Document) {}
+    explicit SvgSource(SvgDocument document)
+        : Document(std::move(document)), Animation(Document), CanCut(SvgLayers::CanCut(Document))
+    {
+    }
     const SvgDocument Document;
     const SvgAnimation Animation;
+    const bool CanCut; // into layers
     // By width, height and shown parts. Made when asked; a resized window drops the old ones.
     std::map<std::tuple<int, int, unsigned>, std::shared_ptr<const PickMap>> PickMaps;
 };
@@ -37,6 +42,10 @@ public:
 
 private:
     void Color(const QByteArray &color);
+    void PaintWhole(QPainter &painter, const QRectF &fitted);
+    void PaintStill(QPainter &painter, const QRectF &fitted);
+    void PaintLayers(QPainter &painter, const QRectF &fitted);
+    SvgDocument Moment() const;
     QByteArray ColorOf(const QByteArray &object) const;
 
     std::shared_ptr<SvgSource> m_source;
@@ -45,7 +54,10 @@ private:
     int m_time = 0;                // ms
     SvgAnimation::Values m_values; // at m_time
     QSvgRenderer m_renderer;
-    bool m_stale = true; // the renderer does not hold the present state yet
+    QByteArray m_text;   // the drawing as it is painted at rest
+    bool m_stale = true; // neither holds the present state yet
+    SvgLayers m_layers;
+    SvgAnimation::Values m_painted; // those that the layers hold
 };
 
 // The largest rectangle of the picture's proportions inside `target`, centred.

@@ -1,0 +1,201 @@
+// The child reads how a sentence about one part of two houses begins, and ends it with a button:
+// "equal" or "different". In a negative sentence the answer turns round.
+#include "exercises/form_es2.h"
+
+#include "core/lettering.h"
+#include "core/sounds.h"
+#include "frame/sentences.h"
+#include "platform/chance.h"
+
+using namespace platform;
+
+namespace {
+
+constexpr DisegnoEsercizio Disegno = {
+    .Nome = "FormEs2",
+    .Larghezza = 9180,
+    .Altezza = 5790,
+    .Sfondo = 0x0000FFFF,
+    .Livelli = 3,
+    .SogliaSalita = 7,
+    .NomeFiguraDaColorare = "mnuPag",
+    .NomeMerlino = "picMerlino",
+    .Merlino = {7800, 120, 1260, 1920},
+    .TastieraSinistra = 12720,
+    .TastieraManualeAlto = 2040,
+    .TastieraAutomaticaAlto = 2880,
+};
+
+constexpr int Fotogramma = 0; // the figures take no clicks here
+
+// Pieces of the sentences by part: how it opens, and the two words that end it. The door's "same"
+// is the masculine one, and its negative opening stands before that of the windows: meant.
+struct RigaParte {
+    int Positiva;
+    int Negativa;
+    int Uguale;
+    int Diverso;
+};
+constexpr std::array<RigaParte, 9> Righe = {{
+    {0, 0, 0, 0},
+    {20, 21, 8, 9},  // comignolo
+    {1, 22, 8, 9},   // tetto
+    {2, 23, 17, 18}, // pareti
+    {3, 25, 17, 18}, // finestre
+    {4, 24, 8, 19},  // porta
+    {5, 26, 8, 9},   // gradino
+    {28, 27, 8, 9},  // fumo
+    {30, 29, 8, 9},  // nuvole
+}};
+
+const RigaParte &Riga(int parte)
+{
+    return Righe.at(static_cast<size_t>(parte));
+}
+
+} // namespace
+
+FormEs2::FormEs2()
+    : EsercizioConFrase(Disegno, {120, 4080, 7455, 1095}, {120, 120, 3645, 3840}),
+      ShockwaveFlash2({*this, "ShockwaveFlash2"}, {3930, 120, 3645, 3840})
+{
+    Command1.Add(Primo, Place{7800, 2160, 1260, 825}, QStringLiteral("Uguali"));
+    Command1.Add(Secondo, Place{7800, 3120, 1260, 825}, QStringLiteral("Diversi"));
+    Command1.Add(Prossimo, Place{7800, 4440, 1260, 735});
+    VestiRisposte();
+}
+
+// --- Making the task ---
+
+void FormEs2::ApriFilemorlene()
+{
+    ApriFigura(ShockwaveFlash1, Fotogramma);
+    ApriFigura(ShockwaveFlash2, Fotogramma);
+    DoEvents();
+}
+
+void FormEs2::ImpostaColori()
+{
+    // The first failing statement leaves, and the pointer stays the hourglass: meant.
+    Skipping([&] {
+        SetMousePointer(platform::MousePointer::Hourglass);
+        for (int parte = 1; parte <= PartiDipinte; ++parte)
+            PreparaParte(parte, 4, 1);
+        for (const int parte : {Fumo, Nuvole})
+            PreparaParte(parte, 2, 0);
+        ColoraFigura(ShockwaveFlash1, Colore1);
+        ColoraFigura(ShockwaveFlash2, Colore2);
+        SetMousePointer(platform::MousePointer::Default);
+    });
+}
+
+// One part on both figures, of as many values from the first one on.
+void FormEs2::PreparaParte(int parte, int valori, int primo)
+{
+    Diverso(parte) = Integer16(Draw(2));
+    Usata(parte) = 0;
+    Colore1(parte) = Integer16(Draw(valori) + primo);
+    Colore2(parte) = Colore1(parte);
+    if (Diverso(parte) == 0)
+        return;
+    do
+        Colore2(parte) = Integer16(Draw(valori) + primo);
+    while (Colore2(parte) == Colore1(parte));
+}
+
+void FormEs2::ScriviFrase()
+{
+    switch (Livello) {
+    case 1:
+        return ScriviFrase1();
+    case 2:
+        return ScriviFrase2();
+    case 3:
+        return ScriviFrase3();
+    default:
+        return;
+    }
+}
+
+void FormEs2::ScriviFrase1()
+{
+    ScegliParte();
+    ComponiFrasePositiva();
+    Frase = FraseComposta;
+}
+
+void FormEs2::ScriviFrase2()
+{
+    ScegliParte();
+    ComponiFraseNegativa();
+    Frase = FraseComposta;
+}
+
+void FormEs2::ScriviFrase3()
+{
+    if (Draw(10) % 2 != 0)
+        ScriviFrase2();
+    else
+        ScriviFrase1();
+}
+
+// A part that has not been asked since the last colouring: four tasks share eight parts.
+void FormEs2::ScegliParte()
+{
+    do
+        QualeParte = Integer16(Draw(8) + 1);
+    while (Usata(QualeParte) == 1);
+    Usata(QualeParte) = 1;
+}
+
+void FormEs2::ComponiFrasePositiva()
+{
+    FraseComposta = Messaggi(Riga(QualeParte).Positiva);
+    IntitolaRisposte();
+}
+
+void FormEs2::ComponiFraseNegativa()
+{
+    FraseComposta = Messaggi(Riga(QualeParte).Negativa);
+    IntitolaRisposte();
+    // Stays turned round until the next colouring, and nobody asks the part again before it.
+    Diverso(QualeParte) = Diverso(QualeParte) == 0 ? 1 : 0;
+}
+
+// The answers agree with the noun of the part.
+void FormEs2::IntitolaRisposte()
+{
+    Command1(Primo).SetCaption(Messaggi(Riga(QualeParte).Uguale));
+    Command1(Secondo).SetCaption(Messaggi(Riga(QualeParte).Diverso));
+}
+
+void FormEs2::MostraFrase()
+{
+    Frase = InStile(Frase);
+    // Capitals are for the answers too; small letters leave them as the language has them.
+    if (TipoCarattere == QStringLiteral("maiuscolo"))
+        for (const int risposta : {Primo, Secondo})
+            Command1(risposta).SetCaption(InMaiuscolo(Command1(risposta).Caption()));
+    Label1.SetCaption(Frase);
+}
+
+// A change of level makes a task that nobody sees before the one that is shown: meant.
+void FormEs2::DopoIlCambio()
+{
+    GeneraEsercizio();
+}
+
+// --- Answers by pointer ---
+
+void FormEs2::RispostaEsattaConPuntatore()
+{
+    ContaEsatto();
+    // The sentence stands complete on the screen; by scanning it does not: meant.
+    Label1.SetCaption(Label1.Caption() + Messaggi(0) + Command1(IndiceGiusto()).Caption());
+    PremiaSeServe();
+    ScriviPannelloEsatti();
+    SuonoEsatto();
+    Command1(Primo).SetEnabled(false);
+    Command1(Secondo).SetEnabled(false);
+    Command1(Prossimo).SetEnabled(true);
+}

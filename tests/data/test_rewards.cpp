@@ -1,0 +1,300 @@
+// The reward movies that lie beside the program: every one is found, plays, changes and ends, and
+// nothing in its file is lost on our reader.
+#include "platform/movies/movie_formats.h"
+#include "platform/movies/svg_animation.h"
+#include "platform/movies/svg_document.h"
+
+#include <QDir>
+#include <QDomDocument>
+#include <QFile>
+#include <QImage>
+#include <QPainter>
+#include <QSet>
+#include <QSvgRenderer>
+#include <QTest>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using platform::MovieReader;
+using platform::SvgAnimation;
+using platform::SvgDocument;
+
+constexpr int Fewest = 8;
+constexpr int FrameMilliseconds = 40;
+// A third of the size of the drawings, so that the whole takes seconds only.
+constexpr QSize Small(210, 270);
+
+QString Folder()
+{
+    return QStringLiteral(SOURCE_DIR "/data/animazioni/");
+}
+
+QByteArray Content(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QImage Painted(MovieReader &movie, QSize size)
+{
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    movie.Paint(painter, image.rect());
+    return image;
+}
+
+// The drawing of one moment, rendered in one go.
+QImage Whole(const SvgDocument &document, int milliseconds)
+{
+    const SvgAnimation animation(document);
+    SvgDocument moment = document;
+    animation.Apply(animation.At(document, milliseconds), moment);
+    QSvgRenderer renderer(platform::SvgText(moment));
+    QImage image(Small, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    renderer.render(&painter, QRectF(image.rect()));
+    return image;
+}
+
+// Pixels in which two pictures differ by more than `most` in any channel.
+int Different(const QImage &one, const QImage &other, int most = 0)
+{
+    int count = 0;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x) {
+            const QRgb a = one.pixel(x, y);
+            const QRgb b = other.pixel(x, y);
+            const int difference =
+                std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                          std::abs(qBlue(a) - qBlue(b)), std::abs(qAlpha(a) - qAlpha(b))});
+            count += difference > most ? 1 : 0;
+        }
+    return count;
+}
+
+// What our reader keeps and the renderer draws, by element.
+const QMap<QString, QSet<QString>> &Understood()
+{
+    static const auto set = [](const char *names) {
+        const QStringList list = QString::fromLatin1(names).split(u' ');
+        return QSet<QString>(list.begin(), list.end());
+    };
+    static const QString paint = QStringLiteral(
+        "transform display fill fill-opacity stroke stroke-opacity stroke-width stroke-linecap "
+        "stroke-linejoin");
+    static const auto shape = [](const char *names) {
+        return set((paint + QLatin1Char(' ') + QLatin1String(names)).toLatin1().constData());
+    };
+    static const QString times = QStringLiteral("begin dur fill repeatCount");
+    static const auto animation = [](const char *names) {
+        return set((times + QLatin1Char(' ') + QLatin1String(names)).toLatin1().constData());
+    };
+    static const QMap<QString, QSet<QString>> names{
+        {QStringLiteral("svg"), set("xmlns width height viewBox")},
+        {QStringLiteral("g"), set(paint.toLatin1().constData())},
+        {QStringLiteral("path"), shape("d")},
+        {QStringLiteral("rect"), shape("x y width height")},
+        {QStringLiteral("circle"), shape("cx cy r")},
+        {QStringLiteral("ellipse"), shape("cx cy rx ry")},
+        {QStringLiteral("set"), set("attributeName begin to")},
+        {QStringLiteral("animate"), animation("attributeName values keyTimes calcMode keySplines")},
+        {QStringLiteral("animateTransform"),
+         animation("attributeName type values keyTimes calcMode keySplines")}};
+    return names;
+}
+
+// Elements below and with this one; what is not understood goes to `foreign`.
+int CountElements(const QDomElement &element, QStringList &foreign)
+{
+    const auto known = Understood().constFind(element.tagName());
+    if (known == Understood().constEnd()) {
+        foreign << element.tagName();
+    } else {
+        const QDomNamedNodeMap attributes = element.attributes();
+        for (int i = 0; i < attributes.count(); ++i)
+            if (!known->contains(attributes.item(i).nodeName()))
+                foreign << element.tagName() + QLatin1Char(' ') + attributes.item(i).nodeName();
+    }
+    int count = 1;
+    for (QDomElement child = element.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement())
+        count += CountElements(child, foreign);
+    return count;
+}
+
+} // namespace
+
+class TestRewards : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void thereAreEightOrMoreNumberedWithoutGap();
+    void allOfThemLieBesideTheProgram();
+    void eachLastsFourToTenSeconds_data() { Rewards(); }
+    void eachLastsFourToTenSeconds();
+    void theFirstPictureHasNoHoles_data() { Rewards(); }
+    void theFirstPictureHasNoHoles();
+    void thereIsSomethingNewToSeeInEachPart_data() { Rewards(); }
+    void thereIsSomethingNewToSeeInEachPart();
+    void theLastPictureStands_data() { Rewards(); }
+    void theLastPictureStands();
+    void nothingInTheFileIsLeftOut_data() { Rewards(); }
+    void nothingInTheFileIsLeftOut();
+    void everyAnimationIsUnderstoodAndEnds_data() { Rewards(); }
+    void everyAnimationIsUnderstoodAndEnds();
+    void aPlayedFrameIsTheDrawingOfItsMoment_data() { Rewards(); }
+    void aPlayedFrameIsTheDrawingOfItsMoment();
+
+private:
+    static void Rewards();
+    static QByteArray Current();
+};
+
+void TestRewards::Rewards()
+{
+    QTest::addColumn<QString>("name");
+    const QStringList names = QDir(Folder()).entryList(QDir::Files);
+    for (const QString &name : names)
+        QTest::newRow(qPrintable(name)) << name;
+}
+
+QByteArray TestRewards::Current()
+{
+    QFETCH(QString, name);
+    return Content(Folder() + name);
+}
+
+void TestRewards::thereAreEightOrMoreNumberedWithoutGap()
+{
+    const QStringList names = QDir(Folder()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    QVERIFY(names.size() >= Fewest);
+    for (qsizetype number = 1; number <= names.size(); ++number)
+        QVERIFY2(names.contains(QString::number(number) + QStringLiteral(".svg")),
+                 qPrintable(QString::number(number)));
+}
+
+void TestRewards::allOfThemLieBesideTheProgram()
+{
+    const QString beside = QStringLiteral(APPLICATION_DIR "/animazioni/");
+    const QStringList names = QDir(Folder()).entryList(QDir::Files);
+    QCOMPARE(QDir(beside).entryList(QDir::Files), names);
+    for (const QString &name : names)
+        QCOMPARE(Content(beside + name), Content(Folder() + name));
+}
+
+void TestRewards::eachLastsFourToTenSeconds()
+{
+    const auto movie = platform::ReadMovie(Current());
+    QVERIFY(movie);
+    QCOMPARE(movie->Size(), QSizeF(700, 900));
+    QVERIFY(movie->Duration() >= 4000);
+    QVERIFY(movie->Duration() <= 10000);
+}
+
+void TestRewards::theFirstPictureHasNoHoles()
+{
+    const auto movie = platform::ReadMovie(Current());
+    QVERIFY(movie);
+    const QImage picture = Painted(*movie, {700, 900});
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            if (qAlpha(picture.pixel(x, y)) != 255)
+                QFAIL(qPrintable(QStringLiteral("see-through at %1, %2").arg(x).arg(y)));
+}
+
+void TestRewards::thereIsSomethingNewToSeeInEachPart()
+{
+    constexpr int Parts = 8;
+    const auto movie = platform::ReadMovie(Current());
+    QVERIFY(movie);
+    QImage before = Painted(*movie, Small);
+    for (int part = 1; part <= Parts; ++part) {
+        int most = 0;
+        QImage now;
+        for (int step = 1; step <= 4; ++step) {
+            movie->Advance(movie->Duration() * (4 * (part - 1) + step) / (4 * Parts));
+            now = Painted(*movie, Small);
+            most = std::max(most, Different(before, now));
+        }
+        // A twinkling eye would be too little: about a finger's width in the picture.
+        QVERIFY2(most > Small.width() * Small.height() / 500,
+                 qPrintable(QStringLiteral("part %1: %2 pixels").arg(part).arg(most)));
+        before = now;
+    }
+}
+
+void TestRewards::theLastPictureStands()
+{
+    const auto movie = platform::ReadMovie(Current());
+    QVERIFY(movie);
+    const int duration = movie->Duration();
+    int time = 0;
+    for (; time < duration; time += FrameMilliseconds)
+        movie->Advance(time);
+    movie->Advance(time);
+    const QImage last = Painted(*movie, Small);
+    for (const int later : {1, FrameMilliseconds, 60 * 1000}) {
+        QVERIFY(!movie->Advance(time + later));
+        QCOMPARE(Painted(*movie, Small), last);
+    }
+    // What jumps at the very end would not be seen at 25 frames a second but in the end picture.
+    const auto again = platform::ReadMovie(Current());
+    again->Advance(duration - 1);
+    QVERIFY(Different(Painted(*again, Small), last, 40) < Small.width() * Small.height() / 500);
+}
+
+void TestRewards::nothingInTheFileIsLeftOut()
+{
+    QDomDocument file;
+    QVERIFY(file.setContent(Current()));
+    QStringList foreign;
+    const int elements = CountElements(file.documentElement(), foreign);
+    QVERIFY2(foreign.isEmpty(), qPrintable(foreign.join(QStringLiteral(", "))));
+    const auto document = platform::ParseSvg(Current());
+    QVERIFY(document);
+    QCOMPARE(static_cast<int>(document->Elements.size()), elements);
+}
+
+void TestRewards::everyAnimationIsUnderstoodAndEnds()
+{
+    const auto document = platform::ParseSvg(Current());
+    QVERIFY(document);
+    const int duration = SvgAnimation(*document).Duration();
+    int animations = 0;
+    for (int index = 0; index < static_cast<int>(document->Elements.size()); ++index) {
+        const platform::SvgElement &element = document->Elements[static_cast<size_t>(index)];
+        if (!platform::IsAnimation(element))
+            continue;
+        ++animations;
+        const auto track = platform::CompileTrack(*document, index);
+        const QByteArray what = element.Name + ' ' + element.Value("values");
+        QVERIFY2(track, what.constData());
+        // A "set" without a length holds for ever and costs nothing.
+        QVERIFY2(track->Cycle <= 0 || track->End() <= duration, what.constData());
+        QVERIFY2(track->Cycle <= 0 || track->Freeze, what.constData());
+    }
+    QVERIFY(animations > 0);
+}
+
+void TestRewards::aPlayedFrameIsTheDrawingOfItsMoment()
+{
+    // Painting layer over layer rounds more often.
+    constexpr int Rounding = 6;
+    const auto document = platform::ParseSvg(Current());
+    const auto movie = platform::ReadMovie(Current());
+    QVERIFY(document && movie);
+    for (int time = 0; time <= movie->Duration(); time += FrameMilliseconds) {
+        movie->Advance(time);
+        const QImage played = Painted(*movie, Small);
+        if (time % (FrameMilliseconds * 5) == 0)
+            QCOMPARE(Different(played, Whole(*document, time), Rounding), 0);
+    }
+}
+
+QTEST_MAIN(TestRewards)
+#include "test_rewards.moc"

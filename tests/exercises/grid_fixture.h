@@ -1,0 +1,55 @@
+// What the tests of the two exercises with a grid of houses share.
+#pragma once
+
+#include "exercises/figure_grid.h"
+#include "support/exercise_fixture.h"
+#include "support/sentence_reader.h"
+
+// The draws of a task: the figure described, a colour for the six parts of each figure and its
+// smoke and clouds, then the order of the eight lines.
+inline QList<ScriptedDraw> GridTask(int figures, int described, const QList<int> &colours = {})
+{
+    QList<ScriptedDraw> draws = {{figures, described}};
+    for (int figure = 0; figure < figures; ++figure) {
+        const int colour = figure < colours.size() ? colours.at(figure) : 1;
+        draws += Colouring({colour, colour, colour, colour, colour, colour}, 0, 0);
+    }
+    for (int part = 0; part < 8; ++part)
+        draws << ScriptedDraw{8, part};
+    return draws;
+}
+
+inline void ClickOnFigure(GrigliaFigure &form, int figure)
+{
+    form.ShockwaveFlash1(figure).OnFSCommand(QStringLiteral("0"), QString());
+}
+
+inline QList<int> FiguresShown(const GrigliaFigure &form)
+{
+    QList<int> shown;
+    for (const platform::MovieControl &figure : form.ShockwaveFlash1)
+        if (figure.Visible())
+            shown << figure.Index();
+    return shown;
+}
+
+// As a child reads: every line of the description is true of the figure.
+inline bool FitsDescription(const GrigliaFigure &form, int figure)
+{
+    bool fits = true;
+    for (const QString &line : form.Text1.Text().split(QStringLiteral("\r\n"), Qt::SkipEmptyParts))
+        fits = SentenceIsTrue(line, form.ShockwaveFlash1(figure).Shown()) && fits;
+    return fits;
+}
+
+// Whether the frame stands on that figure.
+inline bool FrameIsOn(const GrigliaFigure &form, int figure)
+{
+    return form.Shape1.Visible() && form.Shape1.Left() == form.ShockwaveFlash1(figure).Left() &&
+           form.Shape1.Top() == form.ShockwaveFlash1(figure).Top();
+}
+
+inline bool IsDoneByScanning(const GrigliaFigure &form)
+{
+    return form.Command1(0).BackColor() == platform::ToColor(ColorePulsantiSelezionati);
+}

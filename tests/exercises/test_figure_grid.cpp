@@ -1,0 +1,307 @@
+// What the two exercises with a grid of houses share: grids, description, the walk of the frame.
+#include "exercises/form_es6.h"
+#include "exercises/form_es7.h"
+
+#include "exercises/grid_fixture.h"
+#include "support/expected_text.h"
+
+#include <QSet>
+#include <QTest>
+
+using namespace platform;
+
+namespace {
+
+GrigliaFigure &OpenGrid(Player &player, int exercise)
+{
+    if (exercise == 6)
+        return player.Open<FormEs6>();
+    return player.Open<FormEs7>();
+}
+
+} // namespace
+
+class TestFigureGrid : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void bothExercises_data()
+    {
+        QTest::addColumn<int>("exercise");
+        QTest::newRow("Trova gli intrusi") << 6;
+        QTest::newRow("Indovina chi?") << 7;
+    }
+
+    void theLevelsShowTheirGrids_data() { bothExercises_data(); }
+    void theLevelsShowTheirGrids()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Seed(1);
+        GrigliaFigure &form = OpenGrid(player, exercise);
+        const QList<int> figures = {2, 4, 6, 9, 12};
+        const QList<const ControlArray<Frame> *> templates = {
+            &form.Frame1, &form.Frame2, &form.Frame3, &form.Frame4, &form.Frame5};
+        for (const QSize size : {QSize(1024, 768), QSize(1366, 768), QSize(3840, 2160)}) {
+            player.Host.ScreenSizeNow = {size.width(), size.height()};
+            form.Move(0, 0, size.width() * 15.0, size.height() * 15.0);
+            QCoreApplication::processEvents();
+            for (int level = 1; level <= 5; ++level) {
+                form.mnuLiv.OnClick(level);
+                QCOMPARE(form.NumeroFigure, static_cast<int16_t>(figures.at(level - 1)));
+                QCOMPARE(FiguresShown(form).size(), figures.at(level - 1));
+                for (const int figure : FiguresShown(form)) {
+                    const Frame &place = (*templates.at(level - 1))(figure);
+                    const MovieControl &shown = form.ShockwaveFlash1(figure);
+                    QCOMPARE(shown.Left(), place.Left());
+                    QCOMPARE(shown.Top(), place.Top());
+                    QCOMPARE(shown.Width(), place.Width());
+                    QCOMPARE(shown.Height(), place.Height());
+                    QVERIFY(!place.Visible());
+                    // Beside the description, and above the instruction.
+                    QVERIFY(shown.Left() + shown.Width() <= form.Text1.Left());
+                    QVERIFY(shown.Top() + shown.Height() <= form.Label1.Top());
+                }
+                QCOMPARE(form.Shape1.Width(), form.ShockwaveFlash1(0).Width() + 18);
+                QCOMPARE(form.Shape1.Height(), form.ShockwaveFlash1(0).Height() + 18);
+            }
+        }
+    }
+
+    void aTaskTakesItsStepsInOrder_data() { bothExercises_data(); }
+    void aTaskTakesItsStepsInOrder()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        player.Host.Expect(GridTask(2, 1, {2, 3}));
+        GrigliaFigure &form = OpenGrid(player, exercise);
+        QVERIFY(!player.Host.DrawsLeft());
+        QStringList steps;
+        for (const QString &event : player.Host.TakeEvents())
+            if (event.startsWith(QStringLiteral("ShockwaveFlash1(")) &&
+                !event.contains(QStringLiteral("Visible")))
+                steps << event.section(QLatin1Char('.'), 1).section(QLatin1Char('='), 0, 0);
+        QStringList expected;
+        for (int figure = 0; figure < 2; ++figure)
+            expected << QStringLiteral("Movie") << QStringLiteral("GotoFrame")
+                     << QStringLiteral("MousePointer");
+        for (int figure = 0; figure < 2; ++figure) {
+            expected << QStringLiteral("BGColor");
+            for (int call = 0; call < 12; ++call)
+                expected << QStringLiteral("SetVariable");
+            expected << QStringLiteral("TSetProperty") << QStringLiteral("TSetProperty");
+        }
+        QCOMPARE(steps, expected);
+        QCOMPARE(form.FiguraCercata, int16_t{1});
+        QVERIFY(form.ShockwaveFlash1(0).Shown().startsWith(QStringLiteral("comignolo FF0000")));
+        QVERIFY(form.ShockwaveFlash1(1).Shown().contains(QStringLiteral("finestre 0000FF")));
+        QCOMPARE(form.Text1.Text(),
+                 QStringLiteral("Il comignolo è blu.\r\nIl tetto è blu.\r\nLe pareti sono "
+                                "blu.\r\nLe finestre sono blu.\r\nLa porta è blu.\r\nIl gradino è "
+                                "blu.\r\nNon c'è il fumo.\r\nNon ci sono le nuvole.\r\n"));
+        QVERIFY(!form.Shape1.Visible());
+        QVERIFY(!form.Command1(0).Enabled());
+    }
+
+    void figuresTakeClicksInTheFrameOfTheMode_data() { bothExercises_data(); }
+    void figuresTakeClicksInTheFrameOfTheMode()
+    {
+        QFETCH(int, exercise);
+        for (const int mode : {0, 1, 2, 3})
+            for (const bool systemPointer : {false, true}) {
+                Player player;
+                ModoInput = static_cast<int16_t>(mode);
+                DisabilitaMousePersonalizzato = systemPointer;
+                player.Host.Seed(1);
+                OpenGrid(player, exercise);
+                const int frame = mode == 0 && !systemPointer ? 1 : 0;
+                QVERIFY(player.Host.Events.contains(
+                    QStringLiteral("ShockwaveFlash1(1).GotoFrame=%1").arg(frame)));
+            }
+    }
+
+    void aPartIsToldOnceAndInADrawnOrder_data() { bothExercises_data(); }
+    void aPartIsToldOnceAndInADrawnOrder()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        QList<ScriptedDraw> draws = GridTask(2, 0);
+        // The seventh line draws the roof again, and passes over it.
+        draws.insert(draws.size() - 2, ScriptedDraw{8, 1});
+        player.Host.Expect(draws);
+        const GrigliaFigure &form = OpenGrid(player, exercise);
+        QVERIFY(!player.Host.DrawsLeft());
+        QCOMPARE(form.Text1.Text().count(QStringLiteral("\r\n")), 8);
+    }
+
+    void theFrameWalksOverWhatIsVisible_data() { bothExercises_data(); }
+    void theFrameWalksOverWhatIsVisible()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = 3;
+        player.Host.Seed(1);
+        GrigliaFigure &form = OpenGrid(player, exercise);
+        const auto key = [&](Qt::Key name) { PressAndRelease(form.PictureScansioneManuale, name); };
+        QVERIFY(FrameIsOn(form, 0));
+        // Two figures side by side: up and down do nothing.
+        key(Qt::Key_Down);
+        key(Qt::Key_Up);
+        QCOMPARE(form.PosizioneScansione, int16_t{0});
+        key(Qt::Key_Left);
+        QVERIFY(FrameIsOn(form, 1));
+        form.mnuLiv.OnClick(4);
+        form.PosizioneScansione = 7;
+        key(Qt::Key_Down);
+        QCOMPARE(form.PosizioneScansione, int16_t{1});
+        key(Qt::Key_Up);
+        QCOMPARE(form.PosizioneScansione, int16_t{7});
+        key(Qt::Key_Right);
+        key(Qt::Key_Right);
+        QVERIFY(FrameIsOn(form, 0));
+        for (const int hidden : {1, 2, 3})
+            form.ShockwaveFlash1(hidden).SetVisible(false);
+        key(Qt::Key_Right);
+        QVERIFY(FrameIsOn(form, 4));
+        key(Qt::Key_Left);
+        QVERIFY(FrameIsOn(form, 0));
+        key(Qt::Key_Down);
+        QVERIFY(FrameIsOn(form, 6));
+        form.mnuLiv.OnClick(5);
+        key(Qt::Key_Down);
+        QVERIFY(FrameIsOn(form, 4));
+        key(Qt::Key_Up);
+        key(Qt::Key_Up);
+        QVERIFY(FrameIsOn(form, 8));
+    }
+
+    void aColumnWithoutFiguresLeavesTheFrameWhereItWas_data() { bothExercises_data(); }
+    void aColumnWithoutFiguresLeavesTheFrameWhereItWas()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = 3;
+        player.Host.Seed(1);
+        GrigliaFigure &form = OpenGrid(player, exercise);
+        form.mnuLiv.OnClick(4);
+        for (const int hidden : {1, 4, 7})
+            form.ShockwaveFlash1(hidden).SetVisible(false);
+        form.PosizioneScansione = 4;
+        for (const Qt::Key name : {Qt::Key_Down, Qt::Key_Up}) {
+            PressAndRelease(form.PictureScansioneManuale, name);
+            QCOMPARE(form.PosizioneScansione, int16_t{4});
+            QVERIFY(FrameIsOn(form, 4));
+        }
+    }
+
+    void theKeyboardIsTakenAfterTheStepAndNotWhenDone_data() { bothExercises_data(); }
+    void theKeyboardIsTakenAfterTheStepAndNotWhenDone()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = 2;
+        player.Host.Seed(1);
+        GrigliaFigure &form = OpenGrid(player, exercise);
+        form.PictureScansioneAutomatica.Widget()->clearFocus();
+        player.Host.Advance(1000);
+        QVERIFY(form.PictureScansioneAutomatica.HasFocus());
+        QVERIFY(FrameIsOn(form, 1));
+        form.PictureScansioneAutomatica.Widget()->clearFocus();
+        form.Command1(0).SetBackColor(ToColor(ColorePulsantiSelezionati));
+        player.Host.Advance(3000);
+        QVERIFY(!form.PictureScansioneAutomatica.HasFocus());
+        QVERIFY(FrameIsOn(form, 1));
+    }
+
+    void withOneColourForAllButtonsEveryChoiceAsksForANewTask_data() { bothExercises_data(); }
+    void withOneColourForAllButtonsEveryChoiceAsksForANewTask()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = 1;
+        ColorePulsantiSelezionati = ColoreBottoni;
+        player.Host.Seed(1);
+        GrigliaFigure &form = OpenGrid(player, exercise);
+        for (int choice = 0; choice < 5; ++choice) {
+            player.Host.TakeEvents();
+            PressAndRelease(form.PictureScansioneManuale, Qt::Key_Return);
+            QVERIFY(!player.Host.TakeEvents().filter(QStringLiteral("morlena0.swf")).isEmpty());
+        }
+        QCOMPARE(Esatti + Errati, 0);
+    }
+
+    void aLevelChosenWhenDoneAsksForANewTaskOnceMore_data() { bothExercises_data(); }
+    void aLevelChosenWhenDoneAsksForANewTaskOnceMore()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = 1;
+        player.Host.Seed(1);
+        GrigliaFigure &form = OpenGrid(player, exercise);
+        form.Command1(0).SetBackColor(ToColor(ColorePulsantiSelezionati));
+        player.Host.TakeEvents();
+        form.mnuLiv.OnClick(1);
+        QVERIFY(player.Host.TakeEvents().filter(QStringLiteral("morlena0.swf")).isEmpty());
+        QVERIFY(IsDoneByScanning(form));
+        PressAndRelease(form.PictureScansioneManuale, Qt::Key_Return);
+        QCOMPARE(Esatti + Errati, 0);
+        QVERIFY(!IsDoneByScanning(form));
+    }
+
+    void thePicturesAreNeverShown_data() { bothExercises_data(); }
+    void thePicturesAreNeverShown()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        player.Host.Seed(1);
+        GrigliaFigure &form = OpenGrid(player, exercise);
+        QVERIFY(!form.Picture1.Visible());
+        QVERIFY(!form.PicMerlino.Visible());
+        QCOMPARE(form.Image1(7).MousePointer(), platform::MousePointer::Custom);
+    }
+
+    void capitalsAreInThePlayersStyle_data() { bothExercises_data(); }
+    void capitalsAreInThePlayersStyle()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        TipoCarattere = QStringLiteral("maiuscolo");
+        player.Host.Expect(GridTask(2, 0));
+        const GrigliaFigure &form = OpenGrid(player, exercise);
+        QVERIFY(form.Text1.Text().startsWith(QStringLiteral("IL COMIGNOLO È VERDE.\r\n")));
+    }
+
+    void theSentencesAreThoseThatWereRead()
+    {
+        QStringList lines;
+        for (const int exercise : {6, 7}) {
+            Player player;
+            SuoniAttivi = false;
+            player.Host.Seed(80);
+            GrigliaFigure &form = OpenGrid(player, exercise);
+            form.LockDrawing(true);
+            QSet<QString> seen;
+            for (int task = 0; task < 200; ++task) {
+                form.mnuLiv.OnClick(1);
+                NumeroEserciziEseguiti = 1;
+                for (const QString &line :
+                     form.Text1.Text().split(QStringLiteral("\r\n"), Qt::SkipEmptyParts))
+                    seen << line;
+                player.Host.TakeEvents();
+            }
+            QStringList sorted(seen.cbegin(), seen.cend());
+            sorted.sort();
+            lines << QStringLiteral("exercise %1").arg(exercise) << form.Label1.Caption() << sorted;
+        }
+        CompareWithExpected(QStringLiteral("sentences_es6_es7.txt"), lines);
+    }
+};
+
+MORLENE_TEST_MAIN(TestFigureGrid)
+#include "test_figure_grid.moc"

@@ -1,0 +1,368 @@
+// "Uguali - 2°": differences that are found on the houses themselves.
+#include "exercises/form_es3.h"
+
+#include "support/exercise_fixture.h"
+#include "support/fair_tasks.h"
+#include "support/sentence_reader.h"
+
+#include <QTest>
+
+using namespace platform;
+
+namespace {
+
+const QList<int> AllGreen = {1, 1, 1, 1, 1, 1};
+
+// All green without smoke and clouds; then the parts that differ with their colours on the second.
+QList<ScriptedDraw> Task(const QList<ScriptedDraw> &differences)
+{
+    return Colouring(AllGreen, 0, 0) + differences;
+}
+
+const QList<ScriptedDraw> RedRoof = {{8, 1}, {4, 1}};
+
+void Click(MovieControl &figure, int part)
+{
+    figure.OnFSCommand(QString::number(part), QStringLiteral("unused"));
+}
+
+// Part numbers in which the two figures differ, by what is shown.
+QList<int> DifferencesShown(const FormEs3 &form)
+{
+    const QStringList one = form.ShockwaveFlash1.Shown().split(QStringLiteral(", "));
+    const QStringList other = form.ShockwaveFlash2.Shown().split(QStringLiteral(", "));
+    QList<int> parts;
+    for (int i = 0; i < one.size(); ++i)
+        if (one.at(i) != other.at(i))
+            parts << i + 1;
+    return parts;
+}
+
+} // namespace
+
+class TestFormEs3 : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theWindowStartsWithOneDifference()
+    {
+        Player player;
+        player.Host.Expect(Task({{8, 1}, {4, 0}, {4, 2}}));
+        auto &form = player.Open<FormEs3>();
+        // The colour is drawn until it differs.
+        QCOMPARE(DifferencesShown(form), QList<int>{2});
+        QVERIFY(form.ShockwaveFlash2.Shown().contains(QStringLiteral("tetto 0000FF")));
+        QVERIFY(!form.Command1(0).Enabled());
+        QVERIFY(form.Command1(1).Enabled());
+        QVERIFY(!form.Pannello.Visible());
+        QVERIFY(!form.PicMerlino.Visible());
+        QCOMPARE(form.StatusBar1.Panel(3), QStringLiteral("1 Livello"));
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
+    void onlyTheNextTaskButtonTakesThePlayersColour()
+    {
+        Player player;
+        ColoreBottoni = 0x00123456;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs3>();
+        QCOMPARE(form.Command1(0).BackColor(), Color{0x00123456});
+        QCOMPARE(form.Command1(1).BackColor(), SystemButtonFace);
+    }
+
+    void bothFiguresGoToTheSameFrame()
+    {
+        for (const int mode : {0, 1, 2, 3})
+            for (const bool systemPointer : {false, true}) {
+                Player player;
+                ModoInput = static_cast<int16_t>(mode);
+                DisabilitaMousePersonalizzato = systemPointer;
+                player.Host.Seed(1);
+                player.Open<FormEs3>();
+                const int frame = mode != 0 ? 0 : systemPointer ? 3 : 2;
+                for (const int figure : {1, 2})
+                    QVERIFY(player.Host.Events.contains(
+                        QStringLiteral("ShockwaveFlash%1.GotoFrame=%2").arg(figure).arg(frame)));
+            }
+    }
+
+    void theFigureThatIsClickedIsTheOneThatChanges()
+    {
+        for (const bool first : {true, false}) {
+            Player player;
+            player.Host.Expect(Task(RedRoof));
+            auto &form = player.Open<FormEs3>();
+            player.Host.TakeEvents();
+            player.Host.Expect({{6, 0}});
+            Click(first ? form.ShockwaveFlash1 : form.ShockwaveFlash2, 2);
+            QVERIFY(DifferencesShown(form).isEmpty());
+            const QString roof =
+                QStringLiteral("tetto %1")
+                    .arg(first ? QStringLiteral("FF0000") : QStringLiteral("00FF00"));
+            QVERIFY(form.ShockwaveFlash1.Shown().contains(roof));
+            const QStringList events = player.Host.TakeEvents();
+            const QString figure =
+                first ? QStringLiteral("ShockwaveFlash1.") : QStringLiteral("ShockwaveFlash2.");
+            // The whole figure is painted, then the counter, the button, the sound.
+            QCOMPARE(events.first(), figure + QStringLiteral("BGColor=FFFFCC"));
+            QCOMPARE(events.filter(QStringLiteral("SetVariable")).size(), 12);
+            QCOMPARE(events.mid(events.size() - 3),
+                     QStringList({QStringLiteral("StatusBar1.Panels(1)=1 Esatti"),
+                                  QStringLiteral("Command1(0).Enabled=True"),
+                                  QStringLiteral("suono si/1.wav")}));
+            // The task is done: a click does nothing, right or wrong.
+            Click(form.ShockwaveFlash1, 2);
+            Click(form.ShockwaveFlash2, 5);
+            QCOMPARE(player.Host.TakeEvents(), QStringList());
+        }
+    }
+
+    void aWrongClickLeavesBothFigures()
+    {
+        Player player;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs3>();
+        const QString one = form.ShockwaveFlash1.Shown();
+        player.Host.TakeEvents();
+        player.Host.Expect({{4, 1}, {4, 1}});
+        Click(form.ShockwaveFlash1, 3);
+        QCOMPARE(player.Host.TakeEvents(),
+                 QStringList({QStringLiteral("suono no/2.wav"),
+                              QStringLiteral("StatusBar1.Panels(2)=1 Errati")}));
+        Click(form.ShockwaveFlash2, 8);
+        QCOMPARE(Errati, int16_t{2});
+        QCOMPARE(form.ShockwaveFlash1.Shown(), one);
+    }
+
+    void smokeOnOneFigureOnlyGoesOrComes()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Task({{8, 6}, {2, 0}, {2, 1}}));
+        auto &form = player.Open<FormEs3>();
+        QVERIFY(form.ShockwaveFlash2.Shown().contains(QStringLiteral("fumo 1")));
+        Click(form.ShockwaveFlash2, 7);
+        QVERIFY(form.ShockwaveFlash2.Shown().contains(QStringLiteral("fumo 0")));
+        QVERIFY(form.Command1(0).Enabled());
+    }
+
+    void byPointerARepairedPartGoesOnBeingRight()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs3>();
+        player.Host.Expect(Task({{8, 1}, {4, 1}, {8, 1}, {8, 0}, {4, 1}}));
+        form.mnuLiv.OnClick(2);
+        QCOMPARE(DifferencesShown(form), QList<int>({1, 2}));
+        Click(form.ShockwaveFlash1, 2);
+        Click(form.ShockwaveFlash1, 2);
+        QCOMPARE(Esatti, 2);
+        QVERIFY(form.Command1(0).Enabled());
+        QCOMPARE(DifferencesShown(form), QList<int>{1});
+    }
+
+    void theButtonsAnswerTheMouseInEveryMode()
+    {
+        for (const int mode : {0, 1, 2, 3}) {
+            Player player;
+            SuoniAttivi = false;
+            ModoInput = static_cast<int16_t>(mode);
+            player.Host.Seed(2);
+            auto &form = player.Open<FormEs3>();
+            ClickOn(form.Command1(1));
+            QVERIFY(form.Pannello.Visible());
+            QVERIFY(form.Label1.Caption().startsWith(QStringLiteral("Guarda le due morlene.")));
+            QCOMPARE(form.Label1.Caption().contains(QStringLiteral("Clicca")), mode == 0);
+            form.Label1.OnClick();
+            QVERIFY(!form.Pannello.Visible());
+            player.Host.TakeEvents();
+            form.Command1.OnClick(0);
+            QVERIFY(player.Host.TakeEvents().contains(QStringLiteral("FormEs3.MousePointer=11")));
+        }
+    }
+
+    void theInstructionIsInThePlayersCapitals()
+    {
+        Player player;
+        TipoCarattere = QStringLiteral("maiuscolo");
+        player.Host.Seed(2);
+        QVERIFY(player.Open<FormEs3>().Label1.Caption().startsWith(
+            QStringLiteral("GUARDA LE DUE MORLENE.")));
+    }
+
+    void inScanningSmokeAndCloudsAreAlwaysThereAndNeverDiffer()
+    {
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = 1;
+        // They are drawn and overruled; the parts come of six.
+        player.Host.Expect(Colouring(AllGreen, 0, 0) + QList<ScriptedDraw>{{6, 1}, {4, 1}});
+        auto &form = player.Open<FormEs3>();
+        for (const MovieControl *figure : {&form.ShockwaveFlash1, &form.ShockwaveFlash2})
+            QVERIFY(figure->Shown().endsWith(QStringLiteral("fumo 1, nuvole 1")));
+        QVERIFY(!player.Host.DrawsLeft());
+        player.Host.Seed(8);
+        for (int task = 0; task < 200; ++task) {
+            form.mnuLiv.OnClick(4);
+            NumeroEserciziEseguiti = 1;
+            QCOMPARE(DifferencesShown(form).size(), 4);
+            QVERIFY(DifferencesShown(form).last() <= 6);
+        }
+    }
+
+    void theHighlightIsAnOutlineOfTheSecondFigure()
+    {
+        Player player;
+        ModoInput = 3;
+        ColorePulsantiSelezionati = 0x00AABBCC;
+        player.Host.Expect(Colouring(AllGreen, 0, 0) + QList<ScriptedDraw>{{6, 1}, {4, 1}});
+        auto &form = player.Open<FormEs3>();
+        player.Host.TakeEvents();
+        QCOMPARE(form.PosizioneScansione, int16_t{1});
+        PressAndRelease(form.PictureScansioneManuale, Qt::Key_Right);
+        const QStringList events = player.Host.TakeEvents();
+        QCOMPARE(events.size(), 18);
+        QCOMPARE(events.at(0), QStringLiteral("ShockwaveFlash2.SetVariable=QualeOggetto "
+                                              "comignolo.contorno"));
+        QCOMPARE(events.at(1),
+                 QStringLiteral("ShockwaveFlash2.SetVariable=TestoColore.QualeColore 000000"));
+        QCOMPARE(events.at(14), QStringLiteral("ShockwaveFlash2.SetVariable=QualeOggetto "
+                                               "nuvole.contorno"));
+        QCOMPARE(events.at(16), QStringLiteral("ShockwaveFlash2.SetVariable=QualeOggetto "
+                                               "tetto.contorno"));
+        QCOMPARE(events.at(17),
+                 QStringLiteral("ShockwaveFlash2.SetVariable=TestoColore.QualeColore CCBBAA"));
+        // Round over eight parts, both ways.
+        PressAndRelease(form.PictureScansioneManuale, Qt::Key_Left);
+        PressAndRelease(form.PictureScansioneManuale, Qt::Key_Up);
+        QCOMPARE(form.PosizioneScansione, int16_t{8});
+        PressAndRelease(form.PictureScansioneManuale, Qt::Key_Down);
+        QCOMPARE(form.PosizioneScansione, int16_t{1});
+    }
+
+    void scanningRepairsTheSecondFigureAndThenWaits_data()
+    {
+        QTest::addColumn<int>("mode");
+        for (const int mode : {1, 2, 3})
+            QTest::addRow("mode %d", mode) << mode;
+    }
+
+    void scanningRepairsTheSecondFigureAndThenWaits()
+    {
+        QFETCH(int, mode);
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = static_cast<int16_t>(mode);
+        player.Host.Expect(Colouring(AllGreen, 0, 0) + QList<ScriptedDraw>{{6, 1}, {4, 1}});
+        auto &form = player.Open<FormEs3>();
+        player.Host.Expect(Colouring(AllGreen, 0, 0) +
+                           QList<ScriptedDraw>{{6, 1}, {4, 1}, {6, 2}, {4, 1}});
+        form.mnuLiv.OnClick(2);
+        PictureBox &target =
+            mode == 2 ? form.PictureScansioneAutomatica : form.PictureScansioneManuale;
+        const auto step = [&] {
+            if (mode == 2)
+                player.Host.Advance(form.Timer1.Interval());
+            else
+                PressAndRelease(target, mode == 1 ? Qt::Key_Space : Qt::Key_Right);
+        };
+        const auto choose = [&] {
+            PressAndRelease(target, mode == 2 ? Qt::Key_Space : Qt::Key_Return);
+        };
+        choose();
+        QCOMPARE(Errati, int16_t{1});
+        step();
+        choose();
+        QCOMPARE(Esatti, 1);
+        QVERIFY(form.ShockwaveFlash2.Shown().contains(QStringLiteral("tetto 00FF00")));
+        QCOMPARE(form.PosizioneScansione, int16_t{2});
+        // Repaired it is no difference any more, unlike by pointer.
+        choose();
+        QCOMPARE(Errati, int16_t{2});
+        step();
+        choose();
+        QCOMPARE(Esatti, 2);
+        QCOMPARE(form.PosizioneScansione, int16_t{9});
+        QCOMPARE(form.Command1(0).BackColor(), ToColor(ColorePulsantiSelezionati));
+        QVERIFY(!form.Command1(0).Enabled());
+        step();
+        QCOMPARE(form.PosizioneScansione, int16_t{9});
+        player.Host.Expect(Colouring(AllGreen, 0, 0) +
+                           QList<ScriptedDraw>{{6, 1}, {4, 1}, {6, 2}, {4, 1}});
+        choose();
+        QCOMPARE(form.PosizioneScansione, int16_t{1});
+        QCOMPARE(form.Command1(0).BackColor(), ToColor(ColoreBottoni));
+        QCOMPARE(Esatti, 2);
+    }
+
+    void aLevelChosenWhileWaitingLeavesTheButtonColoured()
+    {
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = 1;
+        player.Host.Expect(Colouring(AllGreen, 0, 0) + QList<ScriptedDraw>{{6, 0}, {4, 1}});
+        auto &form = player.Open<FormEs3>();
+        PressAndRelease(form.PictureScansioneManuale, Qt::Key_Return);
+        QCOMPARE(form.PosizioneScansione, int16_t{9});
+        player.Host.Seed(4);
+        form.mnuLiv.OnClick(1);
+        QCOMPARE(form.PosizioneScansione, int16_t{1});
+        QCOMPARE(form.Command1(0).BackColor(), ToColor(ColorePulsantiSelezionati));
+    }
+
+    void theMouseHasNoPartInScanning()
+    {
+        Player player;
+        ModoInput = 1;
+        player.Host.Seed(4);
+        auto &form = player.Open<FormEs3>();
+        player.Host.TakeEvents();
+        for (int part = 1; part <= 8; ++part)
+            Click(form.ShockwaveFlash2, part);
+        MoveOver(form.Command1(1));
+        QCOMPARE(player.Host.TakeEvents(), QStringList());
+    }
+
+    void eachLevelIsFairToTheChild_data()
+    {
+        QTest::addColumn<int>("level");
+        for (int level = 1; level <= 4; ++level)
+            QTest::addRow("level %d", level) << level;
+    }
+
+    void eachLevelIsFairToTheChild()
+    {
+        QFETCH(int, level);
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Seed(static_cast<uint32_t>(level) * 257);
+        auto &form = player.Open<FormEs3>();
+        if (level > 1)
+            form.mnuLiv.OnClick(level);
+        form.LockDrawing(true);
+        for (int task = 0; task < FairTasks; ++task) {
+            const QList<int> differ = DifferencesShown(form);
+            QCOMPARE(differ.size(), level);
+            const int right = Esatti;
+            int errors = Errati;
+            for (int part = 1; part <= 8; ++part)
+                if (!differ.contains(part)) {
+                    Click(form.ShockwaveFlash1, part);
+                    QCOMPARE(Errati, ++errors);
+                    break;
+                }
+            for (const int part : differ)
+                Click(task % 2 == 0 ? form.ShockwaveFlash1 : form.ShockwaveFlash2, part);
+            QCOMPARE(Esatti, right + level);
+            QVERIFY(DifferencesShown(form).isEmpty());
+            QVERIFY(form.Command1(0).Enabled());
+            Errati = 0;
+            form.Command1.OnClick(0);
+            player.Host.TakeEvents();
+        }
+    }
+};
+
+MORLENE_TEST_MAIN(TestFormEs3)
+#include "test_form_es3.moc"

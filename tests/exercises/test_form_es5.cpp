@@ -1,0 +1,448 @@
+// "Insiemi": the four kinds of sentence, the figures made to fit them, the two sets.
+#include "exercises/form_es5.h"
+
+#include "support/exercise_fixture.h"
+#include "support/expected_text.h"
+#include "support/fair_tasks.h"
+#include "support/sentence_reader.h"
+
+#include <QSet>
+#include <QTest>
+
+using namespace platform;
+
+namespace {
+
+// The outcome of 100, then the figure: eight draws.
+QList<ScriptedDraw> Figure(int outcome, const QList<int> &parts, int smoke, int clouds)
+{
+    return QList<ScriptedDraw>{{100, outcome}} + Colouring(parts, smoke, clouds);
+}
+
+const QList<int> AllGreen = {1, 1, 1, 1, 1, 1};
+
+// "Il tetto è rosso", which holds.
+QList<ScriptedDraw> RedRoof()
+{
+    return QList<ScriptedDraw>{{8, 1}, {4, 1}} + Figure(0, AllGreen, 0, 0);
+}
+
+// As a child reads the four kinds of sentence.
+bool HoldsOf(const QString &sentence, const QString &figure)
+{
+    QString text = sentence.toLower();
+    text.chop(1);
+    const QString atLeast = QStringLiteral("almeno una cosa è vera: che ");
+    const QString onlyOne = QStringLiteral("una cosa sola è vera: ");
+    if (text.startsWith(atLeast)) {
+        const QStringList both = text.mid(atLeast.size()).split(QStringLiteral(" o che "));
+        return SentenceIsTrue(both.first(), figure) || SentenceIsTrue(both.last(), figure);
+    }
+    if (text.startsWith(onlyOne)) {
+        const QStringList both =
+            text.mid(onlyOne.size()).section(QLatin1Char(','), 0, 0).split(QStringLiteral(" o "));
+        return SentenceIsTrue(both.first(), figure) != SentenceIsTrue(both.last(), figure);
+    }
+    // The step is called "i gradini" in some sentences.
+    return SentenceIsTrue(text.replace(QStringLiteral("gradini"), QStringLiteral("gradino")),
+                          figure);
+}
+
+// Series whose sentence does not tell all of the rule, required as they stand.
+bool IsOdd(const FormEs5 &form)
+{
+    if (form.Livello == 2)
+        return form.SecondoOggetto == 9 || (form.SecondoOggetto == 7 && form.SecondoColore > 1);
+    return form.Livello == 4 && form.SecondoOggetto == 8;
+}
+
+} // namespace
+
+class TestFormEs5 : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theSeriesStartsWithEmptySets()
+    {
+        Player player;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è rosso."));
+        QVERIFY(form.ShockwaveFlash1.Shown().contains(QStringLiteral("tetto FF0000")));
+        for (int i = 0; i < 10; ++i) {
+            QVERIFY(!form.ShockwaveFlash2(i).Visible());
+            QVERIFY(!form.ShockwaveFlash3(i).Visible());
+        }
+        QVERIFY(form.ShockwaveFlash1.Visible());
+        QVERIFY(!form.Command1(2).Enabled());
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
+    void aRightAnswerTakesItsStepsInOrder()
+    {
+        Player player;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        player.Host.TakeEvents();
+        player.Host.Expect({{6, 1}});
+        player.Host.Expect(Figure(1, AllGreen, 0, 0));
+        ClickOn(form.Command1(0));
+        QStringList kept;
+        for (const QString &event : player.Host.TakeEvents())
+            if (!event.contains(QStringLiteral("SetVariable")) &&
+                !event.contains(QStringLiteral("TSetProperty")))
+                kept << event;
+        QCOMPARE(kept, QStringList({QStringLiteral("StatusBar1.Panels(1)=1 Esatti"),
+                                    QStringLiteral("FormEs5.MousePointer=11"),
+                                    QStringLiteral("ShockwaveFlash2(0).BGColor=FFFFCC"),
+                                    QStringLiteral("ShockwaveFlash2(0).Visible=True"),
+                                    QStringLiteral("FormEs5.MousePointer=0"),
+                                    QStringLiteral("suono si/2.wav"),
+                                    QStringLiteral("FormEs5.MousePointer=11"),
+                                    QStringLiteral("ShockwaveFlash1.BGColor=FFFFCC"),
+                                    QStringLiteral("FormEs5.MousePointer=0")}));
+        QVERIFY(form.ShockwaveFlash2(0).Shown().contains(QStringLiteral("tetto FF0000")));
+        QCOMPARE(form.NumeroSi, int16_t{1});
+        player.Host.Expect({{6, 1}});
+        player.Host.Expect(Figure(0, AllGreen, 0, 0));
+        ClickOn(form.Command1(1));
+        QVERIFY(form.ShockwaveFlash3(0).Visible());
+        QCOMPARE(form.NumeroNo, int16_t{1});
+    }
+
+    void aWrongAnswerMovesNoFigure()
+    {
+        Player player;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        const QString figure = form.ShockwaveFlash1.Shown();
+        player.Host.TakeEvents();
+        player.Host.Expect({{4, 2}});
+        ClickOn(form.Command1(1));
+        QCOMPARE(player.Host.TakeEvents(),
+                 QStringList({QStringLiteral("suono no/3.wav"),
+                              QStringLiteral("StatusBar1.Panels(2)=1 Errati")}));
+        QCOMPARE(form.ShockwaveFlash1.Shown(), figure);
+        QCOMPARE(form.NumeroNo, int16_t{0});
+    }
+
+    void theSeriesEndsWhenOneSetIsFull()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        for (int i = 0; i < 9; ++i) {
+            player.Host.Expect(Figure(0, AllGreen, 0, 0));
+            ClickOn(form.Command1(0));
+        }
+        player.Host.TakeEvents();
+        ClickOn(form.Command1(0));
+        const QStringList events = player.Host.TakeEvents();
+        QCOMPARE(events.mid(events.size() - 4),
+                 QStringList({QStringLiteral("Command1(0).Enabled=False"),
+                              QStringLiteral("Command1(1).Enabled=False"),
+                              QStringLiteral("Command1(2).Enabled=True"),
+                              QStringLiteral("ShockwaveFlash1.Visible=False")}));
+        QVERIFY(form.ShockwaveFlash2(9).Visible());
+        QCOMPARE(Esatti, 10);
+        player.Host.Expect(QList<ScriptedDraw>{{8, 6}, {2, 0}} + Figure(1, AllGreen, 0, 0) +
+                           QList<ScriptedDraw>{{2, 0}, {2, 1}});
+        ClickOn(form.Command1(2));
+        // Smoke with value 0 at the outcome "fails": redrawn until it is there.
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Non c'è il fumo."));
+        QVERIFY(form.ShockwaveFlash1.Shown().contains(QStringLiteral("fumo 1")));
+        QVERIFY(!form.ShockwaveFlash2(0).Visible());
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
+    void scanningWaitsOnTheNextSeries()
+    {
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = 1;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        PictureBox &target = form.PictureScansioneManuale;
+        PressAndRelease(target, Qt::Key_Space);
+        QCOMPARE(form.BottoneScansione, int16_t{1});
+        PressAndRelease(target, Qt::Key_Space);
+        for (int i = 0; i < 9; ++i) {
+            player.Host.Expect(Figure(0, AllGreen, 0, 0));
+            PressAndRelease(target, Qt::Key_Return);
+            QCOMPARE(form.BottoneScansione, int16_t{0});
+        }
+        PressAndRelease(target, Qt::Key_Return);
+        QCOMPARE(form.BottoneScansione, int16_t{2});
+        QCOMPARE(form.Command1(0).BackColor(), ToColor(ColoreBottoni));
+        QCOMPARE(form.Command1(2).BackColor(), ToColor(ColorePulsantiSelezionati));
+        PressAndRelease(target, Qt::Key_Space);
+        QCOMPARE(form.BottoneScansione, int16_t{2});
+        player.Host.Expect(RedRoof());
+        PressAndRelease(target, Qt::Key_Return);
+        QCOMPARE(form.BottoneScansione, int16_t{0});
+        QCOMPARE(form.Command1(0).BackColor(), ToColor(ColorePulsantiSelezionati));
+    }
+
+    void andOfTwoClausesFailsWhenNotBothHold()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        // "The roof is red and the steps are blue": both are assigned, whatever was drawn.
+        player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 1}, {8, 5}, {4, 2}} +
+                           Figure(0, AllGreen, 0, 0));
+        form.mnuLiv.OnClick(2);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è rosso e i gradini sono blu."));
+        QVERIFY(form.ShockwaveFlash1.Shown().contains(QStringLiteral("tetto FF0000")));
+        QVERIFY(form.ShockwaveFlash1.Shown().contains(QStringLiteral("gradino 0000FF")));
+        // It fails: drawn true by chance, so both are drawn again, the first part first.
+        player.Host.Expect(Figure(1, {1, 2, 1, 1, 1, 3}, 0, 0) +
+                           QList<ScriptedDraw>{{4, 1}, {4, 2}, {4, 1}, {4, 0}});
+        form.Command1.OnClick(0);
+        QCOMPARE(form.IndiceEsatto, int16_t{1});
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
+    // Redrawn, the second part may be one that nothing has: its clause is empty and no figure of
+    // the series is ever sent, with either outcome.
+    void aNinthPartStopsEveryFigureOfItsSeries()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        const QString before = form.ShockwaveFlash1.Shown();
+        player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 2}, {8, 1}, {4, 0}, {9, 8}, {2, 1}} +
+                           Figure(0, {4, 4, 4, 4, 4, 4}, 1, 1));
+        form.mnuLiv.OnClick(2);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è blu."));
+        QCOMPARE(form.ShockwaveFlash1.Shown(), before);
+        QCOMPARE(form.MousePointer(), platform::MousePointer::Hourglass);
+        QCOMPARE(form.IndiceEsatto, int16_t{0});
+        // The copy shows what was never seen; both operands are looked at, so "fails" stops too.
+        player.Host.Expect(Figure(1, AllGreen, 0, 0));
+        form.Command1.OnClick(0);
+        QVERIFY(form.ShockwaveFlash2(0).Shown().contains(QStringLiteral("comignolo FFFF00")));
+        QCOMPARE(form.ShockwaveFlash1.Shown(), before);
+        QCOMPARE(form.MousePointer(), platform::MousePointer::Hourglass);
+        QCOMPARE(form.IndiceEsatto, int16_t{1});
+        QCOMPARE(player.Host.FatalNumber, 0);
+    }
+
+    void aNinthPartBesideTheChimneyIsDrawnAgain()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        player.Host.Expect(
+            QList<ScriptedDraw>{{8, 0}, {4, 2}, {8, 0}, {4, 0}, {9, 8}, {2, 1}, {9, 2}, {4, 3}} +
+            Figure(0, AllGreen, 0, 0));
+        form.mnuLiv.OnClick(2);
+        QCOMPARE(form.Label1.Caption(),
+                 QStringLiteral("Il comignolo è blu e le pareti sono gialle."));
+    }
+
+    void aRedrawnSmokeWithAColourSaysNoAndShowsYes()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 2}, {8, 1}, {4, 0}, {9, 6}, {4, 2}} +
+                           Figure(0, AllGreen, 0, 0));
+        form.mnuLiv.OnClick(2);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è blu e non c'è il fumo."));
+        QVERIFY(form.ShockwaveFlash1.Shown().contains(QStringLiteral("fumo 1")));
+    }
+
+    void orHoldsWithOneOrTheOtherOrBoth()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        const QList<int> blue = {3, 3, 3, 3, 3, 3};
+        // Drawn as the same part once, and then the door; the outcome of 150 says which holds.
+        const QList<ScriptedDraw> sentence = {{8, 1}, {4, 0}, {8, 1}, {8, 4}, {4, 0}};
+        const QList<QPair<bool, bool>> holds = {{false, true}, {true, false}, {true, true}};
+        for (int which = 0; which < 3; ++which) {
+            player.Host.Expect(sentence + Figure(0, blue, 0, 0) +
+                               QList<ScriptedDraw>{{150, which + 3}});
+            form.mnuLiv.OnClick(3);
+            QCOMPARE(form.Label1.Caption(), QStringLiteral("Almeno una cosa è vera: che il tetto è "
+                                                           "verde o che la porta è verde."));
+            const QString shown = form.ShockwaveFlash1.Shown();
+            QCOMPARE(shown.contains(QStringLiteral("tetto 00FF00")), holds.at(which).first);
+            QCOMPARE(shown.contains(QStringLiteral("porta 00FF00")), holds.at(which).second);
+        }
+        // Before that neither may hold: drawn again while one does, also when it is to fail.
+        player.Host.Expect(sentence + Figure(1, AllGreen, 0, 0) +
+                           QList<ScriptedDraw>{{4, 2}, {4, 0}, {4, 1}, {4, 1}});
+        form.mnuLiv.OnClick(3);
+        QVERIFY(!player.Host.DrawsLeft());
+        QVERIFY(form.ShockwaveFlash1.Shown().contains(QStringLiteral("porta FF0000")));
+    }
+
+    void eitherHoldsWithExactlyOne()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        const QList<int> blue = {3, 3, 3, 3, 3, 3};
+        // The part and its value are drawn again together.
+        const QList<ScriptedDraw> sentence = {{8, 1}, {4, 0}, {8, 1}, {4, 1}, {8, 5}, {4, 0}};
+        struct Case {
+            int Outcome;
+            int Which;
+            bool Roof;
+            bool Step;
+        };
+        for (const Case &one : {Case{0, 1, true, false}, Case{0, 0, false, true},
+                                Case{1, 1, true, true}, Case{1, 0, false, false}}) {
+            player.Host.Expect(sentence + Figure(one.Outcome, blue, 0, 0) +
+                               QList<ScriptedDraw>{{100, one.Which}});
+            form.mnuLiv.OnClick(4);
+            QCOMPARE(form.Label1.Caption(),
+                     QStringLiteral("Una cosa sola è vera: il tetto è verde o il gradino è verde,  "
+                                    "non tutte e due."));
+            const QString shown = form.ShockwaveFlash1.Shown();
+            QCOMPARE(shown.contains(QStringLiteral("tetto 00FF00")), one.Roof);
+            QCOMPARE(shown.contains(QStringLiteral("gradino 00FF00")), one.Step);
+        }
+    }
+
+    void aSecondClauseAboutCloudsIsNeverWrittenOnLevelFour()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 0}, {8, 7}, {2, 1}} +
+                           Figure(0, {3, 3, 3, 3, 3, 3}, 0, 0) + QList<ScriptedDraw>{{100, 0}});
+        form.mnuLiv.OnClick(4);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Una cosa sola è vera: il tetto è verde."));
+        QVERIFY(form.ShockwaveFlash1.Shown().contains(QStringLiteral("nuvole 1")));
+    }
+
+    void theStepTakesThreeColumnsOfAdjectives()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        const QList<int> blue = {3, 3, 3, 3, 3, 3};
+        player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 0}, {8, 5}, {4, 1}} +
+                           Figure(0, blue, 0, 0));
+        form.mnuLiv.OnClick(2);
+        QVERIFY(form.Label1.Caption().contains(QStringLiteral("i gradini sono rossi")));
+        player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 0}, {8, 5}, {4, 1}} +
+                           Figure(0, blue, 0, 0) + QList<ScriptedDraw>{{150, 0}});
+        form.mnuLiv.OnClick(3);
+        QVERIFY(form.Label1.Caption().contains(QStringLiteral("il gradino è rosso")));
+        player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 0}, {8, 5}, {4, 1}} +
+                           Figure(0, blue, 0, 0) + QList<ScriptedDraw>{{100, 0}});
+        form.mnuLiv.OnClick(4);
+        QVERIFY(form.Label1.Caption().contains(QStringLiteral("il gradino è rossa")));
+    }
+
+    void theLevelRisesAtTwentyAndOnlyBetweenSeries()
+    {
+        Player player;
+        SuoniAttivi = false;
+        PassaggioLivelli = true;
+        player.Host.Seed(9);
+        auto &form = player.Open<FormEs5>();
+        Esatti = 19;
+        form.Command1.OnClick(2);
+        QCOMPARE(form.Livello, int16_t{1});
+        Esatti = 19;
+        form.Command1.OnClick(form.IndiceEsatto);
+        QCOMPARE(form.Livello, int16_t{1});
+        form.Command1.OnClick(2);
+        QCOMPARE(form.Livello, int16_t{2});
+        QCOMPARE(EserciziEseguiti(1, 2), QStringLiteral("20"));
+    }
+
+    void eachLevelIsFairToTheChild_data()
+    {
+        QTest::addColumn<int>("level");
+        for (int level = 1; level <= 4; ++level)
+            QTest::addRow("level %d", level) << level;
+    }
+
+    void eachLevelIsFairToTheChild()
+    {
+        QFETCH(int, level);
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Seed(static_cast<uint32_t>(level) * 65537);
+        auto &form = player.Open<FormEs5>();
+        form.LockDrawing(true);
+        int judged = 0;
+        int odd = 0;
+        int trueOnes = 0;
+        while (judged < FairTasks) {
+            form.mnuLiv.OnClick(level);
+            NumeroEserciziEseguiti = 1;
+            player.Host.TakeEvents();
+            if (IsOdd(form)) {
+                ++odd;
+                continue;
+            }
+            for (int figure = 0; figure < 2; ++figure) {
+                const QString shown = form.ShockwaveFlash1.Shown();
+                const bool holds = HoldsOf(form.Label1.Caption(), shown);
+                trueOnes += holds ? 1 : 0;
+                ++judged;
+                const int before = Esatti;
+                form.Command1.OnClick(holds ? 0 : 1);
+                QVERIFY2(Esatti == before + 1, qPrintable(form.Label1.Caption() + shown));
+                QCOMPARE(Errati, int16_t{0});
+            }
+            player.Host.TakeEvents();
+        }
+        qInfo("%d figures judged, %d fitted, %d odd series passed over", judged, trueOnes, odd);
+        QVERIFY(std::abs(trueOnes - judged / 2) < FiveDeviations(judged));
+    }
+
+    void theSentencesAreThoseThatWereRead()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Seed(79);
+        auto &form = player.Open<FormEs5>();
+        form.LockDrawing(true);
+        QStringList lines;
+        for (int level = 1; level <= 4; ++level) {
+            // What opens the sentence, and what joins the second clause to the first, apart.
+            QSet<QString> seen;
+            for (int task = 0; task < 6000; ++task) {
+                form.mnuLiv.OnClick(level);
+                NumeroEserciziEseguiti = 1;
+                player.Host.TakeEvents();
+                const QString text = form.Label1.Caption();
+                const QString joint = level == 2   ? QStringLiteral(" e ")
+                                      : level == 3 ? QStringLiteral(" o che ")
+                                                   : QStringLiteral(" o ");
+                const auto at = level == 1 ? -1 : text.indexOf(joint);
+                if (at < 0) {
+                    seen << text;
+                } else {
+                    seen << text.left(at) + QStringLiteral(" ...");
+                    seen << QStringLiteral("...") + text.mid(at);
+                }
+            }
+            QStringList sorted(seen.cbegin(), seen.cend());
+            sorted.sort();
+            lines << QStringLiteral("level %1").arg(level) << sorted;
+        }
+        CompareWithExpected(QStringLiteral("sentences_es5.txt"), lines);
+    }
+};
+
+MORLENE_TEST_MAIN(TestFormEs5)
+#include "test_form_es5.moc"

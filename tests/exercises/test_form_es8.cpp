@@ -1,0 +1,310 @@
+// "Uguali - 1°": differences that are named by pictures in a row.
+#include "exercises/form_es8.h"
+
+#include "support/exercise_fixture.h"
+#include "support/fair_tasks.h"
+#include "support/sentence_reader.h"
+
+#include <QTest>
+
+using namespace platform;
+
+namespace {
+
+const QList<int> AllGreen = {1, 1, 1, 1, 1, 1};
+const QList<ScriptedDraw> RedRoof = {{8, 1}, {4, 1}};
+
+QList<ScriptedDraw> Task(const QList<ScriptedDraw> &differences)
+{
+    return Colouring(AllGreen, 0, 0) + differences;
+}
+
+QList<int> DifferencesShown(const FormEs8 &form)
+{
+    const QStringList one = form.ShockwaveFlash1.Shown().split(QStringLiteral(", "));
+    const QStringList other = form.ShockwaveFlash2.Shown().split(QStringLiteral(", "));
+    QList<int> parts;
+    for (int i = 0; i < one.size(); ++i)
+        if (one.at(i) != other.at(i))
+            parts << i + 1;
+    return parts;
+}
+
+QList<int> Framed(const FormEs8 &form)
+{
+    QList<int> lit;
+    for (const Shape &frame : form.Shape1)
+        if (frame.Visible())
+            lit << frame.Index();
+    return lit;
+}
+
+} // namespace
+
+class TestFormEs8 : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theBarStandsAboveTheStatusBarInTheWindowsColour()
+    {
+        Player player;
+        ColoriVari = false;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs8>();
+        QCOMPARE(form.Picture1.Top(), form.StatusBar1.Top() - form.Picture1.Height() - 20);
+        QCOMPARE(form.StatusBar1.Height(), 500.0);
+        QCOMPARE(form.Picture1.BackColor(), form.BackColor());
+        QCOMPARE(form.PictureScansioneManuale.BackColor(), form.BackColor());
+        QCOMPARE(Framed(form), QList<int>());
+    }
+
+    void theFiguresGoToNoFrameAndTakeNoClicks()
+    {
+        Player player;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs8>();
+        QVERIFY(player.Host.Events.filter(QStringLiteral("GotoFrame")).isEmpty());
+        QVERIFY(!form.ShockwaveFlash1.OnFSCommand);
+        QVERIFY(!form.ShockwaveFlash2.OnFSCommand);
+    }
+
+    void theChosenPartIsRepairedOnTheSecondFigure()
+    {
+        Player player;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs8>();
+        player.Host.TakeEvents();
+        player.Host.Expect({{6, 3}});
+        ClickOn(form.Image1(1));
+        QVERIFY(DifferencesShown(form).isEmpty());
+        QVERIFY(form.ShockwaveFlash2.Shown().contains(QStringLiteral("tetto 00FF00")));
+        const QStringList events = player.Host.TakeEvents();
+        QCOMPARE(events.first(), QStringLiteral("ShockwaveFlash2.BGColor=FFFFCC"));
+        QCOMPARE(events.mid(events.size() - 3),
+                 QStringList({QStringLiteral("StatusBar1.Panels(1)=1 Esatti"),
+                              QStringLiteral("Command1(0).Enabled=True"),
+                              QStringLiteral("suono si/4.wav")}));
+        ClickOn(form.Image1(1));
+        ClickOn(form.Image1(4));
+        QCOMPARE(player.Host.TakeEvents(), QStringList());
+    }
+
+    void aWrongPictureCountsAMiss()
+    {
+        Player player;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs8>();
+        player.Host.TakeEvents();
+        player.Host.Expect({{4, 0}});
+        ClickOn(form.Image1(6));
+        QCOMPARE(player.Host.TakeEvents(),
+                 QStringList({QStringLiteral("suono no/1.wav"),
+                              QStringLiteral("StatusBar1.Panels(2)=1 Errati")}));
+    }
+
+    void smokeComesAndGoesOnTheSecondFigure()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Task({{8, 6}, {2, 1}}));
+        auto &form = player.Open<FormEs8>();
+        ClickOn(form.Image1(6));
+        QVERIFY(form.ShockwaveFlash2.Shown().contains(QStringLiteral("fumo 0")));
+        player.Host.Expect(Colouring(AllGreen, 1, 1) + QList<ScriptedDraw>{{8, 7}, {2, 0}});
+        ClickOn(form.Command1(0));
+        ClickOn(form.Image1(7));
+        QVERIFY(form.ShockwaveFlash2.Shown().contains(QStringLiteral("nuvole 1")));
+        QCOMPARE(Esatti, 2);
+    }
+
+    void byPointerARepairedPartGoesOnBeingRight()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs8>();
+        player.Host.Expect(Task({{8, 1}, {4, 1}, {8, 0}, {4, 1}}));
+        form.mnuLiv.OnClick(2);
+        ClickOn(form.Image1(1));
+        ClickOn(form.Image1(1));
+        QCOMPARE(Esatti, 2);
+        QVERIFY(form.Command1(0).Enabled());
+        QCOMPARE(DifferencesShown(form), QList<int>{1});
+    }
+
+    void smokeAndCloudsMayDifferInScanningToo()
+    {
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = 1;
+        player.Host.Expect(Task({{8, 6}, {2, 1}}));
+        auto &form = player.Open<FormEs8>();
+        QCOMPARE(DifferencesShown(form), QList<int>{7});
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
+    void scanningWalksEightPicturesAndThenWaits_data()
+    {
+        QTest::addColumn<int>("mode");
+        for (const int mode : {1, 2, 3})
+            QTest::addRow("mode %d", mode) << mode;
+    }
+
+    void scanningWalksEightPicturesAndThenWaits()
+    {
+        QFETCH(int, mode);
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = static_cast<int16_t>(mode);
+        player.Host.Expect(Task({{8, 0}, {4, 1}}));
+        auto &form = player.Open<FormEs8>();
+        PictureBox &target =
+            mode == 2 ? form.PictureScansioneAutomatica : form.PictureScansioneManuale;
+        const auto step = [&] {
+            if (mode == 2)
+                player.Host.Advance(form.Timer1.Interval());
+            else
+                PressAndRelease(target, mode == 1 ? Qt::Key_Space : Qt::Key_Down);
+        };
+        const auto choose = [&] {
+            PressAndRelease(target, mode == 2 ? Qt::Key_Space : Qt::Key_Return);
+        };
+        QCOMPARE(Framed(form), QList<int>{0});
+        for (int picture = 1; picture <= 8; ++picture) {
+            step();
+            QCOMPARE(Framed(form), QList<int>{picture % 8});
+        }
+        step();
+        choose();
+        QCOMPARE(Errati, int16_t{1});
+        for (int rest = 0; rest < 7; ++rest)
+            step();
+        choose();
+        QCOMPARE(Esatti, 1);
+        QCOMPARE(form.PosizioneScansione, int16_t{8});
+        QCOMPARE(form.Command1(0).BackColor(), ToColor(ColorePulsantiSelezionati));
+        // The last frame stays lit until the next task.
+        step();
+        QCOMPARE(Framed(form), QList<int>{0});
+        player.Host.Expect(Task({{8, 2}, {4, 1}}));
+        choose();
+        QCOMPARE(form.PosizioneScansione, int16_t{0});
+        QCOMPARE(form.Command1(0).BackColor(), ToColor(ColoreBottoni));
+    }
+
+    void theWalkGoesBackwardByArrows()
+    {
+        Player player;
+        ModoInput = 3;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs8>();
+        PressAndRelease(form.PictureScansioneManuale, Qt::Key_Left);
+        QCOMPARE(Framed(form), QList<int>{7});
+        PressAndRelease(form.PictureScansioneManuale, Qt::Key_Up);
+        QCOMPARE(Framed(form), QList<int>{6});
+    }
+
+    void aFrameFollowsThePointer()
+    {
+        Player player;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs8>();
+        MoveOver(form.Image1(3));
+        QCOMPARE(Framed(form), QList<int>{3});
+        MoveOver(form.Image1(4));
+        QCOMPARE(Framed(form), QList<int>{4});
+        form.Picture1.OnMouseMove();
+        QCOMPARE(Framed(form), QList<int>());
+        MoveOver(form.Image1(0));
+        MoveOver(form.Command1(1));
+        QCOMPARE(form.Command1(1).BackColor(), ToColor(ColorePulsantiSelezionati));
+        form.OnMouseMove();
+        QCOMPARE(Framed(form), QList<int>());
+        QCOMPARE(form.Command1(1).BackColor(), ToColor(ColoreBottoni));
+    }
+
+    void overTheBarThePointerWipesTheHighlightInEveryMode()
+    {
+        Player player;
+        ModoInput = 2;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs8>();
+        MoveOver(form.Image1(3));
+        form.OnMouseMove();
+        QCOMPARE(Framed(form), QList<int>{0});
+        form.Picture1.OnMouseMove();
+        QCOMPARE(Framed(form), QList<int>());
+        player.Host.Advance(form.Timer1.Interval());
+        QCOMPARE(Framed(form), QList<int>{1});
+        ClickOn(form.Image1(1));
+        QCOMPARE(Esatti + Errati, 0);
+    }
+
+    void theButtonsAnswerTheMouseInEveryMode()
+    {
+        for (const int mode : {0, 1, 2, 3}) {
+            Player player;
+            ModoInput = static_cast<int16_t>(mode);
+            player.Host.Seed(2);
+            auto &form = player.Open<FormEs8>();
+            ClickOn(form.Command1(1));
+            QVERIFY(form.Pannello.Visible());
+            QVERIFY(form.Label1.Caption().contains(QStringLiteral("Scegli qui sotto")));
+            ClickOn(form.Label1);
+            QVERIFY(!form.Pannello.Visible());
+            player.Host.TakeEvents();
+            form.Command1.OnClick(0);
+            QVERIFY(player.Host.TakeEvents().contains(QStringLiteral("FormEs8.MousePointer=11")));
+        }
+    }
+
+    void theSystemsPointerIsForThePicturesToo()
+    {
+        Player player;
+        DisabilitaMousePersonalizzato = true;
+        player.Host.Seed(2);
+        auto &form = player.Open<FormEs8>();
+        for (const Image &picture : form.Image1)
+            QCOMPARE(picture.MousePointer(), platform::MousePointer::Default);
+    }
+
+    void eachLevelIsFairToTheChild_data()
+    {
+        QTest::addColumn<int>("level");
+        for (int level = 1; level <= 4; ++level)
+            QTest::addRow("level %d", level) << level;
+    }
+
+    void eachLevelIsFairToTheChild()
+    {
+        QFETCH(int, level);
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Seed(static_cast<uint32_t>(level) * 263);
+        auto &form = player.Open<FormEs8>();
+        if (level > 1)
+            form.mnuLiv.OnClick(level);
+        form.LockDrawing(true);
+        for (int task = 0; task < FairTasks; ++task) {
+            const QList<int> differ = DifferencesShown(form);
+            QCOMPARE(differ.size(), level);
+            const int right = Esatti;
+            for (int part = 1; part <= 8; ++part)
+                if (!differ.contains(part)) {
+                    form.Image1.OnClick(part - 1);
+                    QCOMPARE(Errati, int16_t{1});
+                    break;
+                }
+            for (const int part : differ)
+                form.Image1.OnClick(part - 1);
+            QCOMPARE(Esatti, right + level);
+            QVERIFY(DifferencesShown(form).isEmpty());
+            Errati = 0;
+            form.Command1.OnClick(0);
+            player.Host.TakeEvents();
+        }
+    }
+};
+
+MORLENE_TEST_MAIN(TestFormEs8)
+#include "test_form_es8.moc"

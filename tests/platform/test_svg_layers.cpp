@@ -1,0 +1,191 @@
+// A moving drawing painted in layers looks like the same drawing painted in one go, whatever moves
+// and stands still in turn.
+#include "platform/movie_helpers.h"
+#include "platform/movies/svg_animation.h"
+#include "platform/movies/svg_document.h"
+#include "platform/movies/svg_layers.h"
+
+#include <QSvgRenderer>
+#include <QTest>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+using namespace platform;
+
+constexpr QSize Screen(100, 100);
+
+QByteArray Move(const char *begin, const char *length, const char *to)
+{
+    return QByteArray("<animateTransform attributeName='transform' type='translate' begin='") +
+           begin + "' dur='" + length + "' values='0 0;" + to + "' fill='freeze'/>";
+}
+
+// Bars that lie over one another; the first, third and fifth move, each in its own time.
+QByteArray Bars()
+{
+    return Svg("<rect width='100' height='100' fill='#ddeeff'/>"
+               "<g stroke='#000000' stroke-width='4'>"
+               "<rect y='10' width='60' height='20' fill='#ff0000'>" +
+               Move("0s", "1s", "40 0") +
+               "</rect><rect y='20' x='20' width='60' height='20' fill='#00ff00'/>"
+               "<g>" +
+               Move("2s", "1s", "0 30") +
+               "<rect y='30' x='10' width='50' height='20' fill='#0000ff'/>"
+               "<circle cx='50' cy='50' r='10' fill='#ffff00'>"
+               "<animate attributeName='r' begin='1.5s' dur='0.2s' values='10;14' "
+               "repeatCount='9' fill='freeze'/></circle></g>"
+               "<path d='M10 60 L90 60' fill='none'/>"
+               "<rect y='55' x='30' width='30' height='20' fill='#ff00ff'>" +
+               Move("0.5s", "3s", "30 10") + "</rect></g>");
+}
+
+QImage Whole(const SvgDocument &document, int time, const QSize &size)
+{
+    const SvgAnimation animation(document);
+    SvgDocument moment = document;
+    animation.Apply(animation.At(document, time), moment);
+    QSvgRenderer renderer(SvgText(moment));
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    renderer.render(&painter, QRectF(image.rect()));
+    return image;
+}
+
+// Largest difference of a channel.
+int Difference(const QImage &one, const QImage &other)
+{
+    int most = 0;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x) {
+            const QColor a = one.pixelColor(x, y);
+            const QColor b = other.pixelColor(x, y);
+            most = std::max({most, std::abs(a.red() - b.red()), std::abs(a.green() - b.green()),
+                             std::abs(a.blue() - b.blue())});
+        }
+    return most;
+}
+
+} // namespace
+
+class TestSvgLayers : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyFrameLooksAsIfPaintedInOneGo();
+    void aGroupIsHiddenWithThePartThatStoodStill();
+    void aMovieThatIsResizedWhileItPlaysStaysWhole();
+    void aMovieThatIsSkippedThroughStaysWhole();
+    void aPaintedPartKeepsItsNewColorWhileTheMoviePlays();
+    void aDrawingWithCopiesIsNotCut();
+    void aScaledPainterGetsNoKeptPixels();
+};
+
+void TestSvgLayers::everyFrameLooksAsIfPaintedInOneGo()
+{
+    const auto document = ParseSvg(Bars());
+    const auto movie = Movie(Bars());
+    QVERIFY(SvgLayers::CanCut(*document));
+    for (int time = 0; time <= movie->Duration(); time += 40) {
+        movie->Advance(time);
+        QVERIFY2(Difference(Shown(*movie, Screen), Whole(*document, time, Screen)) <= 4,
+                 qPrintable(QString::number(time)));
+    }
+}
+
+// The part is in a kept picture already when the group round it goes; what moves on lies before
+// the group and in it.
+void TestSvgLayers::aGroupIsHiddenWithThePartThatStoodStill()
+{
+    const auto movie = Movie(Svg("<rect width='100' height='100' fill='#ffffff'/>"
+                                 "<rect y='80' width='20' height='20' fill='#00ff00'>" +
+                                 Move("0s", "2s", "50 0") +
+                                 "</rect>"
+                                 "<g><set attributeName='display' begin='1.5s' to='none'/>"
+                                 "<rect width='20' height='20' fill='#0000ff'>" +
+                                 Move("0s", "2s", "50 0") +
+                                 "</rect><rect y='50' width='20' height='20' fill='#ff0000'>" +
+                                 Move("0s", "0.5s", "50 0") + "</rect></g>"));
+    for (int time = 0; time < 1500; time += 40) {
+        movie->Advance(time);
+        Shown(*movie, Screen);
+    }
+    QCOMPARE(At(Shown(*movie, Screen), 60, 60), QColor(Qt::red));
+    movie->Advance(1520);
+    QCOMPARE(At(Shown(*movie, Screen), 60, 60), QColor(Qt::white));
+}
+
+void TestSvgLayers::aMovieThatIsResizedWhileItPlaysStaysWhole()
+{
+    const auto document = ParseSvg(Bars());
+    const auto movie = Movie(Bars());
+    for (int time = 40; time < movie->Duration(); time += 40) {
+        movie->Advance(time);
+        const QSize size = time % 200 == 0 ? QSize(160, 160) : Screen;
+        QVERIFY2(Difference(Shown(*movie, size), Whole(*document, time, size)) <= 4,
+                 qPrintable(QString::number(time)));
+        // Uncovered, and so painted once more.
+        QVERIFY(Difference(Shown(*movie, size), Whole(*document, time, size)) <= 4);
+    }
+}
+
+void TestSvgLayers::aMovieThatIsSkippedThroughStaysWhole()
+{
+    const auto document = ParseSvg(Bars());
+    const auto movie = Movie(Bars());
+    for (const int time : {1000, 1040, 1080, 3000, 200, 0, 2500, 3500, 1600, 1640}) {
+        movie->Advance(time);
+        QVERIFY2(Difference(Shown(*movie, Screen), Whole(*document, time, Screen)) <= 4,
+                 qPrintable(QString::number(time)));
+    }
+}
+
+void TestSvgLayers::aPaintedPartKeepsItsNewColorWhileTheMoviePlays()
+{
+    const QByteArray drawing =
+        Svg("<rect id='tetto.interno' width='100' height='50' fill='#eeeeee'/>"
+            "<rect y='50' width='50' height='50' fill='#00ff00'>" +
+            Move("0s", "2s", "50 0") + "</rect>");
+    const auto movie = Movie(drawing);
+    for (int time = 40; time < 1000; time += 40) {
+        movie->Advance(time);
+        Shown(*movie, Screen);
+    }
+    movie->SetVariable(QStringLiteral("QualeOggetto"), QStringLiteral("tetto.interno"));
+    movie->SetVariable(QStringLiteral("TestoColore.QualeColore"), QStringLiteral("FF0000"));
+    QCOMPARE(At(Shown(*movie, Screen), 50, 20), QColor(Qt::red));
+    movie->Advance(1040);
+    QCOMPARE(At(Shown(*movie, Screen), 50, 20), QColor(Qt::red));
+}
+
+void TestSvgLayers::aDrawingWithCopiesIsNotCut()
+{
+    QVERIFY(!SvgLayers::CanCut(
+        *ParseSvg(Svg("<rect id='a' width='9' height='9'/><use xlink:href='#a' x='20'/>"))));
+    QVERIFY(!SvgLayers::CanCut(*ParseSvg(Svg("<defs><rect width='9' height='9'/></defs>"))));
+    QVERIFY(!SvgLayers::CanCut(*ParseSvg(Svg("<linearGradient id='a'/>"))));
+}
+
+void TestSvgLayers::aScaledPainterGetsNoKeptPixels()
+{
+    QImage image(Screen, QImage::Format_RGB32);
+    QPainter painter(&image);
+    QVERIFY(SvgLayers::CanPaint(painter));
+    painter.translate(3, 4);
+    QVERIFY(SvgLayers::CanPaint(painter));
+    painter.translate(0.5, 0);
+    QVERIFY(!SvgLayers::CanPaint(painter));
+    painter.resetTransform();
+    painter.scale(2, 2);
+    QVERIFY(!SvgLayers::CanPaint(painter));
+    QImage fine(Screen * 2, QImage::Format_RGB32);
+    fine.setDevicePixelRatio(2);
+    const QPainter finePainter(&fine);
+    QVERIFY(!SvgLayers::CanPaint(finePainter));
+}
+
+QTEST_MAIN(TestSvgLayers)
+#include "test_svg_layers.moc"
