@@ -6,6 +6,7 @@
 #include "menu/form_menu.h"
 #include "platform/application.h"
 #include "platform/machine_host.h"
+#include "results/form_esercizi_eseguiti.h"
 #include "support/windows/form_avvio.h"
 #include "support/windows/form_info.h"
 
@@ -22,6 +23,7 @@ void RegistraFinestre()
     RegistraFinestra(QStringLiteral("FormMenu"), Crea<FormMenu>);
     RegistraFinestra(QStringLiteral("FormConfigura"), Crea<FormConfigura>);
     RegistraFinestra(QStringLiteral("FormInfo"), Crea<FormInfo>);
+    RegistraFinestra(QStringLiteral("FormEserciziEseguiti"), Crea<FormEserciziEseguiti>);
     RegistraEsercizi();
 }
 

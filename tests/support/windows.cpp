@@ -10,6 +10,8 @@
 #include "exercises/form_es7.h"
 #include "exercises/form_es8.h"
 #include "menu/form_menu.h"
+#include "printing/frm_stampa.h"
+#include "results/form_esercizi_eseguiti.h"
 #include "support/windows/form_avvio.h"
 #include "support/windows/form_info.h"
 
@@ -31,6 +33,8 @@ const QMap<QString, Maker> &Makers()
         {QStringLiteral("FormMenu"), Make<FormMenu>},
         {QStringLiteral("FormConfigura"), Make<FormConfigura>},
         {QStringLiteral("FormInfo"), Make<FormInfo>},
+        {QStringLiteral("FormEserciziEseguiti"), Make<FormEserciziEseguiti>},
+        {QStringLiteral("frmStampa"), Make<FrmStampa>},
         {QStringLiteral("FormEs1"), Make<FormEs1>},
         {QStringLiteral("FormEs2"), Make<FormEs2>},
         {QStringLiteral("FormEs3"), Make<FormEs3>},
