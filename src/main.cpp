@@ -1,11 +1,15 @@
 // The program: the table of its windows, and the start.
+#include "configuration/form_configura.h"
 #include "core/start.h"
 #include "core/windows.h"
 #include "exercises/exercise_table.h"
 #include "menu/form_menu.h"
 #include "platform/application.h"
 #include "platform/machine_host.h"
+#include "results/form_esercizi_eseguiti.h"
+#include "support/windows/form1.h"
 #include "support/windows/form_avvio.h"
+#include "support/windows/form_info.h"
 
 namespace {
 
@@ -18,6 +22,10 @@ void RegistraFinestre()
 {
     RegistraFinestra(QStringLiteral("FormAvvio"), Crea<FormAvvio>);
     RegistraFinestra(QStringLiteral("FormMenu"), Crea<FormMenu>);
+    RegistraFinestra(QStringLiteral("FormConfigura"), Crea<FormConfigura>);
+    RegistraFinestra(QStringLiteral("FormInfo"), Crea<FormInfo>);
+    RegistraFinestra(QStringLiteral("Form1"), Crea<Form1>);
+    RegistraFinestra(QStringLiteral("FormEserciziEseguiti"), Crea<FormEserciziEseguiti>);
     RegistraEsercizi();
 }
 

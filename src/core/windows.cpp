@@ -14,6 +14,16 @@ std::map<QString, CreaFinestra> &Finestre()
     return finestre;
 }
 
+// Made when it is not loaded.
+Form &Finestra(const QString &nome)
+{
+    if (Form *finestra = Form::Find(nome))
+        return *finestra;
+    if (!FinestraEsiste(nome))
+        throw RunTimeError(BadCall, nome);
+    return *Finestre().at(nome)();
+}
+
 } // namespace
 
 void RegistraFinestra(const QString &nome, CreaFinestra crea)
@@ -28,13 +38,12 @@ bool FinestraEsiste(const QString &nome)
 
 void MostraFinestra(const QString &nome)
 {
-    Form *finestra = Form::Find(nome);
-    if (finestra == nullptr) {
-        if (!FinestraEsiste(nome))
-            throw RunTimeError(BadCall, nome);
-        finestra = Finestre().at(nome)();
-    }
-    finestra->Show();
+    Finestra(nome).Show();
+}
+
+void MostraFinestraModale(const QString &nome)
+{
+    Finestra(nome).ShowModal();
 }
 
 void ScaricaFinestra(const QString &nome)

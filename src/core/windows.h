@@ -13,5 +13,7 @@ void RegistraFinestra(const QString &nome, CreaFinestra crea);
 bool FinestraEsiste(const QString &nome);
 // Shows the window, made when it is not loaded; error 5 for one that nobody makes.
 void MostraFinestra(const QString &nome);
+// The same as a modal window; comes back when it is closed.
+void MostraFinestraModale(const QString &nome);
 // Unloads it when it is loaded.
 void ScaricaFinestra(const QString &nome);

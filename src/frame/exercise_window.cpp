@@ -2,6 +2,7 @@
 
 #include "core/profile.h"
 #include "core/windows.h"
+#include "frame/quick_print.h"
 #include "language/language.h"
 #include "support/cls_resize.h"
 
@@ -69,9 +70,11 @@ FinestraEsercizio::FinestraEsercizio(const DisegnoEsercizio &disegno)
             Timer1.SetEnabled(true);
     };
 
-    // Printing comes from here when its window exists.
-    for (MenuItem *voce : {&mnuStEserc, &mnuStOr, &mnuStVer, &mnuCol})
-        voce->SetEnabled(FinestraEsiste(QStringLiteral("frmStampa")));
+    mnuStEserc.OnClick = [this] { StampaVeloce(*this); };
+    mnuStOr.OnClick = [this] { StampaConOpzioni(*this, 2); };
+    mnuStVer.OnClick = [this] { StampaConOpzioni(*this, 1); };
+    mnuCol.OnClick = [] { FiguraDaColorare(); };
+    mnuCol.SetEnabled(FinestraEsiste(QStringLiteral("Form1")));
 }
 
 void FinestraEsercizio::Carica()

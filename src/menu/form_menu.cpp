@@ -9,7 +9,9 @@
 #include "language/language.h"
 #include "menu/menu_items.h"
 #include "platform/errors.h"
+#include "platform/files.h"
 #include "support/cls_resize.h"
+#include "support/documents.h"
 
 #include <QStringList>
 
@@ -108,6 +110,7 @@ void FormMenu::Collega()
         MostraFinestra(QStringLiteral("FormEserciziEseguiti"));
         Unload();
     };
+    mnuDocum.OnClick = [] { ApriDocumento(AppPath() + QStringLiteral("\\morlenekvt.pdf")); };
     mnuAbout.OnClick = [this] {
         MostraFinestra(QStringLiteral("FormInfo"));
         Unload();
@@ -117,7 +120,6 @@ void FormMenu::Collega()
     mnuConfigura.SetEnabled(FinestraEsiste(QStringLiteral("FormConfigura")));
     mnuEserciziEseguiti.SetEnabled(FinestraEsiste(QStringLiteral("FormEserciziEseguiti")));
     mnuAbout.SetEnabled(FinestraEsiste(QStringLiteral("FormInfo")));
-    mnuDocum.SetEnabled(FinestraEsiste(QStringLiteral("FormInfo")));
     for (int i = 0; i < Esci; ++i) {
         const bool esiste =
             FinestraEsiste(QString::fromLatin1(Voci.at(static_cast<size_t>(i)).Finestra));

@@ -4,6 +4,7 @@
 #include "platform/picture.h"
 
 #include <QKeyEvent>
+#include <QKeySequence>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPushButton>
@@ -23,6 +24,13 @@ public:
         m_back = back;
         m_fore = fore;
         update();
+    }
+    // "&" stands before the letter that presses the button with Alt.
+    void SetCaption(const QString &caption)
+    {
+        Caption = caption;
+        setAccessibleName(QString(caption).remove(QLatin1Char('&')));
+        setShortcut(QKeySequence::mnemonic(caption));
     }
     QString Caption;
     QString Picture;
@@ -53,7 +61,7 @@ protected:
         if (!Picture.isEmpty())
             DrawPicture(painter, room);
         painter.setPen(ToQColor(m_fore));
-        DrawFitted(painter, room, Qt::AlignCenter, Caption, m_font);
+        DrawFitted(painter, room, Qt::AlignCenter | Qt::TextShowMnemonic, Caption, m_font);
     }
 
     // Only a button that takes the keyboard gets here: Enter presses it as Space does.
@@ -99,8 +107,7 @@ Button::Button(const ControlId &id, const Place &place, const QString &caption)
     : VisualControl(id, place, new ButtonView), m_view(static_cast<ButtonView *>(Widget()))
 {
     TellsItsClicks();
-    m_view->Caption = caption;
-    m_view->setAccessibleName(caption);
+    m_view->SetCaption(caption);
     QObject::connect(m_view, &QPushButton::clicked, m_view, [this] { Click(); });
 }
 
@@ -111,8 +118,7 @@ QString Button::Caption() const
 
 void Button::SetCaption(const QString &caption)
 {
-    m_view->Caption = caption;
-    m_view->setAccessibleName(caption);
+    m_view->SetCaption(caption);
     Note("Caption", caption);
     m_view->update();
 }

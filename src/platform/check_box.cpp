@@ -3,6 +3,7 @@
 #include "platform/choice_view.h"
 
 #include <QCheckBox>
+#include <QKeySequence>
 
 namespace platform {
 
@@ -15,6 +16,14 @@ CheckView &View(const CheckBox &box)
     return *static_cast<CheckView *>(box.Widget());
 }
 
+// "&" stands before the letter that ticks it with Alt.
+void Show(CheckView &view, const QString &caption)
+{
+    view.Look.Caption = caption;
+    view.setAccessibleName(QString(caption).remove(QLatin1Char('&')));
+    view.setShortcut(QKeySequence::mnemonic(caption));
+}
+
 } // namespace
 
 CheckBox::CheckBox(const ControlId &id, const Place &place, const QString &caption)
@@ -22,8 +31,7 @@ CheckBox::CheckBox(const ControlId &id, const Place &place, const QString &capti
 {
     TellsItsClicks();
     SetTabStop(true);
-    View(*this).Look.Caption = caption;
-    View(*this).setAccessibleName(caption);
+    Show(View(*this), caption);
     QObject::connect(&View(*this), &QCheckBox::clicked, Widget(), [this] {
         Note("Value", Value());
         Click();
@@ -51,8 +59,7 @@ QString CheckBox::Caption() const
 
 void CheckBox::SetCaption(const QString &caption)
 {
-    View(*this).Look.Caption = caption;
-    View(*this).setAccessibleName(caption);
+    Show(View(*this), caption);
     Note("Caption", caption);
     Widget()->update();
 }

@@ -34,9 +34,9 @@ void DrawChoice(QPainter &painter, const QRect &room, const ChoiceLook &look, Ch
         painter.drawPath(tick);
     }
     painter.setPen(ToQColor(look.Fore));
-    const int gap = static_cast<int>(std::lround(side * 1.4)) + 4;
-    DrawFitted(painter, room.adjusted(gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, look.Caption,
-               look.Letters);
+    const int gap = static_cast<int>(std::lround(side * 1.15)) + 5;
+    DrawFitted(painter, room.adjusted(gap, 0, 0, 0),
+               Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, look.Caption, look.Letters);
 }
 
 } // namespace platform

@@ -45,6 +45,8 @@ QString StandardText(int number)
         return QStringLiteral("L'oggetto non è una matrice");
     case InvalidPropertyValue:
         return QStringLiteral("Valore di proprietà non valido");
+    case InvalidArrayIndex:
+        return QStringLiteral("Indice di matrice di proprietà non valido");
     case SetNotSupported:
         return QStringLiteral("Proprietà di sola lettura");
     case SetNotPermitted:
@@ -53,6 +55,8 @@ QString StandardText(int number)
         return QStringLiteral("Impossibile leggere la proprietà");
     case NoSuchProperty:
         return QStringLiteral("Proprietà o metodo non supportati dall'oggetto");
+    case InvalidPicture:
+        return QStringLiteral("Immagine non valida");
     case PrinterError:
         return QStringLiteral("Errore della stampante");
     default:

@@ -26,10 +26,12 @@ enum ErrorNumber : int {
     NoSuchElement = 340,
     NotAnArray = 343,
     InvalidPropertyValue = 380,
+    InvalidArrayIndex = 381,
     SetNotSupported = 383,
     SetNotPermitted = 387,
     GetNotSupported = 393,
     NoSuchProperty = 438,
+    InvalidPicture = 481,
     PrinterError = 482,
 };
 

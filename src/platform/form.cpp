@@ -34,10 +34,10 @@ private:
 } // namespace
 
 Form::Form(const char *name, double scaleWidth, double scaleHeight)
-    : m_name(QString::fromLatin1(name)), m_window(std::make_unique<FormWindow>(*this)),
-      m_self(std::make_shared<Form *>(this)), m_designHeight(ToPixels(scaleHeight))
+    : m_name(QString::fromLatin1(name)), m_scaleWidth(scaleWidth), m_scaleHeight(scaleHeight),
+      m_window(std::make_unique<FormWindow>(*this)), m_self(std::make_shared<Form *>(this))
 {
-    m_window->resize(ToPixels(scaleWidth), m_designHeight);
+    m_window->resize(ToPixels(scaleWidth), ToPixels(scaleHeight));
     m_window->LayOut();
 }
 
@@ -151,11 +151,12 @@ void Form::Load()
 {
     if (m_loaded)
         return;
-    // The design gives what lies under the menu bar, which has grown since.
-    if (!m_moved)
-        m_window->resize(m_window->width(), m_designHeight + m_window->MenuBarHeight());
     m_loaded = true;
     loaded.push_back(this);
+    // The menu bar comes on top of the designed client area.
+    if (!m_moved)
+        m_window->resize(ToPixels(m_scaleWidth),
+                         ToPixels(m_scaleHeight) + m_window->MenuBarHeight());
     m_window->LayOut();
     if (OnLoad)
         OnLoad();

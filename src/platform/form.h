@@ -105,6 +105,8 @@ private:
 
     QString m_name;
     QString m_tag;
+    double m_scaleWidth; // by design
+    double m_scaleHeight;
     Color m_backColor = SystemButtonFace;
     platform::MousePointer m_pointer = platform::MousePointer::Default;
     bool m_loaded = false;
@@ -115,7 +117,6 @@ private:
     std::vector<Control *> m_controls;
     std::unique_ptr<FormWindow> m_window;
     std::shared_ptr<Form *> m_self;
-    int m_designHeight; // pixels under the menu bar
 };
 
 // Refers to a form weakly: nothing when the form is gone or unloaded.

@@ -20,9 +20,9 @@ struct ScreenSize {
     int Height = 0;
 };
 
-enum class BoxIcon { None, Information, Exclamation, Critical };
-enum class BoxButtons { Ok, YesNo };
-enum class BoxAnswer { Ok, Yes, No };
+enum class BoxIcon { None, Information, Question, Exclamation, Critical };
+enum class BoxButtons { Ok, YesNo, YesNoCancel };
+enum class BoxAnswer { Ok, Yes, No, Cancel };
 
 struct Box {
     QString Text;
@@ -55,6 +55,8 @@ public:
     virtual ~Ticker() = default;
 };
 
+class Printing;
+
 class Host {
 public:
     virtual ~Host() = default;
@@ -68,6 +70,9 @@ public:
     // Time. Ticks every `milliseconds`, on the grid of the start, at most one pending.
     virtual int64_t Milliseconds() = 0;
     virtual std::unique_ptr<Ticker> StartTicker(int milliseconds, std::function<void()> tick) = 0;
+
+    // Today as day, month and year with four digits, in the order and with the signs of the place.
+    virtual QString Today() = 0;
 
     // Questions.
     virtual BoxAnswer MessageBox(const Box &box) = 0;
@@ -87,6 +92,8 @@ public:
     virtual void PlaySound(const QString &nativePath) = 0;
     // Opens a document with the desktop's own program; silent when there is none.
     virtual void OpenDocument(const QString &nativePath) = 0;
+
+    virtual Printing &Printers() = 0;
 
     // Places. Native paths with slashes that end in a slash.
     virtual QString DriveRoot() = 0;

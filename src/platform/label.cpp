@@ -37,7 +37,8 @@ protected:
     {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        int margin = Transparent ? 0 : 6;
+        // A low label needs all of its height.
+        int margin = Transparent ? 0 : std::clamp((height() - 40) / 4, 0, 6);
         if (Framed) {
             const double line = std::clamp(height() / 100.0, 2.0, 5.0);
             const double radius = std::min({width() / 8.0, height() / 8.0, 28.0});

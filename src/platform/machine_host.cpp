@@ -4,12 +4,14 @@
 #include "platform/sound_player.h"
 
 #include <QApplication>
+#include <QDate>
 #include <QDesktopServices>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QInputDialog>
+#include <QLocale>
 #include <QLockFile>
 #include <QMessageBox>
 #include <QScreen>
@@ -50,6 +52,8 @@ QMessageBox::Icon IconOf(BoxIcon icon)
     switch (icon) {
     case BoxIcon::Information:
         return QMessageBox::Information;
+    case BoxIcon::Question:
+        return QMessageBox::Question;
     case BoxIcon::Exclamation:
         return QMessageBox::Warning;
     case BoxIcon::Critical:
@@ -101,17 +105,34 @@ std::unique_ptr<Ticker> MachineHost::StartTicker(int milliseconds, std::function
     return std::make_unique<MachineTicker>(milliseconds, std::move(tick));
 }
 
+QString MachineHost::Today()
+{
+    const QLocale locale = QLocale::system();
+    QString format = locale.dateFormat(QLocale::ShortFormat);
+    if (!format.contains(QStringLiteral("yyyy")))
+        format.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
+    return locale.toString(QDate::currentDate(), format);
+}
+
 BoxAnswer MachineHost::MessageBox(const Box &box)
 {
-    QMessageBox window(
-        IconOf(box.Icon), box.Title.isEmpty() ? QStringLiteral("MorleneKVT") : box.Title, box.Text,
-        box.Buttons == BoxButtons::YesNo ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok,
-        QApplication::activeWindow());
+    QMessageBox::StandardButtons buttons = QMessageBox::Ok;
+    if (box.Buttons != BoxButtons::Ok)
+        buttons = QMessageBox::Yes | QMessageBox::No;
+    if (box.Buttons == BoxButtons::YesNoCancel)
+        buttons |= QMessageBox::Cancel;
+    QMessageBox window(IconOf(box.Icon),
+                       box.Title.isEmpty() ? QStringLiteral("MorleneKVT") : box.Title, box.Text,
+                       buttons, QApplication::activeWindow());
     window.setTextFormat(Qt::PlainText);
     const int answer = window.exec();
     if (box.Buttons == BoxButtons::Ok)
         return BoxAnswer::Ok;
-    return answer == QMessageBox::Yes ? BoxAnswer::Yes : BoxAnswer::No;
+    if (answer == QMessageBox::Yes)
+        return BoxAnswer::Yes;
+    // Escape stands for "Cancel" where there is one, else for "No".
+    return box.Buttons == BoxButtons::YesNoCancel && answer != QMessageBox::No ? BoxAnswer::Cancel
+                                                                               : BoxAnswer::No;
 }
 
 QString MachineHost::InputBox(const QString &prompt, const QString &title, const QString &proposal)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/host.h"
+#include "platform/printing/machine_printing.h"
 
 #include <memory>
 #include <random>
@@ -20,6 +21,7 @@ public:
     double Rnd() override;
     int64_t Milliseconds() override;
     std::unique_ptr<Ticker> StartTicker(int milliseconds, std::function<void()> tick) override;
+    QString Today() override;
     BoxAnswer MessageBox(const Box &box) override;
     QString InputBox(const QString &prompt, const QString &title, const QString &proposal) override;
     std::optional<Color> ChooseColor() override;
@@ -28,6 +30,7 @@ public:
     void WaitForModal(Form &form) override;
     void PlaySound(const QString &nativePath) override;
     void OpenDocument(const QString &nativePath) override;
+    Printing &Printers() override { return m_printing; }
     QString DriveRoot() override { return m_driveRoot; }
     QString ApplicationFolder() override;
     ScreenSize Screen() override;
@@ -38,6 +41,7 @@ public:
 
 private:
     QString m_driveRoot;
+    MachinePrinting m_printing;
     std::mt19937 m_generator;
     std::unique_ptr<QLockFile> m_lock;
 };

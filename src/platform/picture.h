@@ -20,6 +20,17 @@ public:
     PictureBox(const ControlId &id, const Place &place, const QString &picture = {});
     void SetPicture(const QString &name);
     void SetSpokenName(const QString &name);
+    // A line round it, one pixel wide.
+    void SetBordered(bool bordered);
+
+    // What the box shows, as a picture file of its own: at least as fine as paper needs. Errors 61
+    // and 75.
+    void SaveImage(const QString &nativePath) const;
+    // Shows the picture of a file from now on, as large as the box; empty: none. Error 53 or 481
+    // for a file that is not there or holds no picture.
+    void LoadPicture(const QString &nativePath);
+    // The picture of the file that was loaded; empty when there is none.
+    QPixmap LoadedPicture() const;
 
 protected:
     void Refresh() override;

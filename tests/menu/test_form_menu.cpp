@@ -139,8 +139,19 @@ private Q_SLOTS:
         menu.Command1.OnClick(1);
         QCOMPARE(NumeroEserciziEseguiti, int16_t{0});
         QVERIFY(Form::Find(QStringLiteral("FormMenu")) != nullptr);
-        for (const MenuItem *item : {&menu.mnuConfigura, &menu.mnuAbout, &menu.mnuDocum})
+        for (const MenuItem *item : {&menu.mnuConfigura, &menu.mnuAbout})
             QVERIFY(!item->Enabled());
+    }
+
+    void theDocumentationIsOpenedAndTheMenuStays()
+    {
+        MenuPlayer player;
+        FormMenu &menu = player.OpenMenu();
+        QVERIFY(menu.mnuDocum.Enabled());
+        menu.mnuDocum.OnClick();
+        QCOMPARE(player.Host.OpenedDocuments,
+                 QStringList{player.Host.Application + QStringLiteral("morlenekvt.pdf")});
+        QCOMPARE(Form::Find(QStringLiteral("FormMenu")), &menu);
     }
 
     void oneRowStaysEmptyBetweenTwoExercises()

@@ -47,6 +47,7 @@ public:
     double Rnd() override { Fail(); }
     int64_t Milliseconds() override { Fail(); }
     std::unique_ptr<platform::Ticker> StartTicker(int, std::function<void()>) override { Fail(); }
+    QString Today() override { Fail(); }
     platform::BoxAnswer MessageBox(const platform::Box &) override { Fail(); }
     QString InputBox(const QString &, const QString &, const QString &) override { Fail(); }
     std::optional<platform::Color> ChooseColor() override { Fail(); }
@@ -55,6 +56,7 @@ public:
     void WaitForModal(platform::Form &) override { Fail(); }
     void PlaySound(const QString &) override { Fail(); }
     void OpenDocument(const QString &) override { Fail(); }
+    platform::Printing &Printers() override { Fail(); }
     platform::ScreenSize Screen() override { Fail(); }
     bool AnotherInstanceRuns() override { Fail(); }
     bool RegisterFont(const QString &) override { Fail(); }

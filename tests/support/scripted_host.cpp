@@ -114,6 +114,11 @@ void ScriptedHost::ExpectBox(const QString &text, BoxAnswer answer)
     m_boxes.append({text, answer, {}});
 }
 
+void ScriptedHost::ExpectBox(const Box &box, BoxAnswer answer)
+{
+    m_boxes.append({box.Text, answer, {}, box});
+}
+
 void ScriptedHost::ExpectInput(const QString &prompt, const QString &answer)
 {
     m_boxes.append({prompt, BoxAnswer::Ok, answer});
@@ -156,7 +161,13 @@ BoxAnswer ScriptedHost::MessageBox(const Box &box)
                      __FILE__, __LINE__);
         return box.Buttons == BoxButtons::Ok ? BoxAnswer::Ok : BoxAnswer::No;
     }
-    return m_boxes.takeFirst().Answer;
+    const ExpectedBox expected = m_boxes.takeFirst();
+    if (expected.Whole && (expected.Whole->Title != box.Title || expected.Whole->Icon != box.Icon ||
+                           expected.Whole->Buttons != box.Buttons))
+        QTest::qFail(qPrintable(QStringLiteral("a box with another title, icon or buttons: ") +
+                                box.Title + QStringLiteral(": ") + box.Text),
+                     __FILE__, __LINE__);
+    return expected.Answer;
 }
 
 QString ScriptedHost::InputBox(const QString &prompt, const QString &, const QString &)

@@ -4,6 +4,7 @@
 
 #include "platform/application.h"
 #include "platform/host.h"
+#include "support/fake_printing.h"
 
 #include <QList>
 #include <QStringList>
@@ -38,6 +39,8 @@ public:
 
     // The next boxes, each with its text and its answer.
     void ExpectBox(const QString &text, platform::BoxAnswer answer = platform::BoxAnswer::Ok);
+    // The same, with title, icon and buttons looked at too.
+    void ExpectBox(const platform::Box &box, platform::BoxAnswer answer = platform::BoxAnswer::Ok);
     void ExpectInput(const QString &prompt, const QString &answer);
 
     // The next dialogs, each with its answer; nothing, or an empty path, cancels it.
@@ -62,7 +65,9 @@ public:
     QStringList RegisteredFonts;
     QStringList OpenedDocuments;
     platform::FileQuestion LastFileQuestion;
+    QString TodayNow = QStringLiteral("21/11/2026");
     QTemporaryDir Drive;
+    FakePrinting Printer;
 
     // A file on the drive by its path below "C:\", with slashes.
     QByteArray DriveFile(const QString &path) const;
@@ -75,6 +80,7 @@ public:
     int64_t Milliseconds() override { return m_now; }
     std::unique_ptr<platform::Ticker> StartTicker(int milliseconds,
                                                   std::function<void()> tick) override;
+    QString Today() override { return TodayNow; }
     platform::BoxAnswer MessageBox(const platform::Box &box) override;
     QString InputBox(const QString &prompt, const QString &title, const QString &proposal) override;
     std::optional<platform::Color> ChooseColor() override;
@@ -83,6 +89,7 @@ public:
     void WaitForModal(platform::Form &form) override;
     void PlaySound(const QString &nativePath) override;
     void OpenDocument(const QString &nativePath) override { OpenedDocuments << nativePath; }
+    platform::Printing &Printers() override { return Printer; }
     QString DriveRoot() override { return Drive.path() + QLatin1Char('/'); }
     QString ApplicationFolder() override { return Application; }
     platform::ScreenSize Screen() override { return ScreenSizeNow; }
@@ -99,6 +106,7 @@ private:
         QString Text;
         platform::BoxAnswer Answer;
         QString Input;
+        std::optional<platform::Box> Whole{}; // to be compared in all of it
     };
     struct ExpectedDialog {
         QString Kind; // "color", "font", "file " with its title, "modal"

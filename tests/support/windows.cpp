@@ -1,5 +1,6 @@
 #include "support/windows.h"
 
+#include "configuration/form_configura.h"
 #include "exercises/form_es1.h"
 #include "exercises/form_es2.h"
 #include "exercises/form_es3.h"
@@ -9,7 +10,11 @@
 #include "exercises/form_es7.h"
 #include "exercises/form_es8.h"
 #include "menu/form_menu.h"
+#include "printing/frm_stampa.h"
+#include "results/form_esercizi_eseguiti.h"
+#include "support/windows/form1.h"
 #include "support/windows/form_avvio.h"
+#include "support/windows/form_info.h"
 
 #include <QMap>
 
@@ -27,6 +32,11 @@ const QMap<QString, Maker> &Makers()
     static const QMap<QString, Maker> makers = {
         {QStringLiteral("FormAvvio"), Make<FormAvvio>},
         {QStringLiteral("FormMenu"), Make<FormMenu>},
+        {QStringLiteral("FormConfigura"), Make<FormConfigura>},
+        {QStringLiteral("FormInfo"), Make<FormInfo>},
+        {QStringLiteral("Form1"), Make<Form1>},
+        {QStringLiteral("FormEserciziEseguiti"), Make<FormEserciziEseguiti>},
+        {QStringLiteral("frmStampa"), Make<FrmStampa>},
         {QStringLiteral("FormEs1"), Make<FormEs1>},
         {QStringLiteral("FormEs2"), Make<FormEs2>},
         {QStringLiteral("FormEs3"), Make<FormEs3>},

@@ -1,0 +1,98 @@
+// The adult's window: six pages on which the current player's settings are changed. There is no
+// cancel; each control writes its variable at once, and leaving saves the profile.
+#pragma once
+
+#include "platform/button.h"
+#include "platform/check_box.h"
+#include "platform/control_array.h"
+#include "platform/form.h"
+#include "platform/frame.h"
+#include "platform/label.h"
+#include "platform/list_box.h"
+#include "platform/menu.h"
+#include "platform/movie_control.h"
+#include "platform/option_button.h"
+#include "platform/picture.h"
+#include "platform/scroll_bar.h"
+#include "platform/tab_strip.h"
+#include "platform/text_box.h"
+
+class FormConfigura : public platform::Form {
+public:
+    FormConfigura();
+
+    platform::Label Label3;         // the word before the player's name
+    platform::Label Label4;         // the player's name
+    platform::Label LabelPerColore; // hidden; its text colour carries a dialog's answer
+    platform::TabStrip TabStrip1;
+
+    platform::Frame FrameUtente;
+    platform::ControlArray<platform::OptionButton> OptionUtente;
+    platform::ListBox ListModificaUtente;
+    platform::TextBox TextNuovoUtente;
+    platform::CheckBox CheckSalvaUtente;
+
+    platform::Frame FrameMorlene;
+    platform::ControlArray<platform::PictureBox> CasellaColorata;
+    platform::ControlArray<platform::OptionButton> Option2; // a row of `Colori` each
+    platform::MovieControl ShockwaveFlash1;
+    platform::Button Command4;
+
+    platform::Frame FrameScelteDid;
+    platform::CheckBox Check1;
+
+    platform::Frame FrameFonts;
+    platform::Frame FrameScelte;
+    platform::OptionButton minuscolo;
+    platform::OptionButton maiuscolo;
+    platform::OptionButton corsivo;
+    platform::Frame Frame6;
+    platform::ControlArray<platform::OptionButton> OptionColoreCasualeFisso;
+    platform::Button CommandSceltaColori;
+    platform::Frame Frame5;
+    platform::Button CommandSceltaFont;
+    platform::Button CommandSceltaColoreFont;
+    platform::Button CommandSceltaSfondoTesto;
+    platform::Button CommandSceltaColoreBottoni;
+    platform::Button Command1;
+    platform::ControlArray<platform::Label> LabelFontSelezionato;
+
+    platform::Frame FrameSuoni;
+    platform::CheckBox CheckSuoni;
+
+    platform::Frame FramePunt;
+    platform::ControlArray<platform::OptionButton> Option4; // a `ModoInput` each
+    platform::CheckBox CheckDisabilitaMousePersonalizzato;
+    platform::Label Label7;
+    platform::HScrollBar HScroll3;
+    platform::Label Label1;
+    platform::PictureBox PictureScansione;
+
+    platform::MenuItem mnuEsci;
+
+    void ImpostaConfigurazioni();
+    void NascondiFrame();
+    void Preparamorlena();
+
+private:
+    void Disegna();
+    void DisegnaCaselle();
+    void DisegnaFontEColori();
+    void Collega();
+    void CollegaFontEColori();
+    void Carica();
+    void Attiva();
+    void Ridimensiona();
+    void MostraPagina();
+
+    void ScegliTipoUtente();
+    void ModificaUtente();
+    void ScriviNuovoUtente();
+
+    void ScegliCasella(int casella);
+    void UsaCarattere(const QString &tipo);
+    void CambiaFont();
+    void CambiaModoInput(int modo);
+    void ScriviVelocita();
+    void Esci();
+};

@@ -1,0 +1,15 @@
+// The printer's own dialog: paper, orientation and copies.
+#pragma once
+
+#include "platform/printing/printing.h"
+
+#include <QList>
+
+class QPageSize;
+
+namespace platform {
+
+// False when cancelled, and `mode` stays as it was.
+bool AskPrinterProperties(Form &owner, const QList<QPageSize> &papers, DeviceMode &mode);
+
+} // namespace platform

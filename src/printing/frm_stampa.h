@@ -1,0 +1,113 @@
+// The page set-up dialog: a small picture of the sheet with the image laid on it, printer, margins,
+// printed size in millimetres, copies.
+#pragma once
+
+#include "platform/button.h"
+#include "platform/check_box.h"
+#include "platform/combo_box.h"
+#include "platform/drawing_box.h"
+#include "platform/form.h"
+#include "platform/frame.h"
+#include "platform/label.h"
+#include "platform/picture.h"
+#include "platform/shape.h"
+#include "platform/text_box.h"
+#include "platform/timer.h"
+#include "platform/up_down.h"
+
+class FrmStampa : public platform::Form {
+public:
+    FrmStampa();
+
+    platform::Frame Frame1;
+    platform::Label Label1;
+    platform::ComboBox cboPrinterNames;
+    platform::Button cmdProprieta;
+    platform::Image imgPrinter;
+
+    platform::Frame Frame2;
+    platform::Label Label3;
+    platform::Label lblFgW;
+    platform::Label Label5;
+    platform::Label Label4;
+    platform::Label lblFgH;
+    platform::Label Label6;
+    platform::Label lblFuoriFoglio;
+    platform::Shape shpFoglio;
+    platform::Shape shpBordo;
+    platform::DrawingBox picPreview;
+    platform::Label lblStampaInCorso;
+    platform::Timer Timer1;
+
+    platform::Frame Frame3;
+    platform::Label Label7;
+    platform::TextBox txtPrX;
+    platform::UpDown updPrX;
+    platform::Label Label9;
+    platform::TextBox txtPrY;
+    platform::UpDown updPrY;
+    platform::Button cmdOrigine;
+    platform::CheckBox chkCentro;
+
+    platform::Frame Frame4;
+    platform::Label Label8;
+    platform::TextBox txtPrW;
+    platform::UpDown updPrW;
+    platform::Label Label10;
+    platform::TextBox txtPrH;
+    platform::UpDown updPrH;
+    platform::Button cmdMax;
+    platform::CheckBox chkProporzioni;
+
+    platform::Label lblLblNCopie;
+    platform::TextBox txtNCopies;
+    platform::UpDown updNCopies;
+    // Hidden, and working all the same.
+    platform::Label lblLblScala;
+    platform::Label lblPScala;
+    platform::TextBox txtScala;
+    platform::Button cmdScalaOK;
+
+    platform::Button cmdStampa;
+    platform::Button cmdOK;
+    platform::Button cmdChiudi;
+
+private:
+    void Disegna();
+    void CollegaCampi();
+    void CollegaPulsanti();
+
+    void Attiva();
+    void ScegliStampante();
+    void LeggiFoglioScelto();
+    void DisegnaFoglio();
+    void AggiornaAnteprima();
+    bool AnteprimaForm(const platform::DeviceRectangle &area);
+    bool AnteprimaPictureBox(const platform::DeviceRectangle &area);
+    void AnteprimaSeGrande();
+    void Lampeggia();
+
+    void CambiaLarghezza();
+    void CambiaAltezza();
+    void AltezzaDallaLarghezza();
+    void LarghezzaDallAltezza();
+    void CambiaCentro();
+    void CambiaProporzioni();
+    void PortaAlMassimo();
+    void ApplicaScala();
+    void TastoScala();
+
+    void Proprieta();
+    void StampaOra();
+    void Conferma();
+    void Chiudi();
+    void SalvaAnteprima();
+
+    // Twips, from the design.
+    int32_t PosFoglioX = 0;
+    int32_t PosFoglioY = 0;
+    int32_t PosBordoX = 0;
+    int32_t PosBordoY = 0;
+    int32_t PosAnteprimaX = 0;
+    int32_t PosAnteprimaY = 0;
+};

@@ -1,0 +1,44 @@
+// The teacher sees which exercises the player did in this run, saves and prints them, and opens
+// what was saved.
+#pragma once
+
+#include "platform/form.h"
+#include "platform/grid.h"
+#include "platform/label.h"
+#include "platform/menu.h"
+#include "results/report.h"
+
+#include <memory>
+
+namespace platform {
+class RecordReader;
+}
+
+class FormEserciziEseguiti : public platform::Form {
+public:
+    FormEserciziEseguiti();
+    ~FormEserciziEseguiti() override;
+
+    platform::Label Label1; // the player
+    platform::Label Label2; // heading with the date
+    platform::Grid MSFlexGrid1;
+    platform::Label Label3; // the last line of an opened report
+    platform::MenuItem mnuFile;
+    platform::MenuItem mnuSalva;
+    platform::MenuItem mnuApri;
+    platform::MenuItem mnuStampa;
+    platform::MenuItem mnuEsci;
+
+private:
+    void Attiva();
+    void PreparaTabella();
+    void ScriviIntestazione(const QString &chiave);
+    void Salva();
+    void Apri();
+    void LeggiFile(const QString &percorso);
+    void StampaTabella();
+    TitoliResoconto Titoli() const;
+
+    // A report whose opening failed stays open until the next one, or until the window goes.
+    std::unique_ptr<platform::RecordReader> m_resoconto;
+};

@@ -1,0 +1,186 @@
+// The four ways from an exercise to paper.
+#include "exercises/form_es1.h"
+#include "language/language.h"
+#include "printing/frm_stampa.h"
+#include "printing/print_fields.h"
+#include "support/exercise_fixture.h"
+
+#include <QTest>
+
+using namespace platform;
+
+namespace {
+
+class Child : public Player {
+public:
+    Child()
+    {
+        AzzeraStampa();
+        Host.Seed(1);
+        Host.Printer.RealPixels = true;
+    }
+    ~Child() { AzzeraStampa(); }
+    Child(const Child &) = delete;
+    Child &operator=(const Child &) = delete;
+};
+
+// Something to choose from and to close.
+class Pictures : public Form {
+public:
+    Pictures() : Form("Form1", 3000, 3000) {}
+};
+
+} // namespace
+
+class TestQuickPrint : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aQuickPrintKeepsTaskAndCounters()
+    {
+        Child child;
+        FormEs1 &exercise = child.Open<FormEs1>();
+        Esatti = 3;
+        const QString before = exercise.Text1.Text();
+        exercise.mnuStEserc.OnClick();
+        QCOMPARE(Esatti, 3);
+        QCOMPARE(exercise.Text1.Text(), before);
+        QCOMPARE(child.Host.Printer.Documents.size(), qsizetype{1});
+        const FakeDocument &document = child.Host.Printer.Documents.first();
+        QVERIFY(document.Ended);
+        QCOMPARE(document.Printer, QStringLiteral("Prima"));
+        QCOMPARE(document.Mode.Orientation, int16_t{0}); // the printer's own
+        QCOMPARE(document.Pages.size(), qsizetype{1});
+    }
+
+    // A sheet of 200 mm with 20 pixels each; 1366 logical pixels are 361 mm.
+    void aQuickPrintBeginsAtTheCornerAndIsMadeToFit()
+    {
+        Child child;
+        FormEs1 &exercise = child.Open<FormEs1>();
+        exercise.mnuStEserc.OnClick();
+        const FakePage &page = child.Host.Printer.Documents.first().Pages.first();
+        const DeviceRectangle place = page.Rectangles.first();
+        QCOMPARE(place.X, 0);
+        QCOMPARE(place.Y, 0);
+        QCOMPARE(place.Width, 4000);
+        QCOMPARE(place.Height, qRound(4000 * exercise.ScaleHeight() / exercise.ScaleWidth()));
+        // The client area, without the menu bar.
+        QCOMPARE(page.Bitmaps.first().Height, exercise.Client()->height());
+    }
+
+    void aQuickPrintOfASmallWindowHasTheScreensSize()
+    {
+        Child child;
+        child.Host.ScreenSizeNow = {480, 240};
+        FormEs1 &exercise = child.Open<FormEs1>();
+        exercise.mnuStEserc.OnClick();
+        const DeviceRectangle place =
+            child.Host.Printer.Documents.first().Pages.first().Rectangles.first();
+        QCOMPARE(place.Width, 2540); // 5 inches
+        QCOMPARE(place.Height, qRound(exercise.Client()->height() / 96.0 * 25.4 * 20));
+    }
+
+    void aQuickPrintThatFailsIsToldAndTheTaskGoesOn_data()
+    {
+        QTest::addColumn<QString>("step");
+        for (const char *step : {"default", "CreateDevice", "Allocate", "ReadRows", "StartDocument",
+                                 "StartPage", "StretchBitmap", "EndPage", "EndDocument"})
+            QTest::newRow(step) << QString::fromLatin1(step);
+    }
+    void aQuickPrintThatFailsIsToldAndTheTaskGoesOn()
+    {
+        QFETCH(QString, step);
+        Child child;
+        FormEs1 &exercise = child.Open<FormEs1>();
+        if (step == QStringLiteral("default"))
+            child.Host.Printer.Default.clear();
+        else
+            child.Host.Printer.Answers[step] = {0};
+        child.Host.ExpectBox(
+            Box{.Text = MLSTesto(QStringLiteral("0098")), .Title = {}, .Icon = BoxIcon::Critical});
+        const QString before = exercise.Text1.Text();
+        exercise.mnuStEserc.OnClick();
+        QCOMPARE(exercise.Text1.Text(), before);
+        QCOMPARE(child.Host.Printer.Devices, 0);
+        QCOMPARE(child.Host.Printer.Allocated(), 0);
+    }
+
+    void theDialogOpensAcrossOrUprightWithTheSameNumbersOnEveryScreen_data()
+    {
+        QTest::addColumn<bool>("across");
+        QTest::addColumn<int>("width");
+        QTest::newRow("across") << true << 1366;
+        QTest::newRow("upright") << false << 1366;
+        QTest::newRow("upright, large") << false << 1920;
+    }
+    void theDialogOpensAcrossOrUprightWithTheSameNumbersOnEveryScreen()
+    {
+        QFETCH(bool, across);
+        QFETCH(int, width);
+        Child child;
+        child.Host.ScreenSizeNow = {width, 768};
+        FormEs1 &exercise = child.Open<FormEs1>();
+        child.Host.ExpectModal([&](Form &form) {
+            auto &dialog = dynamic_cast<FrmStampa &>(form);
+            QCOMPARE(dialog.txtPrX.Text(), QStringLiteral("10"));
+            QCOMPARE(dialog.txtPrY.Text(), QStringLiteral("10"));
+            QCOMPARE(dialog.txtPrW.Text(), QStringLiteral("100"));
+            QCOMPARE(dialog.txtPrH.Text(), QStringLiteral("100"));
+            QCOMPARE(Stampa.OrientamentoRichiesto, across ? 2 : 1);
+            QCOMPARE(Stampa.TitoloStampa, QString());
+            // The whole window with its menu bar.
+            QCOMPARE(Stampa.AltezzaImmagine, exercise.Window()->height());
+            dialog.cmdStampa.OnClick();
+        });
+        (across ? exercise.mnuStOr : exercise.mnuStVer).OnClick();
+        QCOMPARE(child.Host.Printer.Documents.first().Mode.Orientation,
+                 across ? int16_t{2} : int16_t{1});
+        QCOMPARE(child.Host.Printer.Documents.first().Title, QString());
+    }
+
+    void theExerciseBeginsAnewWhenTheDialogCloses()
+    {
+        Child child;
+        FormEs1 &exercise = child.Open<FormEs1>();
+        Esatti = 3;
+        exercise.Livello = 2;
+        child.Host.ExpectModal(
+            [](Form &form) { dynamic_cast<FrmStampa &>(form).cmdChiudi.OnClick(); });
+        exercise.mnuStVer.OnClick();
+        QCOMPARE(Esatti, 0);
+        QCOMPARE(exercise.Livello, int16_t{1});
+        QCOMPARE(NumeroEserciziEseguiti, int16_t{1}); // no row
+    }
+
+    void withoutAPrinterTheExerciseGoesOn()
+    {
+        Child child;
+        FormEs1 &exercise = child.Open<FormEs1>();
+        Esatti = 3;
+        child.Host.Printer.Default.clear();
+        child.Host.ExpectBox(QStringLiteral("Stampante di default non specificata."));
+        exercise.mnuStOr.OnClick();
+        QCOMPARE(Esatti, 3);
+    }
+
+    void figuresToColourNeedTheirWindow()
+    {
+        Child child;
+        QVERIFY(!child.Open<FormEs1>().mnuCol.Enabled());
+        DropForms();
+        RegistraFinestra(QStringLiteral("Form1"), []() -> Form * { return new Pictures; });
+        FormEs1 &exercise = child.Open<FormEs1>();
+        QVERIFY(exercise.mnuCol.Enabled());
+        Esatti = 3;
+        child.Host.ExpectModal([](Form &form) {
+            QCOMPARE(form.Name(), QStringLiteral("Form1"));
+            form.Unload();
+        });
+        exercise.mnuCol.OnClick();
+        QCOMPARE(Esatti, 0);
+    }
+};
+
+MORLENE_TEST_MAIN(TestQuickPrint)
+#include "test_quick_print.moc"

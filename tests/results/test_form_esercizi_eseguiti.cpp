@@ -1,0 +1,560 @@
+// The log of exercises: its table, the report as it is written and as it is read, the boxes of
+// every failure, and the printed page.
+#include "language/language.h"
+#include "platform/files.h"
+#include "results/form_esercizi_eseguiti.h"
+#include "support/exercise_fixture.h"
+#include "support/ordinary_user.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QTest>
+#include <sys/resource.h>
+
+#include <csignal>
+
+using namespace platform;
+
+namespace {
+
+const QString Settings = QStringLiteral("ImpostazioniProgrammiTesmi/morlenekvt/");
+const QString Boxes = QStringLiteral("Morlenekvt");
+
+class Teacher : public Player {
+public:
+    Teacher()
+    {
+        QDir().mkpath(Host.Drive.filePath(Settings + QStringLiteral("dati")));
+        NomeUtente = QStringLiteral("Niccolò");
+        EtichettaEsatti = QStringLiteral(" Esatti");
+    }
+
+    // One exercise, left at once: the row after it stays empty.
+    static void DoExercise(const char *title, const char *level, const char *right,
+                           const char *wrong)
+    {
+        ++NumeroEserciziEseguiti;
+        EserciziEseguiti(NumeroEserciziEseguiti, 0) = QString::fromUtf8(title);
+        EserciziEseguiti(NumeroEserciziEseguiti, 1) = QString::fromUtf8(level);
+        EserciziEseguiti(NumeroEserciziEseguiti, 2) = QString::fromUtf8(right);
+        EserciziEseguiti(NumeroEserciziEseguiti, 3) = QString::fromUtf8(wrong);
+        ++NumeroEserciziEseguiti;
+    }
+
+    FormEserciziEseguiti &OpenLog()
+    {
+        auto *log = new FormEserciziEseguiti;
+        log->Show();
+        QCoreApplication::processEvents();
+        return *log;
+    }
+
+    QString File(const QString &name) const { return Host.Drive.filePath(name); }
+    QByteArray Content(const QString &name) const { return Host.DriveFile(name); }
+
+    void ExpectError(const char *key)
+    {
+        Host.ExpectBox(Box{
+            .Text = MLSTesto(QString::fromLatin1(key)), .Title = Boxes, .Icon = BoxIcon::Critical});
+    }
+
+    // Opens a report of that content.
+    FormEserciziEseguiti &OpenReport(const QByteArray &content, bool good)
+    {
+        FormEserciziEseguiti &log = OpenLog();
+        Host.WriteDriveFile(QStringLiteral("prova.rpt"), content);
+        Host.ExpectFile(QStringLiteral("Apri"), File(QStringLiteral("prova.rpt")));
+        if (!good)
+            ExpectError("0077");
+        log.mnuApri.OnClick();
+        return log;
+    }
+};
+
+QStringList Row(const Grid &grid, int row)
+{
+    QStringList texts;
+    for (int column = 0; column < grid.Cols(); ++column)
+        texts << grid.TextMatrix(row, column);
+    return texts;
+}
+
+} // namespace
+
+class TestFormEserciziEseguiti : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    // --- The table ---
+
+    void withoutAnExerciseThereIsOnlyTheHeader()
+    {
+        Teacher teacher;
+        const FormEserciziEseguiti &log = teacher.OpenLog();
+        QCOMPARE(log.MSFlexGrid1.Rows(), 1);
+        QCOMPARE(log.MSFlexGrid1.Cols(), 5);
+        QCOMPARE(Row(log.MSFlexGrid1, 0), (QStringList{{},
+                                                       MLSTesto(QStringLiteral("0075")),
+                                                       QStringLiteral(" Livello"),
+                                                       QStringLiteral(" Esatti"),
+                                                       QStringLiteral(" Errati")}));
+        QCOMPARE(log.Label1.Caption(), QStringLiteral("Niccolò"));
+        QCOMPARE(log.Label2.Caption(),
+                 MLSTesto(QStringLiteral("0074")) + QStringLiteral("21/11/2026"));
+        QCOMPARE(log.Label3.Caption(), QString());
+    }
+
+    void twoExercisesStandInRowsOneAndThree()
+    {
+        Teacher teacher;
+        Teacher::DoExercise("Vero o falso", "1", "0", "0");
+        Teacher::DoExercise("Insiemi", "2", "7", "1");
+        NumeroEserciziEseguiti = 3; // the second one still runs
+        const FormEserciziEseguiti &log = teacher.OpenLog();
+        QCOMPARE(log.MSFlexGrid1.Rows(), 4);
+        QCOMPARE(Row(log.MSFlexGrid1, 1),
+                 (QStringList{QStringLiteral("1"), QStringLiteral("Vero o falso"),
+                              QStringLiteral("1"), QStringLiteral("0"), QStringLiteral("0")}));
+        QCOMPARE(Row(log.MSFlexGrid1, 2), (QStringList{QStringLiteral("2"), {}, {}, {}, {}}));
+        QCOMPARE(Row(log.MSFlexGrid1, 3),
+                 (QStringList{QStringLiteral("3"), QStringLiteral("Insiemi"), QStringLiteral("2"),
+                              QStringLiteral("7"), QStringLiteral("1")}));
+    }
+
+    void columnsTakePartsOfTheWholeTableAndTheirAlignment()
+    {
+        Teacher teacher;
+        const FormEserciziEseguiti &log = teacher.OpenLog();
+        const int part = static_cast<int>(log.MSFlexGrid1.Width()) / 24;
+        QVERIFY(part > 0);
+        const QList<int> parts{1, 10, 4, 4, 4};
+        for (int column = 0; column < 5; ++column) {
+            QCOMPARE(log.MSFlexGrid1.ColWidth(column), static_cast<double>(part) * parts.at(column));
+            QCOMPARE(static_cast<int>(log.MSFlexGrid1.ColAlignment(column)), column < 3 ? 3 : 0);
+        }
+    }
+
+    void aFullLogIsShownToItsLastRowAndNoFurther()
+    {
+        Teacher teacher;
+        for (int row = 1; row <= 500; ++row)
+            EserciziEseguiti(row, 0) = QString::number(row * 2);
+        NumeroEserciziEseguiti = 501; // the last exercise was left
+        const FormEserciziEseguiti &log = teacher.OpenLog();
+        QCOMPARE(log.MSFlexGrid1.Rows(), 502);
+        QCOMPARE(log.MSFlexGrid1.TextMatrix(500, 1), QStringLiteral("1000"));
+        QCOMPARE(log.MSFlexGrid1.TextMatrix(501, 1), QString());
+        QCOMPARE(teacher.Host.FatalNumber, 0);
+    }
+
+    void leavingShowsTheMenu()
+    {
+        Teacher teacher;
+        teacher.OpenLog().mnuEsci.OnClick();
+        QVERIFY(Form::Find(QStringLiteral("FormMenu")) != nullptr);
+        QVERIFY(Form::Find(QStringLiteral("FormEserciziEseguiti")) == nullptr);
+    }
+
+    // --- Saving ---
+
+    void theReportIsWrittenLineByLine()
+    {
+        Teacher teacher;
+        Teacher::DoExercise("Vero, o falso", "1", "0", "0");
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        const QString file = teacher.File(QStringLiteral("nuovo.rpt"));
+        teacher.Host.ExpectFile(QStringLiteral("Salva"), file);
+        log.mnuSalva.OnClick();
+        const QByteArray heading = ToCodePage(MLSTesto(QStringLiteral("0074")));
+        QCOMPARE(teacher.Content(QStringLiteral("nuovo.rpt")),
+                 "Niccol\xF2\r\n" + heading +
+                     "21/11/2026\r\n 3 \r\nVero, o falso\r\n1\r\n0\r\n0\r\n\r\n\r\n\r\n\r\n\r\n");
+        const FileQuestion &asked = teacher.Host.LastFileQuestion;
+        QVERIFY(!asked.Open);
+        QCOMPARE(asked.Pattern, QStringLiteral("*.rpt"));
+        QCOMPARE(asked.Extension, QStringLiteral("rpt"));
+        QVERIFY(asked.ProposedName.isEmpty());
+        QCOMPARE(QDir::cleanPath(asked.StartFolder),
+                 QDir::cleanPath(teacher.File(Settings + QStringLiteral("dati/Niccolò"))));
+        QVERIFY(QFileInfo(asked.StartFolder).isDir());
+        QVERIFY(teacher.Host.DriveHas(QStringLiteral("ImpostazioniProgrammiTesmi/leggimi.txt")));
+    }
+
+    void aLogWithoutExercisesIsFourLines()
+    {
+        Teacher teacher;
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        teacher.Host.ExpectFile(QStringLiteral("Salva"), teacher.File(QStringLiteral("n.rpt")));
+        log.mnuSalva.OnClick();
+        QVERIFY(teacher.Content(QStringLiteral("n.rpt")).endsWith("\r\n 1 \r\n\r\n"));
+        QCOMPARE(teacher.Content(QStringLiteral("n.rpt")).count('\n'), qsizetype{4});
+    }
+
+    void cancellingASaveTellsThatItFailed()
+    {
+        Teacher teacher;
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        teacher.Host.ExpectFile(QStringLiteral("Salva"), {});
+        teacher.ExpectError("0078");
+        log.mnuSalva.OnClick();
+    }
+
+    void aNameThatCannotBeAFolderTellsThatSavingFailed()
+    {
+        Teacher teacher;
+        NomeUtente = QStringLiteral("a|b");
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        teacher.ExpectError("0078");
+        log.mnuSalva.OnClick();
+    }
+
+    void withoutTheFolderOfDataSavingTellsThatItFailed()
+    {
+        Teacher teacher;
+        QVERIFY(QDir().rmdir(teacher.File(Settings + QStringLiteral("dati"))));
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        teacher.ExpectError("0078");
+        log.mnuSalva.OnClick();
+    }
+
+    void aReadOnlyFolderKeepsTheEarlierReport()
+    {
+        Teacher teacher;
+        Teacher::DoExercise("Insiemi", "1", "1", "1");
+        const QString name = Settings + QStringLiteral("dati/Niccolò/vecchio.rpt");
+        teacher.Host.WriteDriveFile(name, "earlier");
+        const QString file = teacher.File(name);
+        QFile::setPermissions(QFileInfo(file).path(), QFile::ReadOwner | QFile::ExeOwner |
+                                                          QFile::ReadOther | QFile::ExeOther);
+        QFile::setPermissions(file, QFile::ReadOwner | QFile::ReadOther);
+        QFile::setPermissions(teacher.Host.Drive.path(), QFile::Permissions(0x7755));
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        const QByteArray said = AsOrdinaryUser([&]() -> QByteArray {
+            QFile plain(file);
+            if (plain.open(QIODevice::WriteOnly))
+                return "a plain write is possible";
+            teacher.Host.ExpectFile(QStringLiteral("Salva"), file);
+            teacher.ExpectError("0078");
+            teacher.Host.TakeEvents();
+            log.mnuSalva.OnClick();
+            if (!teacher.Host.Events.contains(QStringLiteral("box ") +
+                                              MLSTesto(QStringLiteral("0078"))))
+                return "no box";
+            teacher.Host.ExpectFile(QStringLiteral("Salva"),
+                                    QFileInfo(file).path() + QStringLiteral("/nuovo.rpt"));
+            teacher.ExpectError("0078");
+            log.mnuSalva.OnClick();
+            return {};
+        });
+        QCOMPARE(said, QByteArray());
+        QCOMPARE(teacher.Host.DriveFile(name), QByteArray("earlier"));
+        QCOMPARE(QDir(QFileInfo(file).path()).entryList(QDir::Files),
+                 QStringList{QStringLiteral("vecchio.rpt")});
+        QFile::setPermissions(QFileInfo(file).path(), QFile::Permissions(0x7755));
+    }
+
+    // A limit on the size of files stands for a disk that is full.
+    void aFullDiskKeepsTheEarlierReportAndLeavesNoHalfOne()
+    {
+        Teacher teacher;
+        for (int i = 0; i < 100; ++i)
+            Teacher::DoExercise("Trova gli intrusi", "1", "1", "1");
+        const QString earlier = QStringLiteral("vecchio.rpt");
+        teacher.Host.WriteDriveFile(earlier, "earlier");
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        rlimit before{};
+        QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+        rlimit small = before;
+        small.rlim_cur = 1000;
+        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
+        for (const QString &name : {earlier, QStringLiteral("nuovo.rpt")}) {
+            teacher.Host.ExpectFile(QStringLiteral("Salva"), teacher.File(name));
+            teacher.ExpectError("0078");
+            log.mnuSalva.OnClick();
+        }
+        setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+        QCOMPARE(teacher.Content(earlier), QByteArray("earlier"));
+        QVERIFY(!teacher.Host.DriveHas(QStringLiteral("nuovo.rpt")));
+    }
+
+    // --- Opening ---
+
+    void aReportWithoutRowsOpensCleanly()
+    {
+        Teacher teacher;
+        Teacher::DoExercise("Insiemi", "1", "1", "1");
+        const FormEserciziEseguiti &log =
+            teacher.OpenReport("Anna\r\nData\r\n 1 \r\nUltima, riga\r\n", true);
+        QCOMPARE(log.Label1.Caption(), QStringLiteral("Anna"));
+        QCOMPARE(log.Label2.Caption(), QStringLiteral("Data"));
+        QCOMPARE(log.Label3.Caption(), QStringLiteral("Ultima, riga"));
+        QCOMPARE(log.MSFlexGrid1.Rows(), 1);
+        QCOMPARE(log.MSFlexGrid1.TextMatrix(0, 1), MLSTesto(QStringLiteral("0076")));
+        QCOMPARE(log.MSFlexGrid1.TextMatrix(0, 4), QStringLiteral(" Errati"));
+        // The log itself is as it was.
+        QCOMPARE(EserciziEseguiti(1, 0), QStringLiteral("Insiemi"));
+        QCOMPARE(NumeroEserciziEseguiti, int16_t{2});
+        const FileQuestion &asked = teacher.Host.LastFileQuestion;
+        QVERIFY(asked.Open);
+        QCOMPARE(QDir::cleanPath(asked.StartFolder).toLower(),
+                 QDir::cleanPath(teacher.File(Settings + QStringLiteral("dati"))).toLower());
+    }
+
+    void aReportOfOurOwnShowsItsHeadingItsCountAndItsFirstRow()
+    {
+        Teacher teacher;
+        Teacher::DoExercise("Vero o falso", "1", "5", "6");
+        {
+            FormEserciziEseguiti &log = teacher.OpenLog();
+            teacher.Host.ExpectFile(QStringLiteral("Salva"), teacher.File(QStringLiteral("s.rpt")));
+            log.mnuSalva.OnClick();
+        }
+        DropForms();
+        const FormEserciziEseguiti &log =
+            teacher.OpenReport(teacher.Content(QStringLiteral("s.rpt")), false);
+        QCOMPARE(log.Label1.Caption(), QStringLiteral("Niccolò"));
+        QCOMPARE(log.MSFlexGrid1.Rows(), 3);
+        QCOMPARE(Row(log.MSFlexGrid1, 1),
+                 (QStringList{QStringLiteral("1"), QStringLiteral("Vero o falso"),
+                              QStringLiteral("1"), QStringLiteral("5"), QStringLiteral("6")}));
+        QCOMPARE(Row(log.MSFlexGrid1, 2), (QStringList{{}, {}, {}, {}, {}}));
+        QCOMPARE(log.Label3.Caption(), QString());
+    }
+
+    void aCommaCutsTheFirstTwoLinesSoThatTheCountFails()
+    {
+        Teacher teacher;
+        const FormEserciziEseguiti &log =
+            teacher.OpenReport("Anna, di Prova\r\nData\r\n 1 \r\nFine\r\n", false);
+        QCOMPARE(log.Label1.Caption(), QStringLiteral("Anna"));
+        QCOMPARE(log.Label2.Caption(), QStringLiteral("di Prova"));
+    }
+
+    void whatIsNoReportIsToldAndChangesNothing_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("one line") << QByteArray("Anna\r\n");
+        QTest::newRow("no number") << QByteArray("Anna\r\nData\r\nmolte\r\n");
+        QTest::newRow("no count") << QByteArray("Anna\r\nData\r\n\r\n");
+        QTest::newRow("a million rows")
+            << "Anna\r\nData\r\n 1000000 \r\n" + QByteArray("x\r\n").repeated(100);
+        QTest::newRow("beyond 32 bits") << QByteArray("Anna\r\nData\r\n 99999999999 \r\n");
+        QTest::newRow("beyond all") << QByteArray("Anna\r\nData\r\n 1e300 \r\n");
+        QTest::newRow("below nought") << QByteArray("Anna\r\nData\r\n-3 \r\nFine\r\n");
+        QTest::newRow("ends in a row") << QByteArray("Anna\r\nData\r\n 3 \r\nuno\r\n2\r\n");
+        QTest::newRow("no last line") << QByteArray("Anna\r\nData\r\n 1 \r\n");
+        QTest::newRow("two bytes a letter") << QByteArray("\xFF\xFE"
+                                                          "A\0n\0\r\0\n\0"
+                                                          "1\0\r\0\n\0"
+                                                          "1\0\r\0\n\0",
+                                                          18);
+        QTest::newRow("open quote") << QByteArray("\"Anna\r\nData\r\n 1 \r\nFine\r\n");
+        QByteArray noise;
+        uint32_t seed = 1;
+        for (int i = 0; i < 20000; ++i) {
+            seed = seed * 1664525U + 1013904223U;
+            noise.append(static_cast<char>(seed >> 24));
+        }
+        QTest::newRow("noise") << noise;
+        QTest::newRow("noughts") << QByteArray(10000, '\0');
+        QTest::newRow("too large") << "Anna\r\nData\r\n 1 \r\n" + QByteArray(5'000'000, 'x');
+    }
+    void whatIsNoReportIsToldAndChangesNothing()
+    {
+        QFETCH(QByteArray, content);
+        Teacher teacher;
+        Teacher::DoExercise("Insiemi", "1", "1", "1");
+        QElapsedTimer timer;
+        timer.start();
+        const FormEserciziEseguiti &log = teacher.OpenReport(content, false);
+        QVERIFY(timer.elapsed() < 5000);
+        QVERIFY(log.MSFlexGrid1.Rows() <= GridCells::MostRows);
+        QCOMPARE(teacher.Content(QStringLiteral("prova.rpt")), content);
+        QCOMPARE(EserciziEseguiti(1, 0), QStringLiteral("Insiemi"));
+        QCOMPARE(NumeroEserciziEseguiti, int16_t{2});
+    }
+
+    void aReportInTheWidthOfUnicodeShowsItsLettersAsTheyAreRead()
+    {
+        Teacher teacher;
+        const FormEserciziEseguiti &log =
+            teacher.OpenReport("Nicc\xC3\xB2\r\nData\r\n 1 \r\nFine\r\n", true);
+        QCOMPARE(log.Label1.Caption(), QStringLiteral("NiccÃ²"));
+    }
+
+    void cancellingAnOpeningEmptiesTheTableAndTells()
+    {
+        Teacher teacher;
+        Teacher::DoExercise("Insiemi", "1", "1", "1");
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        teacher.Host.ExpectFile(QStringLiteral("Apri"), {});
+        teacher.ExpectError("0077");
+        log.mnuApri.OnClick();
+        QCOMPARE(log.MSFlexGrid1.Rows(), 3);
+        QCOMPARE(log.MSFlexGrid1.TextMatrix(1, 1), QString());
+        QCOMPARE(log.MSFlexGrid1.TextMatrix(0, 1), MLSTesto(QStringLiteral("0076")));
+    }
+
+    void aReportThatIsNotThereOrNoFileIsTold()
+    {
+        Teacher teacher;
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        QDir(teacher.Host.Drive.path()).mkdir(QStringLiteral("cartella.rpt"));
+        for (const char *name : {"manca.rpt", "cartella.rpt"}) {
+            teacher.Host.ExpectFile(QStringLiteral("Apri"),
+                                    teacher.File(QString::fromLatin1(name)));
+            teacher.ExpectError("0077");
+            log.mnuApri.OnClick();
+        }
+        teacher.Host.ExpectFile(QStringLiteral("Apri"), QStringLiteral("/dev/zero"));
+        teacher.ExpectError("0077");
+        log.mnuApri.OnClick();
+    }
+
+    void theFolderOfDataIsMadeForOpening()
+    {
+        Teacher teacher;
+        QVERIFY(QDir().rmdir(teacher.File(Settings + QStringLiteral("dati"))));
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        teacher.Host.ExpectFile(QStringLiteral("Apri"), {});
+        teacher.ExpectError("0077");
+        log.mnuApri.OnClick();
+        QVERIFY(teacher.Host.DriveHas(Settings + QStringLiteral("Dati")));
+    }
+
+    // --- The printout ---
+
+    void aNoToTheQuestionPrintsNothing()
+    {
+        Teacher teacher;
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        teacher.Host.ExpectBox(Box{.Text = MLSTesto(QStringLiteral("0079")),
+                                   .Title = Boxes,
+                                   .Icon = BoxIcon::Question,
+                                   .Buttons = BoxButtons::YesNo},
+                               BoxAnswer::No);
+        log.mnuStampa.OnClick();
+        QVERIFY(teacher.Host.Printer.Calls.isEmpty());
+    }
+
+    // The document that is printed; the box of a failure when one is expected.
+    FakeDocument Printed(Teacher &teacher, FormEserciziEseguiti &log, bool fails = false)
+    {
+        teacher.Host.ExpectBox(MLSTesto(QStringLiteral("0079")), BoxAnswer::Yes);
+        teacher.Host.ExpectBox(Box{.Text = MLSTesto(QStringLiteral("0080")),
+                                   .Title = Boxes,
+                                   .Icon = BoxIcon::Information});
+        if (fails)
+            teacher.ExpectError("0098");
+        log.mnuStampa.OnClick();
+        return teacher.Host.Printer.Documents.isEmpty() ? FakeDocument()
+                                                        : teacher.Host.Printer.Documents.last();
+    }
+
+    void thePageHasTheHeadingAndBelowItTheTable()
+    {
+        Teacher teacher;
+        Teacher::DoExercise("Vero o falso", "1", "5", "6");
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        const FakeDocument document = Printed(teacher, log);
+        QVERIFY(document.Ended);
+        QCOMPARE(document.Mode.Orientation, int16_t{2});
+        QCOMPARE(document.Pages.size(), qsizetype{1});
+        const FakePage &page = document.Pages.first();
+        QCOMPARE(page.Texts.at(0).Text, QStringLiteral("Niccolò"));
+        QCOMPARE(page.Texts.at(1).Text, QStringLiteral("    Niccolò"));
+        QCOMPARE(page.Texts.at(1).Font.Size, 16.0);
+        QCOMPARE(page.Texts.at(2).Text, QStringLiteral("    ") + log.Label2.Caption());
+        QCOMPARE(page.Texts.at(2).Font.Size, 14.0);
+        QCOMPARE(page.Texts.last().Font.Size, 12.0);
+        const double foot = page.Texts.at(3).Y; // the empty line under the heading
+        double top = 1e9;
+        double right = 0;
+        for (const PageLine &line : page.Lines) {
+            top = std::min({top, line.Y1, line.Y2});
+            right = std::max({right, line.X1, line.X2});
+        }
+        QVERIFY(top > foot);
+        QVERIFY(right <= 280 * 1440 / 25.4); // the sheet across
+        QStringList texts;
+        for (const PageText &text : page.Texts)
+            texts << text.Text;
+        QVERIFY(texts.contains(QStringLiteral("Vero o falso")));
+        QVERIFY(texts.contains(QStringLiteral(" Esatti")));
+    }
+
+    void aLongTableGoesOnWithItsHeaderOnEveryPage()
+    {
+        Teacher teacher;
+        for (int row = 1; row <= 500; ++row)
+            EserciziEseguiti(row, 0) = QStringLiteral("Riga %1").arg(row);
+        NumeroEserciziEseguiti = 500;
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        const FakeDocument document = Printed(teacher, log);
+        QVERIFY(document.Pages.size() > 5);
+        QStringList rows;
+        for (const FakePage &page : document.Pages) {
+            int headers = 0;
+            for (const PageText &text : page.Texts) {
+                headers += text.Text == MLSTesto(QStringLiteral("0075")) ? 1 : 0;
+                QVERIFY(text.Y >= 0 && text.Y < 200 * 1440 / 25.4);
+                if (text.Text.startsWith(QStringLiteral("Riga ")))
+                    rows << text.Text;
+            }
+            for (const PageLine &line : page.Lines)
+                QVERIFY(std::max(line.Y1, line.Y2) <= 200 * 1440 / 25.4);
+            QCOMPARE(headers, 1);
+        }
+        QCOMPARE(rows.size(), qsizetype{500});
+        QCOMPARE(rows.last(), QStringLiteral("Riga 500"));
+    }
+
+    void aLongTitleIsCutAtItsColumnWithoutAMark()
+    {
+        Teacher teacher;
+        const QByteArray title = QByteArray("Titolo lungo ").repeated(20);
+        Teacher::DoExercise(title.constData(), "1", "5", "6");
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        const FakeDocument document = Printed(teacher, log);
+        QString cut;
+        double next = 0;
+        for (const PageText &text : document.Pages.first().Texts)
+            if (text.Text.startsWith(QStringLiteral("Titolo")))
+                cut = text.Text;
+            else if (text.Text == QStringLiteral("5"))
+                next = text.X;
+        QVERIFY(cut.size() > 20);
+        QVERIFY(cut.size() < title.size());
+        QVERIFY(QString::fromLatin1(title).startsWith(cut));
+        QVERIFY(next > 0);
+    }
+
+    void aPrinterThatFailsIsToldWhereverItFails_data()
+    {
+        QTest::addColumn<QString>("step");
+        for (const char *step :
+             {"default", "CreateDevice", "StartDocument", "StartPage", "EndPage", "EndDocument"})
+            QTest::newRow(step) << QString::fromLatin1(step);
+    }
+    void aPrinterThatFailsIsToldWhereverItFails()
+    {
+        QFETCH(QString, step);
+        Teacher teacher;
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        if (step == QStringLiteral("default"))
+            teacher.Host.Printer.Default.clear();
+        else
+            teacher.Host.Printer.Answers[step] = {0};
+        const FakeDocument document = Printed(teacher, log, true);
+        QVERIFY(!document.Ended);
+        QCOMPARE(teacher.Host.Printer.Devices, 0);
+    }
+};
+
+MORLENE_TEST_MAIN(TestFormEserciziEseguiti)
+#include "test_form_esercizi_eseguiti.moc"
