@@ -7,6 +7,7 @@
 #include "platform/application.h"
 #include "platform/machine_host.h"
 #include "results/form_esercizi_eseguiti.h"
+#include "support/windows/form1.h"
 #include "support/windows/form_avvio.h"
 #include "support/windows/form_info.h"
 
@@ -23,6 +24,7 @@ void RegistraFinestre()
     RegistraFinestra(QStringLiteral("FormMenu"), Crea<FormMenu>);
     RegistraFinestra(QStringLiteral("FormConfigura"), Crea<FormConfigura>);
     RegistraFinestra(QStringLiteral("FormInfo"), Crea<FormInfo>);
+    RegistraFinestra(QStringLiteral("Form1"), Crea<Form1>);
     RegistraFinestra(QStringLiteral("FormEserciziEseguiti"), Crea<FormEserciziEseguiti>);
     RegistraEsercizi();
 }

@@ -12,6 +12,7 @@
 #include "menu/form_menu.h"
 #include "printing/frm_stampa.h"
 #include "results/form_esercizi_eseguiti.h"
+#include "support/windows/form1.h"
 #include "support/windows/form_avvio.h"
 #include "support/windows/form_info.h"
 
@@ -33,6 +34,7 @@ const QMap<QString, Maker> &Makers()
         {QStringLiteral("FormMenu"), Make<FormMenu>},
         {QStringLiteral("FormConfigura"), Make<FormConfigura>},
         {QStringLiteral("FormInfo"), Make<FormInfo>},
+        {QStringLiteral("Form1"), Make<Form1>},
         {QStringLiteral("FormEserciziEseguiti"), Make<FormEserciziEseguiti>},
         {QStringLiteral("frmStampa"), Make<FrmStampa>},
         {QStringLiteral("FormEs1"), Make<FormEs1>},

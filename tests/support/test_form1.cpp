@@ -1,0 +1,90 @@
+// The choice of houses to colour by hand: each goes to the printing dialog, and the exercise that
+// asked comes back.
+#include "support/windows/form1.h"
+
+#include "printing/frm_stampa.h"
+#include "printing/print_fields.h"
+#include "support/exercise_fixture.h"
+
+#include <QImage>
+#include <QPixmap>
+#include <QTest>
+
+using namespace platform;
+
+class TestForm1 : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { AzzeraStampa(); }
+
+    void eachHouseGoesToThePrintingDialog()
+    {
+        Player player;
+        auto *window = new Form1;
+        player.Host.ExpectModal([&](Form &shown) {
+            QCOMPARE(&shown, window);
+            for (int i = 0; i < 3; ++i) {
+                player.Host.ExpectModal([&](Form &form) {
+                    const auto &dialog = dynamic_cast<FrmStampa &>(form);
+                    QCOMPARE(std::get<Control *>(Stampa.OggettoStampa),
+                             static_cast<Control *>(&window->Picture1(i)));
+                    QCOMPARE(dialog.txtPrX.Text(), QStringLiteral("10"));
+                    QCOMPARE(dialog.txtPrW.Text(), QStringLiteral("100"));
+                    form.Unload();
+                });
+                ClickOn(window->Picture1(i));
+            }
+            window->mnuesci.OnClick();
+        });
+        window->ShowModal();
+        QVERIFY(Form::Find(QStringLiteral("Form1")) == nullptr);
+    }
+
+    void itStandsBeforeTheWindowThatOpenedItAndGivesWayToIt()
+    {
+        Player player;
+        auto *menu = new FormMenu;
+        menu->Show();
+        int activations = 0;
+        menu->OnActivate = [&] { ++activations; };
+        player.Host.ExpectModal([&](Form &shown) {
+            QCOMPARE(shown.Width(), std::floor(ScreenWidth() * 0.75));
+            QCOMPARE(shown.Left(), (ScreenWidth() - shown.Width()) / 2);
+            dynamic_cast<Form1 &>(shown).mnuesci.OnClick();
+        });
+        (new Form1)->ShowModal();
+        QCOMPARE(activations, 1);
+        QVERIFY(!player.Host.Ended);
+    }
+
+    // Nothing is filled but with white: what is printed is there to be coloured.
+    void theHousesAreLinesOnWhiteAndDifferent()
+    {
+        const ScriptedHost host;
+        QList<QImage> drawings;
+        for (int i = 0; i < 3; ++i) {
+            const QPixmap drawn =
+                DrawnPicture(QStringLiteral("da_colorare_%1").arg(i), QSize(300, 360), 1);
+            QVERIFY(!drawn.isNull());
+            const QImage image = drawn.toImage();
+            int lines = 0;
+            for (int y = 0; y < image.height(); ++y)
+                for (int x = 0; x < image.width(); ++x) {
+                    const QColor color = image.pixelColor(x, y);
+                    // Between the ink and white, or nothing.
+                    QVERIFY2(color.alpha() < 255 || color.saturation() <= 80,
+                             qPrintable(color.name()));
+                    lines += color.alpha() == 255 && color.lightness() < 100 ? 1 : 0;
+                }
+            const int all = image.width() * image.height();
+            QVERIFY(lines > all / 40);
+            QVERIFY(lines < all / 4);
+            QVERIFY(!drawings.contains(image));
+            drawings << image;
+        }
+    }
+};
+
+MORLENE_TEST_MAIN(TestForm1)
+#include "test_form1.moc"
