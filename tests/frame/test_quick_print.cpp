@@ -41,10 +41,10 @@ private Q_SLOTS:
         Child child;
         FormEs1 &exercise = child.Open<FormEs1>();
         Esatti = 3;
-        const QString before = exercise.Text1.Text();
+        const QString before = exercise.Label1.Caption();
         exercise.mnuStEserc.OnClick();
         QCOMPARE(Esatti, 3);
-        QCOMPARE(exercise.Text1.Text(), before);
+        QCOMPARE(exercise.Label1.Caption(), before);
         QCOMPARE(child.Host.Printer.Documents.size(), qsizetype{1});
         const FakeDocument &document = child.Host.Printer.Documents.first();
         QVERIFY(document.Ended);
@@ -99,9 +99,9 @@ private Q_SLOTS:
             child.Host.Printer.Answers[step] = {0};
         child.Host.ExpectBox(
             Box{.Text = MLSTesto(QStringLiteral("0098")), .Title = {}, .Icon = BoxIcon::Critical});
-        const QString before = exercise.Text1.Text();
+        const QString before = exercise.Label1.Caption();
         exercise.mnuStEserc.OnClick();
-        QCOMPARE(exercise.Text1.Text(), before);
+        QCOMPARE(exercise.Label1.Caption(), before);
         QCOMPARE(child.Host.Printer.Devices, 0);
         QCOMPARE(child.Host.Printer.Allocated(), 0);
     }

@@ -6,6 +6,7 @@
 //     sheet ORIENTATION
 //     window ORIENTATION COPIES ANSWER HOLD TITLE     a yellow window with a green picture in it
 //     picture ORIENTATION COPIES ANSWER HOLD TITLE    the green picture alone
+//     abandon                                         a document that is begun and not ended
 //     quick                                           the window, without a dialog
 //     report ROWS                                     the log of exercises
 //     look ROWS FOLDER                                pictures of dialog and log on the screen
@@ -121,6 +122,8 @@ public:
         }
         if (command == QStringLiteral("quick"))
             StampaVeloce(m_form);
+        if (command == QStringLiteral("abandon"))
+            Abandon();
         if (command == QStringLiteral("report"))
             Report(words.value(1).toInt(), {});
         if (command == QStringLiteral("look")) {
@@ -152,6 +155,15 @@ private:
                    .H = 100,
                    .Orientamento = words.value(1).toInt(),
                    .Titolo = words.mid(5).join(QLatin1Char(' '))});
+    }
+
+    static void Abandon()
+    {
+        const auto device = host().Printers().CreateDevice(GetDefPrinterName(), {});
+        device->StartDocument(QStringLiteral("Lasciato"));
+        device->StartPage();
+        device->Draw(PageText{1000, 1000, QStringLiteral("Lasciato"), {}});
+        device->EndPage();
     }
 
     // Titles of two exercises in turn, with letters that not every font has.

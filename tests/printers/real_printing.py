@@ -4,7 +4,8 @@ the printer, and its pages are looked at as pictures. Also that no state of the 
 keeps the program waiting.
 
 Usage: real_printing.py PRINT_PROGRAM APPLICATION_FOLDER [TestCase.test ...]
-Needs the packages cups-daemon, cups-core-drivers, cups-filters-core-drivers, cups-client, poppler-utils and python3-pil.
+Needs the packages cups-daemon, cups-core-drivers, cups-filters-core-drivers, cups-client,
+poppler-utils and python3-pil.
 """
 import json
 import subprocess
@@ -170,6 +171,14 @@ class RealPrinting(unittest.TestCase):
             self.assertIn("Esercizio", page)
         self.assertIn("Trova l'intrusa: età, città", pages[0])
         self.assertIn("499", pages[-1])
+
+    def test_a_document_that_is_not_ended_never_comes(self):
+        self.system.add_printer("Stampante")
+        self.do_at_once("abandon")
+        self.do("window 1 1 no go Dopo")
+        self.stop_program()
+        self.program = None
+        self.assertEqual([title for _, title in self.system.await_documents(1)], ["Dopo"])
 
     # --- Printing systems that fail ---
 

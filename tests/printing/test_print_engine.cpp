@@ -521,6 +521,17 @@ private Q_SLOTS:
         QCOMPARE(Numbers(shop.Printed()), (QList<int>{40, 0, 80, 60}));
     }
 
+    // A sixth in single precision is a little more than a sixth, so three of them are more than a
+    // half.
+    void shrinkingIsReckonedInSinglePrecision()
+    {
+        Shop shop;
+        QVERIFY(Legge_Form(*shop.Window));
+        shop.ExpectQuestion(BoxAnswer::Yes);
+        QVERIFY(shop.PrintWindow(3, 0, 1197, 100));
+        QCOMPARE(Numbers(shop.Printed()), (QList<int>{20, 0, 4000, 340}));
+    }
+
     // --- Copies ---
 
     void everyCopyIsADocumentOfItsOwn()

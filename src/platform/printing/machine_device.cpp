@@ -17,6 +17,9 @@
 
 #include <atomic>
 #include <cmath>
+#include <mutex>
+#include <utility>
+#include <vector>
 
 namespace platform {
 
@@ -75,15 +78,29 @@ bool LastRequestFailed()
 // Printer and painter belong together; both go in the thread that holds them last.
 struct Document {
     std::shared_ptr<QPrinter> Printer;
-    QPainter Painter;
+    std::unique_ptr<QPainter> Painter = std::make_unique<QPainter>();
     std::atomic<bool> Abandoned = false;
     bool Ended = false;
 
+    Document() = default;
     ~Document()
     {
-        // Otherwise what was begun would be sent.
-        if (!Ended && Printer)
-            Printer->abort();
+        if (!Ended && Painter->isActive())
+            GiveUp();
+    }
+    Document(const Document &) = delete;
+    Document &operator=(const Document &) = delete;
+
+private:
+    // The toolkit sends whatever was begun, and waits for it, as soon as its painter goes. What was
+    // given up, which is rare, is kept until the process ends.
+    void GiveUp()
+    {
+        static std::mutex mutex;
+        static auto *kept =
+            new std::vector<std::pair<std::unique_ptr<QPainter>, std::shared_ptr<QPrinter>>>;
+        const std::lock_guard lock(mutex);
+        kept->emplace_back(std::move(Painter), Printer);
     }
 };
 
@@ -125,7 +142,7 @@ public:
                 if (!document->Printer)
                     return {};
                 document->Printer->setDocName(title);
-                if (!document->Painter.begin(document->Printer.get()))
+                if (!document->Painter->begin(document->Printer.get()))
                     return {};
                 return document;
             });
@@ -148,7 +165,7 @@ public:
             return 0;
         const QImage image(reinterpret_cast<const uchar *>(bitmap.Bits->constData()), bitmap.Width,
                            bitmap.Height, QImage::Format_BGR888);
-        QPainter &painter = m_document->Painter;
+        QPainter &painter = *m_document->Painter;
         painter.resetTransform();
         painter.drawImage(
             QRectF(m_sheet.Left + place.X, m_sheet.Top + place.Y, place.Width, place.Height), image,
@@ -163,10 +180,10 @@ public:
         if (!m_document)
             return 0;
         const auto sent = AskWithDeadline<bool>([document = m_document, name = m_name] {
-            if (document->Abandoned || !QPrinterInfo::availablePrinterNames().contains(name))
+            if (!QPrinterInfo::availablePrinterNames().contains(name) || document->Abandoned)
                 return false;
             document->Ended = true;
-            const bool ended = document->Painter.end();
+            const bool ended = document->Painter->end();
             return ended && !LastRequestFailed();
         });
         if (!sent)
@@ -179,7 +196,7 @@ public:
     {
         if (!m_document)
             return;
-        QPainter &painter = m_document->Painter;
+        QPainter &painter = *m_document->Painter;
         InTwips(painter);
         painter.setFont(FontInTwips(text.Font));
         painter.drawText(QPointF(text.X, text.Y + QFontMetricsF(painter.font()).ascent()),
@@ -190,7 +207,7 @@ public:
     {
         if (!m_document)
             return;
-        QPainter &painter = m_document->Painter;
+        QPainter &painter = *m_document->Painter;
         InTwips(painter);
         painter.setPen(QPen(Qt::black, line.Pen, Qt::SolidLine, Qt::SquareCap));
         painter.drawLine(QPointF(line.X1, line.Y1), QPointF(line.X2, line.Y2));

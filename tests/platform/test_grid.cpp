@@ -1,0 +1,126 @@
+// Tables: their texts, their limits, and what is seen of them; and numbers as a person writes them.
+#include "platform/errors.h"
+#include "platform/grid.h"
+#include "platform/numbers.h"
+#include "platform/picture.h"
+#include "support/scripted_host.h"
+
+#include <QFile>
+#include <QHeaderView>
+#include <QTableView>
+#include <QTest>
+
+#include <climits>
+#include <utility>
+
+using namespace platform;
+
+class TestGrid : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void textsStayWhereTheyHaveAPlace()
+    {
+        GridCells cells;
+        cells.SetRows(3);
+        cells.SetCols(2);
+        cells.SetTextMatrix(1, 1, QStringLiteral("a"));
+        cells.SetTextMatrix(2, 0, QStringLiteral("b"));
+        cells.SetCols(3);
+        QCOMPARE(cells.TextMatrix(1, 1), QStringLiteral("a"));
+        cells.SetRows(2);
+        cells.SetRows(3);
+        QCOMPARE(cells.TextMatrix(1, 1), QStringLiteral("a"));
+        QCOMPARE(cells.TextMatrix(2, 0), QString());
+        cells.Clear();
+        QCOMPARE(cells.TextMatrix(1, 1), QString());
+        QCOMPARE(cells.Rows(), 3);
+        QCOMPARE(cells.Cols(), 3);
+    }
+
+    void rowsHaveLimitsAndCellsMustBeThere()
+    {
+        GridCells cells;
+        cells.SetRows(2);
+        cells.SetCols(5);
+        for (const int wrong : {-1, GridCells::MostRows + 1, 1'000'000, INT_MAX})
+            QCOMPARE(Skipping([&] { cells.SetRows(wrong); }), int{InvalidPropertyValue});
+        QCOMPARE(cells.Rows(), 2);
+        for (const auto &[row, column] :
+             {std::pair{2, 0}, std::pair{0, 5}, std::pair{-1, 0}, std::pair{0, -1}})
+            QCOMPARE(Skipping([&, r = row, c = column] { cells.SetTextMatrix(r, c, {}); }),
+                     int{InvalidArrayIndex});
+        cells.SetRows(0);
+        QCOMPARE(Skipping([&] { cells.TextMatrix(0, 0); }), int{InvalidArrayIndex});
+    }
+
+    void theFirstRowAndColumnAreHeadings()
+    {
+        ScriptedHost host;
+        Form form("Finestra", 6000, 3000);
+        Grid grid({form, "MSFlexGrid1"}, {0, 0, 6000, 3000});
+        grid.SetCols(3);
+        grid.SetRows(3);
+        grid.SetTextMatrix(0, 1, QStringLiteral("Esercizio"));
+        grid.SetTextMatrix(1, 0, QStringLiteral("1"));
+        grid.SetTextMatrix(2, 2, QStringLiteral("ultima"));
+        grid.SetColAlignment(1, CellAlignment::CenterTop);
+        grid.SetColWidth(0, 300);
+        grid.SetColWidth(2, 1500);
+        const auto *view = static_cast<QTableView *>(grid.Widget());
+        QCOMPARE(view->model()->rowCount(), 2);
+        QCOMPARE(view->model()->columnCount(), 2);
+        QCOMPARE(view->model()->headerData(0, Qt::Horizontal).toString(),
+                 QStringLiteral("Esercizio"));
+        QCOMPARE(view->model()->headerData(0, Qt::Vertical).toString(), QStringLiteral("1"));
+        QCOMPARE(view->model()->index(1, 1).data().toString(), QStringLiteral("ultima"));
+        QCOMPARE(view->model()->index(0, 0).data(Qt::TextAlignmentRole).toInt(),
+                 int{Qt::AlignHCenter | Qt::AlignVCenter});
+        QCOMPARE(view->model()->index(0, 1).data(Qt::TextAlignmentRole).toInt(),
+                 int{Qt::AlignLeft | Qt::AlignVCenter});
+        QCOMPARE(view->verticalHeader()->width(), 20);
+        QCOMPARE(view->columnWidth(1), 100);
+        QCOMPARE(Skipping([&] { grid.SetColWidth(3, 1); }), int{InvalidArrayIndex});
+        grid.SetRows(0);
+        QCOMPARE(view->model()->rowCount(), 0);
+    }
+
+    void numbersHaveGroupsAndAtMostTwoDecimals()
+    {
+        QCOMPARE(FormatGrouped(1234.5), QStringLiteral("1,234.5"));
+        QCOMPARE(FormatGrouped(12), QStringLiteral("12."));
+        QCOMPARE(FormatGrouped(100), QStringLiteral("100."));
+        QCOMPARE(FormatGrouped(0.129), QStringLiteral("0.13"));
+        QCOMPARE(ToSingle(QStringLiteral("1,234.5")), 1234.5F);
+        QCOMPARE(ToSingle(QStringLiteral("12.")), 12.0F);
+        for (const char *wrong : {"", "n", "1n", "."})
+            QCOMPARE(Skipping([&] { ToSingle(QString::fromLatin1(wrong)); }), int{TypeMismatch});
+    }
+
+    void aPictureBecomesABitmapFineEnoughForPaper()
+    {
+        ScriptedHost host;
+        Form form("Finestra", 6000, 3000);
+        PictureBox box({form, "Picture1"}, {0, 0, 1500, 750});
+        box.SetBackColor(Rgb(1, 2, 3));
+        const QString file = host.Drive.filePath(QStringLiteral("figura.tmp"));
+        box.SaveImage(file);
+        box.LoadPicture({});
+        QVERIFY(box.LoadedPicture().isNull());
+        box.LoadPicture(file);
+        QVERIFY(box.LoadedPicture().width() >= 1200);
+        QCOMPARE(box.LoadedPicture().width(), 2 * box.LoadedPicture().height());
+        QCOMPARE(box.Widget()->grab().toImage().pixelColor(50, 25), QColor(1, 2, 3));
+        QCOMPARE(Skipping([&] { box.LoadPicture(file + QStringLiteral("x")); }), int{FileNotFound});
+        QFile noise(file);
+        QVERIFY(noise.open(QIODevice::WriteOnly));
+        noise.write("noise");
+        noise.close();
+        QCOMPARE(Skipping([&] { box.LoadPicture(file); }), int{InvalidPicture});
+        QCOMPARE(Skipping([&] { box.SaveImage(QStringLiteral("/nonexistent/x")); }),
+                 int{PathFileAccess});
+    }
+};
+
+MORLENE_TEST_MAIN(TestGrid)
+#include "test_grid.moc"
