@@ -24,7 +24,7 @@ const QString Root = QStringLiteral("ImpostazioniProgrammiTesmi");
 const QString Own = QStringLiteral("ImpostazioniProgrammiTesmi/morlenekvt");
 const QString Data = QStringLiteral("ImpostazioniProgrammiTesmi/morlenekvt/dati");
 const QString Readme = QStringLiteral("ImpostazioniProgrammiTesmi/leggimi.txt");
-const QString Font = QStringLiteral("windows/fonts/indis1.ttf");
+const QString FontPath = QStringLiteral("windows/fonts/indis1.ttf");
 
 const QString FontBox =
     QStringLiteral("Font installato\n ----------------------- \nFont prodotto da Rinaldo Torvesi\n"
@@ -91,9 +91,9 @@ private Q_SLOTS:
         m_host->ExpectBox(FontBox);
         Main();
         QCOMPARE(OnTheDrive(), QStringList({Root, Readme, Own, Data, QStringLiteral("windows"),
-                                            QStringLiteral("windows/fonts"), Font}));
-        QCOMPARE(m_host->DriveFile(Font), QByteArray("font"));
-        QCOMPARE(m_host->RegisteredFonts, QStringList(m_host->Drive.filePath(Font)));
+                                            QStringLiteral("windows/fonts"), FontPath}));
+        QCOMPARE(m_host->DriveFile(FontPath), QByteArray("font"));
+        QCOMPARE(m_host->RegisteredFonts, QStringList(m_host->Drive.filePath(FontPath)));
         // The box comes before the splash.
         QCOMPARE(m_host->Events,
                  QStringList({QStringLiteral("randomize"), QStringLiteral("box ") + FontBox,
@@ -142,17 +142,17 @@ private Q_SLOTS:
         DropForms();
         AzzeraStatoCondiviso();
         m_host->WriteDriveFile(Readme, "mio");
-        m_host->WriteDriveFile(Font, "mio");
+        m_host->WriteDriveFile(FontPath, "mio");
         m_host->TakeEvents();
         m_host->RegisteredFonts.clear();
         const QStringList before = OnTheDrive();
         Main();
         QCOMPARE(OnTheDrive(), before);
         QCOMPARE(m_host->DriveFile(Readme), QByteArray("mio"));
-        QCOMPARE(m_host->DriveFile(Font), QByteArray("mio"));
+        QCOMPARE(m_host->DriveFile(FontPath), QByteArray("mio"));
         QCOMPARE(Boxes(), QStringList());
         // The fonts of the drive are known to each run anew.
-        QCOMPARE(m_host->RegisteredFonts, QStringList(m_host->Drive.filePath(Font)));
+        QCOMPARE(m_host->RegisteredFonts, QStringList(m_host->Drive.filePath(FontPath)));
     }
 
     void aSecondInstanceShowsItsBoxAndChangesNothing()

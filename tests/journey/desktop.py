@@ -145,9 +145,9 @@ class Program:
         self.click_at(place.x + place.width // 2, place.y + place.height // 2)
 
     def colour(self, item):
-        """RRGGBB of the item's face, seen on the screen near its left edge."""
+        """RRGGBB of the item's face, seen on the screen near its corner, clear of what is on it."""
         place = self.box(item)
-        x, y = place.x + place.width // 10, place.y + place.height // 2
+        x, y = place.x + place.width // 6, place.y + place.height // 6
         return "%02X%02X%02X" % screen((x, y, x + 1, y + 1)).getpixel((0, 0))
 
     def key(self, name):

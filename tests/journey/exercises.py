@@ -9,12 +9,12 @@ import time
 from desktop import Desktop, Failure, Program, figure, screen, wait_for
 from journey import counts, fresh_drive, panel
 from scanning import CHOOSE, LIT, STEP, is_lit, write_profile
-from sentences import painted, sentence_holds, statement_holds
+from sentences import COLOURS, sentence_holds, statement_holds
 
 MOUSE, SWITCH, ARROWS = 0, 2, 3
 PARTS = ["comignolo", "tetto", "pareti", "finestre", "porta", "gradino", "fumo", "nuvole"]
 # In the figure's own 700 by 900: a spot inside each part, and one on its outline.
-INSIDE = [(525, 275), (350, 420), (268, 790), (215, 640), (320, 700), (350, 830), (560, 150),
+INSIDE = [(525, 275), (350, 420), (350, 592), (215, 640), (320, 700), (350, 830), (560, 150),
           (150, 130)]
 OUTLINE = [(478, 340), (350, 230), (100, 700), (140, 700), (288, 760), (350, 798), (614, 38),
            (246, 98)]
@@ -79,8 +79,7 @@ class Child:
             before = position()
             if before == wanted:
                 return
-            self.program.key(STEP[self.mode])
-            wait_for("a step", lambda: position() != before)
+            self.program.key_until(STEP[self.mode], "a step", lambda: position() != before)
         raise Failure(f"the light never came to {wanted}")
 
     def choose(self):
@@ -172,7 +171,13 @@ def frame_lit(child):
 
 def uguali_2(child, level):
     differences(child, level, lambda: outline_lit(child),
-                lambda part: child.program.click_at(*child.spot("ShockwaveFlash1", INSIDE[part])))
+                lambda part: child.program.click_at(
+                    *child.spot(where_it_is(child, PARTS[part]), INSIDE[part])))
+
+
+def where_it_is(child, part):
+    """Smoke and clouds can be clicked on the figure that has them only."""
+    return "ShockwaveFlash2" if child.shown("ShockwaveFlash1")[part] == "0" else "ShockwaveFlash1"
 
 
 def uguali_1(child, level):
@@ -196,6 +201,12 @@ def differences(child, level, position, point):
     next_task(child, 0)
 
 
+def painted_as(sentence, part, parts):
+    """Grey is no colour, whatever the sentence denies."""
+    return (parts[part] in COLOURS.values()
+            and statement_holds(sentence.lower().rstrip("."), parts))
+
+
 def colora(child, level):
     done = 0
     while done < 6:
@@ -203,11 +214,11 @@ def colora(child, level):
         if child.mode == MOUSE:
             for sentence in sentences:
                 part = next(p for p in PARTS if p in sentence.lower())
-                while not statement_holds(sentence.lower().rstrip("."), child.wait_shown()):
+                while not painted_as(sentence, part, child.wait_shown()):
                     before = child.shown("ShockwaveFlash1")
                     child.program.click_at(*child.spot("ShockwaveFlash1",
                                                        INSIDE[PARTS.index(part)]))
-                    wait_for("paint", lambda: child.shown("ShockwaveFlash1") != before)
+                    may_come(lambda: child.shown("ShockwaveFlash1") != before)
             child.click("Command1(0)")
             if not child.answered():
                 raise Failure(f"{sentences} was judged wrong")
@@ -218,17 +229,24 @@ def colora(child, level):
     next_task(child, 1)
 
 
+def may_come(look):
+    """A short wait for what need not come: the next colour may be the one that is there."""
+    try:
+        wait_for("nothing in particular", look, 0.4)
+    except Failure:
+        pass
+
+
 def paint_by_scanning(child, sentences):
     """The part that changes is the one that is marked; its sentence is among those shown."""
     before = child.wait_shown()
     while True:
-        if child.mode != SWITCH:
-            child.program.key(STEP[child.mode])
-        now = wait_for("another colour", lambda: child.shown("ShockwaveFlash1") != before
-                       and child.shown("ShockwaveFlash1"))
+        look = lambda: child.shown("ShockwaveFlash1") != before and child.shown("ShockwaveFlash1")
+        now = (wait_for("another colour", look) if child.mode == SWITCH else
+               child.program.key_until(STEP[child.mode], "another colour", look))
         part = next(p for p in PARTS if now[p] != before[p])
         sentence = next(line for line in sentences if part in line.lower())
-        if statement_holds(sentence.lower().rstrip("."), now):
+        if painted_as(sentence, part, now):
             child.choose()
             if child.answered():
                 return
