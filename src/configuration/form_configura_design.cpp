@@ -134,6 +134,7 @@ void FormConfigura::Disegna()
                          Testo(utenti.at(static_cast<size_t>(i))));
     ListModificaUtente.SetVisible(false);
     TextNuovoUtente.SetVisible(false);
+    TextNuovoUtente.SetBackColor(SystemWindow);
 
     constexpr std::array<const char *, 4> modi = {"Mouse", "Scansione manuale - spazio e invio ",
                                                   "Scansione automatica - spazio",

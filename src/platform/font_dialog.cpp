@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QRawFont>
 #include <QVBoxLayout>
 
 namespace platform {
@@ -82,9 +83,10 @@ FontDialog::FontDialog(QWidget *parent)
 
 void FontDialog::Fill()
 {
-    // Those that can write the languages of the program; signs and arrows are no letters.
+    // Those that can write the languages of the program; some fonts of signs say that they can.
     for (const QString &family : QFontDatabase::families(QFontDatabase::Latin)) {
-        if (QFontDatabase::isPrivateFamily(family))
+        if (QFontDatabase::isPrivateFamily(family) ||
+            !QRawFont::fromFont(QFont(family)).supportsCharacter(QChar(u'à')))
             continue;
         auto *item = new QListWidgetItem(family, m_families);
         QFont font(family);

@@ -2,8 +2,6 @@
 
 #include <QPainter>
 #include <QSlider>
-#include <QStyle>
-#include <QStyleOptionSlider>
 
 #include <algorithm>
 
@@ -22,20 +20,20 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.fillRect(rect(), ToQColor(Back));
-        QStyleOptionSlider option;
-        initStyleOption(&option);
-        const QRect handle =
-            style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
         const double middle = height() / 2.0;
-        const double at = handle.center().x() + 0.5;
         const double radius = std::min(height() / 2.0 - 3, 14.0);
+        // The knob stays whole at both ends.
+        const double margin = radius + 3;
+        const double part =
+            static_cast<double>(value() - minimum()) / std::max(1, maximum() - minimum());
+        const double at = margin + part * (width() - 2 * margin);
         painter.setOpacity(isEnabled() ? 1.0 : 0.45);
         const auto track = [&](double from, double to, const QColor &color) {
             painter.setPen(QPen(color, 8, Qt::SolidLine, Qt::RoundCap));
             painter.drawLine(QPointF(from, middle), QPointF(to, middle));
         };
-        track(8, width() - 8, ToQColor(0x80000010));
-        track(8, at, ToQColor(0x8000000D));
+        track(margin, width() - margin, ToQColor(0x80000010));
+        track(margin, at, ToQColor(0x8000000D));
         painter.setPen(QPen(hasFocus() ? ToQColor(0x8000000D) : ToQColor(Ink), 3));
         painter.setBrush(ToQColor(SystemWindow));
         painter.drawEllipse(QPointF(at, middle), radius, radius);

@@ -5,6 +5,8 @@
 #include "support/exercise_fixture.h"
 #include "support/sentence_reader.h"
 
+#include <algorithm>
+
 // The draws of a task: the figure described, a colour for the six parts of each figure and its
 // smoke and clouds, then the order of the eight lines.
 inline QList<ScriptedDraw> GridTask(int figures, int described, const QList<int> &colours = {})
@@ -33,13 +35,18 @@ inline QList<int> FiguresShown(const GrigliaFigure &form)
     return shown;
 }
 
-// As a child reads: every line of the description is true of the figure.
-inline bool FitsDescription(const GrigliaFigure &form, int figure)
+// As a child reads: the figures of which every line of the description is true.
+inline QList<int> FiguresThatFit(const GrigliaFigure &form)
 {
-    bool fits = true;
-    for (const QString &line : form.Text1.Text().split(QStringLiteral("\r\n"), Qt::SkipEmptyParts))
-        fits = SentenceIsTrue(line, form.ShockwaveFlash1(figure).Shown()) && fits;
-    return fits;
+    const QStringList lines = form.Text1.Text().split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
+    QList<int> fitting;
+    for (int figure = 0; figure < form.NumeroFigure; ++figure) {
+        const QMap<QString, QString> parts = PartsOf(form.ShockwaveFlash1(figure).Shown());
+        if (std::all_of(lines.begin(), lines.end(),
+                        [&](const QString &line) { return SentenceIsTrue(line, parts); }))
+            fitting << figure;
+    }
+    return fitting;
 }
 
 // Whether the frame stands on that figure.

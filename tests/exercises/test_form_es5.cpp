@@ -430,7 +430,8 @@ private Q_SLOTS:
                                                    : QStringLiteral(" o ");
                 const auto at = level == 1 ? -1 : text.indexOf(joint);
                 if (at < 0) {
-                    seen << text;
+                    // Above level 1 the required oddities leave the first clause alone.
+                    seen << (level == 1 ? text : QStringLiteral("(the first clause alone)"));
                 } else {
                     seen << text.left(at) + QStringLiteral(" ...");
                     seen << QStringLiteral("...") + text.mid(at);

@@ -140,7 +140,7 @@ private Q_SLOTS:
     {
         Player player;
         const ApplicationFolder folder(player.Host);
-        folder.WriteLanguage("[Strings]\r\n0103=\"Altro\"\r\n");
+        folder.Write(QStringLiteral("lngmorlene/italiano.lng"), "[Strings]\r\n0103=\"Altro\"\r\n");
         QDir().mkpath(folder.Path(QStringLiteral("swf")));
         QFile::copy(QStringLiteral(SOURCE_DIR "/data/swf/morlene1.svg"),
                     folder.Path(QStringLiteral("swf/morlene1.svg")));
@@ -171,10 +171,7 @@ private Q_SLOTS:
         int judged = 0;
         int twins = 0;
         while (judged < FairTasks) {
-            QList<int> fitting;
-            for (int figure = 0; figure < form.NumeroFigure; ++figure)
-                if (FitsDescription(form, figure))
-                    fitting << figure;
+            const QList<int> fitting = FiguresThatFit(form);
             QVERIFY(!fitting.isEmpty());
             if (fitting.size() > 1) {
                 ++twins;

@@ -150,10 +150,7 @@ private Q_SLOTS:
         int judged = 0;
         int twins = 0;
         while (judged < FairTasks) {
-            QList<int> fitting;
-            for (int figure = 0; figure < form.NumeroFigure; ++figure)
-                if (FitsDescription(form, figure))
-                    fitting << figure;
+            const QList<int> fitting = FiguresThatFit(form);
             QVERIFY(!fitting.isEmpty());
             if (fitting.size() > 1) {
                 ++twins;

@@ -126,14 +126,27 @@ class Program:
     def text(self, described):
         return self.await_object(described).name
 
+    def text_of(self, item):
+        """What a box of text holds, or the name of anything else."""
+        try:
+            text = item.queryText()
+            return text.getText(0, text.characterCount)
+        except NotImplementedError:
+            return item.name
+
+    def box(self, item):
+        return item.queryComponent().getExtents(self.bus.DESKTOP_COORDS)
+
+    def click_at(self, x, y):
+        subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", "1"], check=True)
+
     def click(self, item):
-        place = item.queryComponent().getExtents(self.bus.DESKTOP_COORDS)
-        subprocess.run(["xdotool", "mousemove", str(place.x + place.width // 2),
-                        str(place.y + place.height // 2), "click", "1"], check=True)
+        place = self.box(item)
+        self.click_at(place.x + place.width // 2, place.y + place.height // 2)
 
     def colour(self, item):
         """RRGGBB of the item's face, seen on the screen near its left edge."""
-        place = item.queryComponent().getExtents(self.bus.DESKTOP_COORDS)
+        place = self.box(item)
         x, y = place.x + place.width // 10, place.y + place.height // 2
         return "%02X%02X%02X" % screen((x, y, x + 1, y + 1)).getpixel((0, 0))
 

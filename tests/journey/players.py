@@ -126,7 +126,6 @@ def journey(executable, drive):
         page(program, "Colori morlene")
         press(program, "Command4")
         page(program, "Font e colori")
-        # Capitals first gave back the font, so cursive keeps it for the way back.
         press(program, "corsivo")
         page(program, "Modalità di input")
         press(program, "Option4(2)")
@@ -138,7 +137,7 @@ def journey(executable, drive):
         expect_files(drive, {"Anna.ini": ANNA, "Bruno.ini": BRUNO})
 
         choose_player(program, "Anna")
-        choose_player(program, "_PREDEFINITO")
+        choose_player(program, "_predefinito")
         press(program, "Command1(8)")
         if program.ended() != 0:
             raise Failure("the first visit did not end well")
@@ -147,7 +146,7 @@ def journey(executable, drive):
         come_to_the_menu(program, first_time=False)
         choose_player(program, "Bruno")
         choose_player(program, "Anna")
-        choose_player(program, "_PREDEFINITO")
+        choose_player(program, "_predefinito")
         press(program, "Command1(8)")
         if program.ended() != 0:
             raise Failure("the second visit did not end well")

@@ -349,6 +349,25 @@ private Q_SLOTS:
         QVERIFY(form->ScaleHeight() < form->Height());
     }
 
+    void theDesignIsWhatLiesUnderTheMenuBar()
+    {
+        ScriptedHost host;
+        class WithMenu : public Form {
+        public:
+            WithMenu()
+                : Form("WithMenu", 6000, 4500), mnuFile({*this, "mnuFile"}, QStringLiteral("File"))
+            {
+            }
+            MenuItem mnuFile;
+        };
+        auto *form = new WithMenu;
+        double atLoad = 0;
+        form->OnLoad = [&] { atLoad = form->ScaleHeight(); };
+        form->Show();
+        QCOMPARE(atLoad, 4500.0);
+        form->Drop();
+    }
+
     void anUnloadedFormOutlivesTheHandlerThatUnloadsIt()
     {
         ScriptedHost host;

@@ -1,8 +1,11 @@
 #include "support/sentence_reader.h"
 
+#include <QHash>
 #include <QRegularExpression>
 #include <QStringList>
 #include <QTest>
+
+#include <algorithm>
 
 namespace {
 
@@ -25,23 +28,47 @@ QString ColourOf(const QString &word)
     return colours.value(word);
 }
 
-bool ClauseIsTrue(const QString &clause, const QMap<QString, QString> &parts)
+// What a clause says: that a part has a state, or has it not.
+struct Claim {
+    QString Part;
+    QString State;
+    bool Denied = false;
+};
+
+Claim Read(const QString &clause)
 {
     static const QRegularExpression betweenWords(QStringLiteral("[^\\w]+"));
+    static const QStringList parts = QStringLiteral("comignolo tetto pareti finestre porta gradino "
+                                                    "fumo nuvole")
+                                         .split(QLatin1Char(' '));
     const QStringList words = clause.split(betweenWords, Qt::SkipEmptyParts);
-    const bool denied = words.contains(QStringLiteral("non"));
     for (const QString &word : words) {
         if (!parts.contains(word))
             continue;
-        if (word == QStringLiteral("fumo") || word == QStringLiteral("nuvole"))
-            return (parts.value(word) == QStringLiteral("1")) != denied;
-        const QString colour = ColourOf(words.last());
-        if (colour.isEmpty())
-            break;
-        return (parts.value(word) == colour) != denied;
+        const bool hideable = parts.indexOf(word) >= 6;
+        const Claim claim{word, hideable ? QStringLiteral("1") : ColourOf(words.last()),
+                          words.contains(QStringLiteral("non"))};
+        if (!claim.State.isEmpty())
+            return claim;
     }
     QTest::qFail(qPrintable(QStringLiteral("cannot read: ") + clause), __FILE__, __LINE__);
-    return false;
+    return {};
+}
+
+// The claims of a sentence that is one clause or two joined by "and". Each sentence is read once.
+const QList<Claim> &ClaimsOf(const QString &sentence)
+{
+    static QHash<QString, QList<Claim>> known;
+    auto &claims = known[sentence];
+    if (claims.isEmpty()) {
+        QString text = sentence.toLower();
+        if (text.endsWith(QLatin1Char('.')))
+            text.chop(1);
+        text.remove(QLatin1Char(','));
+        for (const QString &clause : text.split(QStringLiteral(" e ")))
+            claims << Read(clause);
+    }
+    return claims;
 }
 
 } // namespace
@@ -61,15 +88,15 @@ bool IsPainted(const QString &figure)
     return painted.match(figure).hasMatch();
 }
 
+bool SentenceIsTrue(const QString &sentence, const QMap<QString, QString> &parts)
+{
+    const QList<Claim> &claims = ClaimsOf(sentence);
+    return std::all_of(claims.begin(), claims.end(), [&](const Claim &claim) {
+        return (parts.value(claim.Part) == claim.State) != claim.Denied;
+    });
+}
+
 bool SentenceIsTrue(const QString &sentence, const QString &figure)
 {
-    QString text = sentence.toLower();
-    if (text.endsWith(QLatin1Char('.')))
-        text.chop(1);
-    text.remove(QLatin1Char(','));
-    const QMap<QString, QString> parts = PartsOf(figure);
-    bool all = true;
-    for (const QString &clause : text.split(QStringLiteral(" e ")))
-        all = ClauseIsTrue(clause, parts) && all;
-    return all;
+    return SentenceIsTrue(sentence, PartsOf(figure));
 }

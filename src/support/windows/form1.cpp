@@ -30,7 +30,7 @@ Form1::Form1()
                                                   "Due casette fra le colline"};
     for (int i = 0; i < 3; ++i) {
         PictureBox &disegno = Picture1.Add(i, Place{240 + 2280.0 * i, 780, 2160, 3240},
-                                           QStringLiteral("da_colorare_%1").arg(i));
+                                           QStringLiteral("da_colorare\\casetta_%1").arg(i));
         disegno.SetBackColor(Rgb(255, 255, 255));
         disegno.SetBordered(true);
         disegno.SetMousePointer(platform::MousePointer::Custom);

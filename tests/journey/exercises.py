@@ -1,0 +1,380 @@
+"""All eight exercises on all their levels, one task each, by mouse and by the three ways without
+one: from outside, by real events, with nothing known but what the screen shows.
+
+    dbus-run-session -- exercises.py PROGRAM DRIVE [MODE...]
+"""
+import sys
+import time
+
+from desktop import Desktop, Failure, Program, figure, screen, wait_for
+from journey import counts, fresh_drive, panel
+from scanning import CHOOSE, LIT, STEP, is_lit, write_profile
+from sentences import painted, sentence_holds, statement_holds
+
+MOUSE, SWITCH, ARROWS = 0, 2, 3
+PARTS = ["comignolo", "tetto", "pareti", "finestre", "porta", "gradino", "fumo", "nuvole"]
+# In the figure's own 700 by 900: a spot inside each part, and one on its outline.
+INSIDE = [(525, 275), (350, 420), (268, 790), (215, 640), (320, 700), (350, 830), (560, 150),
+          (150, 130)]
+OUTLINE = [(478, 340), (350, 230), (100, 700), (140, 700), (288, 760), (350, 798), (614, 38),
+           (246, 98)]
+LATE = 6  # tries, where the light goes on while a key is on its way
+
+
+class Child:
+    """Plays one running program in one input mode."""
+
+    def __init__(self, program, mode):
+        self.program = program
+        self.mode = mode
+        self.right = self.wrong = self.late = 0
+
+    def shown(self, name):
+        item = self.program.find(name)
+        if item is None or ": " not in item.description:
+            return None
+        return figure(item.description)
+
+    def wait_shown(self, name="ShockwaveFlash1"):
+        return wait_for(name, lambda: self.shown(name))
+
+    def text(self, name):
+        return self.program.text_of(self.program.await_object(name))
+
+    def spot(self, name, place):
+        """Where a place of the figure's own 700 by 900 lies on the screen."""
+        box = self.program.box(self.program.await_object(name))
+        scale = min(box.width / 700, box.height / 900)
+        return (round(box.x + (box.width - 700 * scale) / 2 + place[0] * scale),
+                round(box.y + (box.height - 900 * scale) / 2 + place[1] * scale))
+
+    def click(self, name):
+        self.program.click(self.program.await_object(name))
+
+    # What an answer did.
+
+    def answered(self):
+        """True for a right answer, False for a wrong one, once the counters tell."""
+        now = wait_for("an answer", lambda: counts(self.program) != (self.right, self.wrong)
+                       and counts(self.program))
+        better = now[0] > self.right
+        self.right, self.wrong = now
+        return better
+
+    def fresh_level(self, level):
+        self.program.key_until(f"F{level}", f"level {level}",
+                               lambda: panel(self.program, 3).startswith(f"{level} ")
+                               and counts(self.program) == (0, 0))
+        self.right = self.wrong = 0
+
+    # The highlight.
+
+    def bring(self, position, wanted):
+        """Brings the highlight to the place, wherever it is now."""
+        if self.mode == SWITCH:
+            wait_for("a step", lambda: position() != wanted)
+            wait_for(f"the light on {wanted}", lambda: position() == wanted)
+            return
+        for _ in range(30):
+            before = position()
+            if before == wanted:
+                return
+            self.program.key(STEP[self.mode])
+            wait_for("a step", lambda: position() != before)
+        raise Failure(f"the light never came to {wanted}")
+
+    def choose(self):
+        self.program.key(CHOOSE[self.mode])
+
+    def choose_at(self, position, wanted, right=True):
+        """Chooses there and expects that outcome; a late key is tried again."""
+        for _ in range(LATE if self.mode == SWITCH else 1):
+            self.bring(position, wanted)
+            self.choose()
+            if self.answered() == right:
+                return
+            self.late += 1
+        raise Failure(f"{wanted} was judged otherwise")
+
+    def lit_button(self, buttons=(0, 1, 2)):
+        return next((index for index in buttons
+                     if is_lit(self.program, f"Command1({index})")), None)
+
+    def next_by_scanning(self, button, done):
+        wait_for("the light on the next task",
+                 lambda: is_lit(self.program, f"Command1({button})"))
+        self.program.key_until(CHOOSE[self.mode], "the next task", done)
+
+
+# --- The exercises ---
+
+def answer_button(child, index):
+    """True when the button was the right one."""
+    if child.mode == MOUSE:
+        child.click(f"Command1({index})")
+        return child.answered()
+    child.bring(child.lit_button, index)
+    child.choose()
+    return child.answered()
+
+
+def vero_o_falso(child, _):
+    holds = sentence_holds(child.program.text("Label1"), child.wait_shown())
+    two_buttons(child, 0 if holds else 1)
+
+
+def uguale_diverso(child, _):
+    sentence = child.program.text("Label1").lower().split()
+    one, other = child.wait_shown(), child.wait_shown("ShockwaveFlash2")
+    part = next(word for word in sentence if word in one)
+    alike = one[part] == other[part]
+    two_buttons(child, 0 if alike != ("non" in sentence) else 1)
+
+
+def two_buttons(child, right):
+    for _ in range(LATE):
+        if answer_button(child, right):
+            break
+        if child.mode != SWITCH:
+            raise Failure("the right button was judged wrong")
+        child.late += 1
+    next_task(child, 2)
+
+
+def next_task(child, button):
+    if child.mode == MOUSE:
+        wait_for("the next-task button",
+                 lambda: child.program.enabled(child.program.find(f"Command1({button})")))
+        child.click(f"Command1({button})")
+        wait_for("the next task",
+                 lambda: not child.program.enabled(child.program.find(f"Command1({button})")))
+    else:
+        child.next_by_scanning(button,
+                               lambda: not is_lit(child.program, f"Command1({button})"))
+
+
+def differing(child):
+    one, other = child.wait_shown(), child.wait_shown("ShockwaveFlash2")
+    return [index for index, part in enumerate(PARTS) if one[part] != other[part]]
+
+
+def outline_lit(child):
+    for index, place in enumerate(OUTLINE):
+        x, y = child.spot("ShockwaveFlash2", place)
+        if "%02X%02X%02X" % screen((x, y, x + 1, y + 1)).getpixel((0, 0)) == LIT:
+            return index
+    return None
+
+
+def frame_lit(child):
+    return next((index for index in range(8) if child.program.find(f"Shape1({index})")), None)
+
+
+def uguali_2(child, level):
+    differences(child, level, lambda: outline_lit(child),
+                lambda part: child.program.click_at(*child.spot("ShockwaveFlash1", INSIDE[part])))
+
+
+def uguali_1(child, level):
+    differences(child, level, lambda: frame_lit(child),
+                lambda part: child.click(f"Image1({part})"))
+
+
+def differences(child, level, position, point):
+    parts = differing(child)
+    if len(parts) != level:
+        raise Failure(f"{parts} differ on level {level}")
+    for part in parts:
+        if child.mode == MOUSE:
+            point(part)
+            if not child.answered():
+                raise Failure(f"{PARTS[part]} was judged wrong")
+        else:
+            child.choose_at(position, part)
+    if differing(child):
+        raise Failure("a difference is left")
+    next_task(child, 0)
+
+
+def colora(child, level):
+    done = 0
+    while done < 6:
+        sentences = [line for line in child.text("Text1").split("\n") if line]
+        if child.mode == MOUSE:
+            for sentence in sentences:
+                part = next(p for p in PARTS if p in sentence.lower())
+                while not statement_holds(sentence.lower().rstrip("."), child.wait_shown()):
+                    before = child.shown("ShockwaveFlash1")
+                    child.program.click_at(*child.spot("ShockwaveFlash1",
+                                                       INSIDE[PARTS.index(part)]))
+                    wait_for("paint", lambda: child.shown("ShockwaveFlash1") != before)
+            child.click("Command1(0)")
+            if not child.answered():
+                raise Failure(f"{sentences} was judged wrong")
+            done += len(sentences)
+        else:
+            paint_by_scanning(child, sentences)
+            done += 1
+    next_task(child, 1)
+
+
+def paint_by_scanning(child, sentences):
+    """The part that changes is the one that is marked; its sentence is among those shown."""
+    before = child.wait_shown()
+    while True:
+        if child.mode != SWITCH:
+            child.program.key(STEP[child.mode])
+        now = wait_for("another colour", lambda: child.shown("ShockwaveFlash1") != before
+                       and child.shown("ShockwaveFlash1"))
+        part = next(p for p in PARTS if now[p] != before[p])
+        sentence = next(line for line in sentences if part in line.lower())
+        if statement_holds(sentence.lower().rstrip("."), now):
+            child.choose()
+            if child.answered():
+                return
+            if child.mode != SWITCH:
+                raise Failure(f"{sentence} was judged wrong")
+            child.late += 1
+        before = child.wait_shown()
+
+
+def fits(sentence, parts):
+    text = sentence.lower().rstrip(".").replace("gradini", "gradino")
+    if text.startswith("almeno una cosa è vera: che "):
+        return any(statement_holds(part, parts)
+                   for part in text.split(": che ", 1)[1].split(" o che "))
+    if text.startswith("una cosa sola è vera: "):
+        both = text.split(": ", 1)[1].split(",")[0].split(" o ")
+        return sum(statement_holds(part, parts) for part in both) == 1
+    return sentence_holds(text, parts)
+
+
+def insiemi(child, level):
+    untold = 0
+    while not child.program.enabled(child.program.await_object("Command1(2)")):
+        if child.mode != MOUSE and is_lit(child.program, "Command1(2)"):
+            break
+        right = 0 if fits(child.program.text("Label1"), child.wait_shown()) else 1
+        tried = right
+        while not answer_button(child, tried):
+            # Some series on levels 2 and 4 do not tell all of their rule.
+            untold += 1
+            if untold > 40 or (level in (1, 3) and child.mode != SWITCH):
+                raise Failure("a set was judged wrong")
+            tried = 1 - tried if level in (2, 4) else right
+    next_task(child, 2)
+
+
+def described(child):
+    """Indexes of the figures shown, and those of them that fit the description."""
+    lines = [line for line in child.text("Text1").split("\n") if line]
+    seen = {}
+    for index in range(12):
+        parts = child.shown(f"ShockwaveFlash1({index})")
+        if parts is not None:
+            seen[index] = all(sentence_holds(line, parts) for line in lines)
+    return list(seen), [index for index, fit in seen.items() if fit]
+
+
+def framed(child):
+    frame = child.program.find("Shape1")
+    if frame is None:
+        return None
+    place = child.program.box(frame)
+    for index in range(12):
+        item = child.program.find(f"ShockwaveFlash1({index})")
+        if item is not None:
+            box = child.program.box(item)
+            if abs(box.x - place.x) < 3 and abs(box.y - place.y) < 3:
+                return index
+    return None
+
+
+def remove_intruders(child):
+    figures, fitting = described(child)
+    if len(fitting) != 1:
+        return  # twins: the index tells which is meant, and no child could
+    for index in figures:
+        if index == fitting[0]:
+            continue
+        if child.mode == MOUSE:
+            child.click(f"ShockwaveFlash1({index})")
+            if not child.answered():
+                raise Failure(f"figure {index} was judged wrong")
+        else:
+            child.choose_at(lambda: framed(child), index)
+    next_task(child, 0)
+
+
+def trova_gli_intrusi(child, _):
+    remove_intruders(child)
+
+
+def indovina_chi(child, _):
+    if child.mode == ARROWS:
+        return remove_intruders(child)
+    fitting = described(child)[1]
+    if len(fitting) != 1:
+        return None
+    if child.mode == MOUSE:
+        child.click(f"ShockwaveFlash1({fitting[0]})")
+        if not child.answered():
+            raise Failure("the figure described was judged wrong")
+    else:
+        child.choose_at(lambda: framed(child), fitting[0])
+    return next_task(child, 0)
+
+
+EXERCISES = [  # in the order of the menu: name, levels, a figure of it
+    (vero_o_falso, 6, "ShockwaveFlash1"), (uguale_diverso, 3, "ShockwaveFlash1"),
+    (uguali_1, 4, "ShockwaveFlash1"), (uguali_2, 4, "ShockwaveFlash1"),
+    (colora, 6, "ShockwaveFlash1"), (insiemi, 4, "ShockwaveFlash1"),
+    (trova_gli_intrusi, 5, "ShockwaveFlash1(0)"), (indovina_chi, 5, "ShockwaveFlash1(0)"),
+]
+
+
+def open_exercise(child, entry, shows):
+    program = child.program
+    if child.mode == MOUSE:
+        program.click(program.await_object(f"Image1({entry})"))
+    else:
+        for _ in range(LATE):
+            child.bring(lambda: child.lit_button(range(9)), entry)
+            child.choose()
+            try:
+                wait_for("the exercise", lambda: program.find(shows), 3)
+                break
+            except Failure:
+                continue
+    program.await_object(shows)
+
+
+def play_all(desktop, executable, drive, mode):
+    fresh_drive(drive)
+    write_profile(drive, mode)
+    child = Child(Program(desktop, executable), mode)
+    program = child.program
+    program.await_object("Command1")
+    program.key_until("Return", "the menu", lambda: program.find("Image1(0)"))
+    for entry, (play, levels, shows) in enumerate(EXERCISES):
+        begun = time.monotonic()
+        child.late = 0
+        open_exercise(child, entry, shows)
+        for level in range(1, levels + 1):
+            child.fresh_level(level)
+            play(child, level)
+        print(f"mode {mode}: {play.__name__}, {levels} levels, {child.late} late keys, "
+              f"{time.monotonic() - begun:.0f} s", flush=True)
+        program.click(wait_for("Esci", lambda: program.named("Esci", "menu item")))
+        program.await_object("Image1(0)")
+    program.process.kill()
+    program.process.wait()
+
+
+if __name__ == "__main__":
+    try:
+        with Desktop() as shared:
+            for chosen in [int(word) for word in sys.argv[3:]] or [0, 1, 2, 3]:
+                play_all(shared, sys.argv[1], sys.argv[2], chosen)
+    except Failure as failure:
+        sys.exit(f"FAILED: {failure}")
