@@ -30,7 +30,8 @@ private:
 };
 
 VisualControl::VisualControl(const ControlId &id, const Place &place, QWidget *widget)
-    : Control(id), m_place(place), m_widget(widget), m_alive(widget), m_tap(std::make_unique<EventTap>(*this))
+    : Control(id), m_place(place), m_widget(widget), m_alive(widget),
+      m_tap(std::make_unique<EventTap>(*this))
 {
     widget->setParent(id.Container != nullptr ? id.Container->Widget() : id.Parent.Client());
     widget->setObjectName(Key());

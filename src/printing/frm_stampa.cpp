@@ -186,8 +186,8 @@ void FrmStampa::Attiva()
     txtNCopies.SetText(QString::number(Stampa.NumeroCopie == 0 ? 1 : Stampa.NumeroCopie));
     SetCaption(Stampa.OggettoValido ? QStringLiteral("  Stampa morlena ") + Stampa.TitoloStampa
                                     : QStringLiteral("  Impostazioni stampante"));
-    // The window may not be active yet; it then gives the keyboard to the first that takes it.
-    Skipping([this] { (Stampa.OggettoValido ? cmdStampa : cmdOK).SetFocus(); });
+    // The window may not be active yet: the button gets the keyboard when it is.
+    (Stampa.OggettoValido ? cmdStampa : cmdOK).SetTakesFocus(true);
     cboPrinterNames.BringToFront();
 }
 

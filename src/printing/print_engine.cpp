@@ -90,7 +90,7 @@ void StampaNelRettangolo(const OggettoDaStampare &oggetto, const Rettangolo &mil
 
 QString GetDefPrinterName()
 {
-    const QString nome = host().Printers().DefaultPrinter();
+    QString nome = host().Printers().DefaultPrinter();
     if (nome.isEmpty())
         ErroreStampa(QStringLiteral("GetDefPrinterName"),
                      QStringLiteral("Stampante di default non specificata."));

@@ -41,12 +41,12 @@ QString ScegliFile(ModoFile modo, const QString &titolo, const QString &nome, co
 {
     if (nome.size() > NomePiuLungo)
         throw RunTimeError(Overflow);
-    const QString scelto = host().ChooseFile({.Open = modo == ModoFile::Apri,
-                                              .Title = titolo,
-                                              .ProposedName = nome,
-                                              .Pattern = filtro,
-                                              .StartFolder = NativePath(cartella),
-                                              .Extension = estensione});
+    QString scelto = host().ChooseFile({.Open = modo == ModoFile::Apri,
+                                        .Title = titolo,
+                                        .ProposedName = nome,
+                                        .Pattern = filtro,
+                                        .StartFolder = NativePath(cartella),
+                                        .Extension = estensione});
     UltimoFileScelto = scelto.section(QLatin1Char('/'), -1).left(LetterePerIlNome);
     UltimoFileScelto = UltimoFileScelto.leftJustified(LetterePerIlNome, QChar(u'\0'));
     return scelto;

@@ -80,9 +80,16 @@ class Program:
         self.process = desktop.start([path])
 
     def application(self):
-        for child in self.bus.Registry.getDesktop(0):
-            if child is not None and child.get_process_id() == self.process.pid:
-                return child
+        desktop = self.bus.Registry.getDesktop(0)
+        # What came since is not told while nobody waits for events.
+        desktop.clear_cache()
+        for index in range(desktop.childCount):
+            try:
+                child = desktop.getChildAtIndex(index)
+                if child is not None and child.get_process_id() == self.process.pid:
+                    return child
+            except Exception:  # one that has ended and is not struck off yet
+                continue
         return None
 
     def find(self, described, role=None):

@@ -105,7 +105,7 @@ def expect_files(drive, files):
             raise Failure(f"{name} is not what was chosen:\n{found}\n{content}")
 
 
-def journey(executable, drive):
+def first_visit(executable, drive):
     fresh_drive(drive)
     with Desktop("1024x768") as desktop:
         program = Program(desktop, executable)
@@ -142,6 +142,9 @@ def journey(executable, drive):
         if program.ended() != 0:
             raise Failure("the first visit did not end well")
 
+
+def second_visit(executable, drive):
+    with Desktop("1024x768") as desktop:
         program = Program(desktop, executable)
         come_to_the_menu(program, first_time=False)
         choose_player(program, "Bruno")
@@ -150,14 +153,19 @@ def journey(executable, drive):
         press(program, "Command1(8)")
         if program.ended() != 0:
             raise Failure("the second visit did not end well")
-        expect_files(drive, {"Anna.ini": ANNA, "Bruno.ini": BRUNO, "_predefinito.INI": DEFAULT})
-        here = sorted(os.listdir(os.path.join(drive, SETTINGS)))
-        if here != ["Anna.ini", "Bruno.ini", "_predefinito.INI", "dati"]:
-            raise Failure(f"the settings folder holds {here}")
+    expect_files(drive, {"Anna.ini": ANNA, "Bruno.ini": BRUNO, "_predefinito.INI": DEFAULT})
+    here = sorted(os.listdir(os.path.join(drive, SETTINGS)))
+    if here != ["Anna.ini", "Bruno.ini", "_predefinito.INI", "dati"]:
+        raise Failure(f"the settings folder holds {here}")
 
 
 if __name__ == "__main__":
     try:
-        journey(*sys.argv[1:])
+        if sys.argv[3:] == ["again"]:
+            second_visit(*sys.argv[1:3])
+        else:
+            first_visit(*sys.argv[1:])
+            # By a reader of its own: one that has seen a program go may miss the next.
+            sys.exit(subprocess.run([sys.executable, __file__, *sys.argv[1:], "again"]).returncode)
     except Failure as failure:
         sys.exit(f"FAILED: {failure}")

@@ -186,7 +186,8 @@ private:
         log.Show();
         if (picture.isEmpty())
             log.mnuStampa.OnClick();
-        else
+        DoEvents();
+        if (!picture.isEmpty())
             log.Window()->grab().save(picture);
         log.Drop();
     }

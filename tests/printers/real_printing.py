@@ -52,8 +52,8 @@ class Page:
         return [channel.point(lambda value, low=low, high=high: 255 if low < value < high else 0)
                 for channel, (low, high) in zip(self.picture.split(), limits)]
 
-    def printed(self):
-        red, green, blue = self.channels((-1, 200), (-1, 200), (-1, 200))
+    def printed(self, lightest=200):
+        red, green, blue = self.channels(*[(-1, lightest)] * 3)
         return self.box(ImageChops.lighter(ImageChops.lighter(red, green), blue))
 
     def green(self):

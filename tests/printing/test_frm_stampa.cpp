@@ -133,6 +133,7 @@ private Q_SLOTS:
             QCOMPARE(dialog.Width(), 5640.0);
             QCOMPARE(dialog.Height(), 6615.0);
             QCOMPARE(Stampa.Rapporto, 1.0F);
+            QCOMPARE(dialog.Window()->focusWidget(), dialog.cmdStampa.Widget());
             QCOMPARE(Stampa.DevMode.Orientation, int16_t{1});
         });
         QCOMPARE(desk.Activations, 1);
@@ -147,6 +148,7 @@ private Q_SLOTS:
             QVERIFY(dialog.cmdOK.Visible());
             QVERIFY(!dialog.cmdStampa.Visible());
             QVERIFY(dialog.imgPrinter.Visible());
+            QCOMPARE(dialog.Window()->focusWidget(), dialog.cmdOK.Widget());
             QVERIFY(!dialog.txtNCopies.Visible());
             QVERIFY(!dialog.updNCopies.Visible());
             QVERIFY(!dialog.lblLblNCopie.Visible());

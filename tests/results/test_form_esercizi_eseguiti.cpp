@@ -131,7 +131,8 @@ private Q_SLOTS:
         QVERIFY(part > 0);
         const QList<int> parts{1, 10, 4, 4, 4};
         for (int column = 0; column < 5; ++column) {
-            QCOMPARE(log.MSFlexGrid1.ColWidth(column), static_cast<double>(part) * parts.at(column));
+            QCOMPARE(log.MSFlexGrid1.ColWidth(column),
+                     static_cast<double>(part) * parts.at(column));
             QCOMPARE(static_cast<int>(log.MSFlexGrid1.ColAlignment(column)), column < 3 ? 3 : 0);
         }
     }
