@@ -174,18 +174,18 @@ private Q_SLOTS:
         Main();
         QVERIFY(m_host->DriveHas(Data));
         QVERIFY(m_host->DriveHas(Readme));
-        QVERIFY(!m_host->DriveHas(Font));
+        QVERIFY(!m_host->DriveHas(FontPath));
         QCOMPARE(Boxes(), QStringList());
     }
 
     void theFontStepFindsTheFontAndDoesNothing()
     {
-        m_host->WriteDriveFile(Font, "c'era");
+        m_host->WriteDriveFile(FontPath, "c'era");
         Main();
         QVERIFY(m_host->DriveHas(Data));
-        QCOMPARE(m_host->DriveFile(Font), QByteArray("c'era"));
+        QCOMPARE(m_host->DriveFile(FontPath), QByteArray("c'era"));
         QCOMPARE(Boxes(), QStringList());
-        QCOMPARE(m_host->RegisteredFonts, QStringList(m_host->Drive.filePath(Font)));
+        QCOMPARE(m_host->RegisteredFonts, QStringList(m_host->Drive.filePath(FontPath)));
     }
 
     void aFontThatCannotBeCopiedIsLeftSilently()
@@ -193,7 +193,7 @@ private Q_SLOTS:
         m_folder->Remove(QStringLiteral("indis1.ttf"));
         Main();
         QVERIFY(m_host->DriveHas(Data));
-        QVERIFY(!m_host->DriveHas(Font));
+        QVERIFY(!m_host->DriveHas(FontPath));
         QCOMPARE(Boxes(), QStringList());
         QCOMPARE(m_host->FatalNumber, 0);
     }
