@@ -86,8 +86,7 @@ private Q_SLOTS:
                 for (int x = 0; x < image.width(); ++x) {
                     const QColor color = image.pixelColor(x, y);
                     // Between the ink and white, or nothing.
-                    QVERIFY2(color.alpha() < 255 || Chroma(color) <= 30,
-                             qPrintable(color.name()));
+                    QVERIFY2(color.alpha() < 255 || Chroma(color) <= 30, qPrintable(color.name()));
                     lines += color.alpha() == 255 && color.lightness() < 100 ? 1 : 0;
                 }
             const int all = image.width() * image.height();
