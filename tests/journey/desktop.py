@@ -103,6 +103,22 @@ class Program:
         except Exception:  # a window that is just going gives errors of the bus
             return None
 
+    def names(self, beginning):
+        """The design names with that beginning of all that shows."""
+        def collect(item):
+            name = (item.description or "").split(":")[0]
+            if name.startswith(beginning) and self._showing(item):
+                yield name
+            for index in range(item.childCount):
+                child = item.getChildAtIndex(index)
+                if child is not None:
+                    yield from collect(child)
+        try:
+            application = self.application()
+            return set(collect(application)) if application else set()
+        except Exception:
+            return set()
+
     def named(self, name, role):
         try:
             application = self.application()

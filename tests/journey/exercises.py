@@ -28,6 +28,20 @@ class Child:
         self.program = program
         self.mode = mode
         self.right = self.wrong = self.late = 0
+        self.places = {}  # of what stays where it is for a whole level
+
+    def place(self, name):
+        """Where it lies on the screen; nothing while it does not show. Asked of the program once:
+        the light moves on in less time than asking for every place takes."""
+        if name not in self.places:
+            item = self.program.find(name)
+            if item is None:
+                return None
+            self.places[name] = self.program.box(item)
+        return self.places[name]
+
+    def lit(self, picture, x, y):
+        return "%02X%02X%02X" % picture.getpixel((x, y)) == LIT
 
     def shown(self, name):
         item = self.program.find(name)
@@ -43,7 +57,7 @@ class Child:
 
     def spot(self, name, place):
         """Where a place of the figure's own 700 by 900 lies on the screen."""
-        box = self.program.box(self.program.await_object(name))
+        box = self.place(name)
         scale = min(box.width / 700, box.height / 900)
         return (round(box.x + (box.width - 700 * scale) / 2 + place[0] * scale),
                 round(box.y + (box.height - 900 * scale) / 2 + place[1] * scale))
@@ -66,6 +80,7 @@ class Child:
                                lambda: panel(self.program, 3).startswith(f"{level} ")
                                and counts(self.program) == (0, 0))
         self.right = self.wrong = 0
+        self.places.clear()
 
     # The highlight.
 
@@ -96,8 +111,10 @@ class Child:
         raise Failure(f"{wanted} was judged otherwise")
 
     def lit_button(self, buttons=(0, 1, 2)):
-        return next((index for index in buttons
-                     if is_lit(self.program, f"Command1({index})")), None)
+        places = [(index, self.place(f"Command1({index})")) for index in buttons]
+        picture = screen()
+        return next((index for index, box in places if box is not None and
+                     self.lit(picture, box.x + box.width // 6, box.y + box.height // 6)), None)
 
     def next_by_scanning(self, button, done):
         wait_for("the light on the next task",
@@ -158,15 +175,14 @@ def differing(child):
 
 
 def outline_lit(child):
-    for index, place in enumerate(OUTLINE):
-        x, y = child.spot("ShockwaveFlash2", place)
-        if "%02X%02X%02X" % screen((x, y, x + 1, y + 1)).getpixel((0, 0)) == LIT:
-            return index
-    return None
+    picture = screen()
+    return next((index for index, place in enumerate(OUTLINE)
+                 if child.lit(picture, *child.spot("ShockwaveFlash2", place))), None)
 
 
 def frame_lit(child):
-    return next((index for index in range(8) if child.program.find(f"Shape1({index})")), None)
+    shown = child.program.names("Shape1(")
+    return next((index for index in range(8) if f"Shape1({index})" in shown), None)
 
 
 def uguali_2(child, level):
@@ -290,21 +306,18 @@ def described(child):
     for index in range(12):
         parts = child.shown(f"ShockwaveFlash1({index})")
         if parts is not None:
+            child.place(f"ShockwaveFlash1({index})")
             seen[index] = all(sentence_holds(line, parts) for line in lines)
     return list(seen), [index for index, fit in seen.items() if fit]
 
 
 def framed(child):
-    frame = child.program.find("Shape1")
-    if frame is None:
-        return None
-    place = child.program.box(frame)
+    """By the colour of the frame, in the middle of its left side."""
+    picture = screen()
     for index in range(12):
-        item = child.program.find(f"ShockwaveFlash1({index})")
-        if item is not None:
-            box = child.program.box(item)
-            if abs(box.x - place.x) < 3 and abs(box.y - place.y) < 3:
-                return index
+        box = child.places.get(f"ShockwaveFlash1({index})")
+        if box is not None and child.lit(picture, box.x + 3, box.y + box.height // 2):
+            return index
     return None
 
 
@@ -357,6 +370,7 @@ def open_exercise(child, entry, shows):
         program.click(program.await_object(f"Image1({entry})"))
     else:
         for _ in range(LATE):
+            child.places.clear()
             child.bring(lambda: child.lit_button(range(9)), entry)
             child.choose()
             try:
