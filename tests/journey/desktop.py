@@ -92,11 +92,15 @@ class Program:
                 continue
         return None
 
-    def find(self, described, role=None):
+    def find(self, described):
         """The object whose description begins with the design name, nothing when there is none."""
         def matches(item):
             text = item.description or ""
             return text == described or text.startswith(described + ":")
+        return self.any(matches)
+
+    def any(self, matches):
+        """The first object that shows and matches, nothing when there is none."""
         try:
             application = self.application()
             return application and self._search(application, matches)
@@ -120,12 +124,7 @@ class Program:
             return set()
 
     def named(self, name, role):
-        try:
-            application = self.application()
-            return application and self._search(
-                application, lambda item: item.name == name and item.getRoleName() == role)
-        except Exception:
-            return None
+        return self.any(lambda item: item.name == name and item.getRoleName() == role)
 
     def _search(self, item, matches):
         if matches(item) and self._showing(item):
@@ -175,6 +174,9 @@ class Program:
 
     def key(self, name):
         subprocess.run(["xdotool", "key", name], check=True)
+
+    def write(self, text):
+        subprocess.run(["xdotool", "type", text], check=True)
 
     def key_until(self, name, what, look):
         """Presses the key, and again where it got lost before the window had the keyboard."""

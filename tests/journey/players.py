@@ -40,10 +40,6 @@ def page(program, name):
     program.click(wait_for(name, lambda: program.named(name, "page tab")))
 
 
-def write(text):
-    subprocess.run(["xdotool", "type", text], check=True)
-
-
 def open_configuration(program):
     program.click(wait_for("the menu", lambda: program.named("Configurazione", "menu item")))
     program.await_object("OptionUtente(2)")
@@ -57,7 +53,7 @@ def leave_configuration(program):
 def new_player(program, name):
     press(program, "OptionUtente(2)")
     program.await_object("TextNuovoUtente")
-    write(name)
+    program.write(name)
     wait_for("the new name", lambda: program.text("Label4") == name)
 
 
@@ -68,7 +64,7 @@ def name_a_colour(program, row, square, names):
     for number, name in enumerate(names):
         field = wait_for("a question", lambda: asked(program, number))
         program.click(field)
-        write(name)
+        program.write(name)
         program.key("Return")
     wait_for("the names", lambda: program.text(f"Option2({row})") == " - ".join(names))
 
@@ -76,12 +72,7 @@ def name_a_colour(program, row, square, names):
 def asked(program, number):
     """The field of the question that is asked now, told by the example in it."""
     example = ["rosso", "rossi", "rossa", "rosse"][number]
-    try:
-        application = program.application()
-        return application and program._search(
-            application, lambda item: item.getRoleName() == "text" and question_of(item, example))
-    except Exception:
-        return None
+    return program.any(lambda item: item.getRoleName() == "text" and question_of(item, example))
 
 
 def question_of(item, example):

@@ -1,5 +1,6 @@
-"""A teacher prints an exercise from its menu: the dialog stands before the window, is worked by the
-keyboard, warns at once of a print that leaves the sheet, and what comes out is looked at.
+"""A teacher prints from each exercise: the dialog stands before the window, is worked by the
+keyboard, warns at once of a print that leaves the sheet, and what comes out is looked at. Then the
+log of the exercises is saved, opened again and printed.
 
     dbus-run-session -- printing.py PROGRAM DRIVE
 """
@@ -9,7 +10,8 @@ import sys
 import time
 
 from desktop import Desktop, Failure, Program, wait_for
-from journey import come_to_the_menu, fresh_drive
+from journey import SETTINGS, come_to_the_menu, fresh_drive
+from players import leave_configuration, open_configuration
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "printers"))
 from printing_system import PrintingSystem  # noqa: E402
@@ -17,6 +19,7 @@ from real_printing import Page  # noqa: E402
 
 WARNING_WITHIN = 0.5  # seconds
 EXACT = 0.5  # mm
+EXERCISES = 8
 
 
 def open_dialog(program, shortcut):
@@ -57,7 +60,6 @@ def printed_page(system, count):
 
 
 def printing(desktop, program, system):
-    come_to_the_menu(program, first_time=True)
     program.click(program.await_object("Image1(0)"))
     program.await_object("ShockwaveFlash1")
     open_dialog(program, "ctrl+v")
@@ -77,6 +79,80 @@ def printing(desktop, program, system):
     wait_for("the end of the dialog", lambda: program.find("cmdStampa") is None)
     program.key("ctrl+s")
     system.await_documents(3)
+    leave(program, "Image1(0)")
+
+
+def leave(program, comes):
+    program.click(wait_for("Esci", lambda: program.named("Esci", "menu item")))
+    program.await_object(comes)
+
+
+def print_every_exercise(program, system, printed):
+    for entry in range(EXERCISES):
+        program.click(program.await_object(f"Image1({entry})"))
+        wait_for("an exercise", lambda: program.find("ShockwaveFlash1")
+                 or program.find("ShockwaveFlash1(0)"))
+        program.key("ctrl+s")
+        printed += 1
+        system.await_documents(printed)
+        leave(program, f"Image1({entry})")
+    return printed
+
+
+# --- The log ---
+
+def keep_a_log(program):
+    open_configuration(program)
+    program.click(program.await_object("CheckSalvaUtente"))
+    leave_configuration(program)
+
+
+def choose(program, *items):
+    for item in items:
+        program.click(wait_for(item, lambda: program.named(item, "menu item")))
+
+
+def name_the_file(program, name):
+    """The dialog's field for the name has the keyboard from the start."""
+    wait_for("the name of a file", lambda: program.any(
+        lambda item: item.getRoleName() == "text"
+        and item.getState().contains(program.bus.STATE_FOCUSED)))
+    program.write(name)
+    program.key("Return")
+
+
+def log_of_exercises(program, system, drive, printed):
+    choose(program, "Esercizi eseguiti")
+    program.await_object("MSFlexGrid1")
+    choose(program, "File", "Salva")
+    name_the_file(program, "prova")
+    path = os.path.join(drive, SETTINGS, "dati", "_predefinito", "prova.rpt")
+    wait_for("the report", lambda: os.path.exists(path) and os.path.getsize(path))
+    with open(path, "rb") as file:
+        saved = file.read()
+    if saved.count(b"Vero o falso") != 2 or saved.count(b"Indovina chi") != 1:
+        raise Failure(f"the report does not hold what was done: {saved}")
+
+    # Of a report with rows the heading and the first row come back, and the box tells of the rest.
+    choose(program, "File", "Apri")
+    name_the_file(program, "_predefinito/prova")
+    wait_for("the first row", lambda: program.named("Vero o falso", "table cell"))
+    program.click(wait_for("the box", lambda: program.named("OK", "push button")))
+    wait_for("the end of the box", lambda: program.named("OK", "push button") is None)
+    leave(program, "Image1(0)")
+
+    choose(program, "Esercizi eseguiti")
+    program.await_object("MSFlexGrid1")
+    choose(program, "File", "Stampa")
+    program.click(wait_for("the question", lambda: program.named("Sì", "push button")
+                           or program.named("Yes", "push button")))
+    program.click(wait_for("the hint", lambda: program.named("OK", "push button")))
+    page = Page(system.await_documents(printed + 1)[-1][0])
+    if page.printed() is None:
+        raise Failure("an empty report came out")
+    with open(path, "rb") as file:
+        if file.read() != saved:
+            raise Failure("the report was changed by opening and printing")
 
 
 def main():
@@ -85,7 +161,11 @@ def main():
     with PrintingSystem() as system, Desktop() as desktop:
         system.add_printer("Stampante")
         os.environ["CUPS_SERVER"] = system.environment["CUPS_SERVER"]
-        printing(desktop, Program(desktop, executable), system)
+        program = Program(desktop, executable)
+        come_to_the_menu(program, first_time=True)
+        keep_a_log(program)
+        printing(desktop, program, system)
+        log_of_exercises(program, system, drive, print_every_exercise(program, system, printed=3))
     print("printed")
 
 
