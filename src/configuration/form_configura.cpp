@@ -10,13 +10,12 @@
 #include "platform/errors.h"
 #include "platform/host.h"
 #include "platform/local_text.h"
-#include "support/cls_resize.h"
 #include "support/dialogs.h"
+#include "support/full_screen.h"
 
 #include <QStringList>
 
 #include <algorithm>
-#include <memory>
 
 using namespace platform;
 
@@ -37,11 +36,10 @@ double Numero(Color colore)
 
 void FormConfigura::Collega()
 {
-    OnLoad = [this] { Carica(); };
+    OnLoad = [this] { CaricaFinestra(*this); };
     OnActivate = [this] { Attiva(); };
     OnResize = [this] {
-        if (Ridimensionatore)
-            Ridimensionatore->ResizeControls();
+        RidimensionaFinestra();
         Ridimensiona();
     };
     TabStrip1.OnClick = [this] { MostraPagina(); };
@@ -68,14 +66,6 @@ void FormConfigura::Collega()
         VelocitaScansione = Integer16(HScroll3.Value());
         ScriviVelocita();
     };
-}
-
-void FormConfigura::Carica()
-{
-    MLSCaricaForm(*this);
-    Ridimensionatore = std::make_shared<clsResize>();
-    Ridimensionatore->SetSourceForm(*this);
-    Ridimensionatore->SizeFormToScreen(75);
 }
 
 void FormConfigura::Attiva()

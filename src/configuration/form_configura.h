@@ -80,7 +80,6 @@ private:
     void DisegnaFontEColori();
     void Collega();
     void CollegaFontEColori();
-    void Carica();
     void Attiva();
     void Ridimensiona();
     void MostraPagina();

@@ -19,9 +19,10 @@ Form &Finestra(const QString &nome)
 {
     if (Form *finestra = Form::Find(nome))
         return *finestra;
-    if (!FinestraEsiste(nome))
+    const auto crea = Finestre().find(nome);
+    if (crea == Finestre().end())
         throw RunTimeError(BadCall, nome);
-    return *Finestre().at(nome)();
+    return *crea->second();
 }
 
 } // namespace
@@ -29,11 +30,6 @@ Form &Finestra(const QString &nome)
 void RegistraFinestra(const QString &nome, CreaFinestra crea)
 {
     Finestre()[nome] = crea;
-}
-
-bool FinestraEsiste(const QString &nome)
-{
-    return Finestre().contains(nome);
 }
 
 void MostraFinestra(const QString &nome)

@@ -9,8 +9,6 @@
 using CreaFinestra = platform::Form *(*)();
 
 void RegistraFinestra(const QString &nome, CreaFinestra crea);
-// True when the program knows how to make it.
-bool FinestraEsiste(const QString &nome);
 // Shows the window, made when it is not loaded; error 5 for one that nobody makes.
 void MostraFinestra(const QString &nome);
 // The same as a modal window; comes back when it is closed.

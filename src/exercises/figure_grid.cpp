@@ -74,8 +74,10 @@ GrigliaFigure::GrigliaFigure(const DisegnoEsercizio &disegno, const QString &ist
                 FiguraCliccata(i);
         };
     }
-    for (int i = 0; i < QuanteParti; ++i)
-        Image1.Add(i, Place{120.0 + 1320 * (i % 2), 120.0 + 960.0 * static_cast<int>(i / 2), 1215, 855});
+    for (int i = 0; i < QuanteParti; ++i) {
+        const int fila = i / 2;
+        Image1.Add(i, Place{120.0 + 1320 * (i % 2), 120.0 + 960 * fila, 1215, 855});
+    }
     Command1.Add(Prossimo, Place{6960, 4680, 1095, 735});
     Command1(Prossimo).SetPicture(QStringLiteral("prossimo"));
     Command1(Prossimo).SetSpokenName(QStringLiteral("Avanti"));

@@ -3,10 +3,7 @@
 #include "core/profile.h"
 #include "core/windows.h"
 #include "frame/quick_print.h"
-#include "language/language.h"
-#include "support/cls_resize.h"
-
-#include <memory>
+#include "support/full_screen.h"
 
 using namespace platform;
 
@@ -74,21 +71,16 @@ FinestraEsercizio::FinestraEsercizio(const DisegnoEsercizio &disegno)
     mnuStOr.OnClick = [this] { StampaConOpzioni(*this, 2); };
     mnuStVer.OnClick = [this] { StampaConOpzioni(*this, 1); };
     mnuCol.OnClick = [] { FiguraDaColorare(); };
-    mnuCol.SetEnabled(FinestraEsiste(QStringLiteral("Form1")));
 }
 
 void FinestraEsercizio::Carica()
 {
-    MLSCaricaForm(*this);
-    Ridimensionatore = std::make_shared<clsResize>();
-    Ridimensionatore->SetSourceForm(*this);
-    Ridimensionatore->SizeFormToScreen(75);
+    CaricaFinestra(*this);
 }
 
 void FinestraEsercizio::Ridimensiona()
 {
-    if (Ridimensionatore)
-        Ridimensionatore->ResizeControls();
+    RidimensionaFinestra();
     if (ModoInput == 2) {
         ScaricaFinestra(QStringLiteral("FormMenu"));
         DoEvents();

@@ -10,12 +10,10 @@
 #include "menu/menu_items.h"
 #include "platform/errors.h"
 #include "platform/files.h"
-#include "support/cls_resize.h"
 #include "support/documents.h"
+#include "support/full_screen.h"
 
 #include <QStringList>
-
-#include <memory>
 
 using namespace platform;
 
@@ -78,10 +76,7 @@ void FormMenu::Collega()
 {
     OnLoad = [this] { Carica(); };
     OnActivate = [this] { Attiva(); };
-    OnResize = [] {
-        if (Ridimensionatore)
-            Ridimensionatore->ResizeControls();
-    };
+    OnResize = RidimensionaFinestra;
     OnMouseMove = [this] {
         if (ModoInput == 0)
             Skipping([&] { Spegni(); });
@@ -115,26 +110,12 @@ void FormMenu::Collega()
         MostraFinestra(QStringLiteral("FormInfo"));
         Unload();
     };
-
-    // What has no window yet cannot be chosen, and starts nothing.
-    mnuConfigura.SetEnabled(FinestraEsiste(QStringLiteral("FormConfigura")));
-    mnuEserciziEseguiti.SetEnabled(FinestraEsiste(QStringLiteral("FormEserciziEseguiti")));
-    mnuAbout.SetEnabled(FinestraEsiste(QStringLiteral("FormInfo")));
-    for (int i = 0; i < Esci; ++i) {
-        const bool esiste =
-            FinestraEsiste(QString::fromLatin1(Voci.at(static_cast<size_t>(i)).Finestra));
-        Command1(i).SetEnabled(esiste);
-        Image1(i).SetEnabled(esiste);
-    }
 }
 
 void FormMenu::Carica()
 {
     MLSFillMenuLanguages();
-    MLSCaricaForm(*this);
-    Ridimensionatore = std::make_shared<clsResize>();
-    Ridimensionatore->SetSourceForm(*this);
-    Ridimensionatore->SizeFormToScreen(75);
+    CaricaFinestra(*this);
     ComponiTitoli([this](int i) -> Label & { return Command1(i); });
 }
 
@@ -156,13 +137,10 @@ void FormMenu::AvviaEsercizi(int16_t &indice)
     if (indice < 0 || indice > Esci)
         return;
     const VoceMenu &voce = Voci.at(static_cast<size_t>(indice));
-    const QString finestra = QString::fromLatin1(voce.Finestra);
-    if (!FinestraEsiste(finestra))
-        return;
     NumeroEserciziEseguiti = Integer16(NumeroEserciziEseguiti + 1);
     // Past the last row of the log this is error 9, and nothing traps it: meant.
     EserciziEseguiti(NumeroEserciziEseguiti, 0) = MLSTesto(QString::fromLatin1(voce.ChiaveTitolo));
-    MostraFinestra(finestra);
+    MostraFinestra(QString::fromLatin1(voce.Finestra));
     Unload();
 }
 

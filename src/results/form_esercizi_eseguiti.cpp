@@ -8,8 +8,8 @@
 #include "platform/errors.h"
 #include "platform/host.h"
 #include "results/print_report.h"
-#include "support/cls_resize.h"
 #include "support/dialogs.h"
+#include "support/full_screen.h"
 
 #include <algorithm>
 
@@ -70,16 +70,8 @@ FormEserciziEseguiti::FormEserciziEseguiti()
     Label2.SetFontBold(true);
     MSFlexGrid1.SetFontSize(11);
 
-    OnLoad = [this] {
-        MLSCaricaForm(*this);
-        Ridimensionatore = std::make_shared<clsResize>();
-        Ridimensionatore->SetSourceForm(*this);
-        Ridimensionatore->SizeFormToScreen(75);
-    };
-    OnResize = [] {
-        if (Ridimensionatore)
-            Ridimensionatore->ResizeControls();
-    };
+    OnLoad = [this] { CaricaFinestra(*this); };
+    OnResize = RidimensionaFinestra;
     OnActivate = [this] { Attiva(); };
     OnUnload = [this] { m_resoconto.reset(); };
     mnuSalva.OnClick = [this] { Salva(); };

@@ -117,7 +117,6 @@ private Q_SLOTS:
         ScriptedHost host;
         const QString name = QStringLiteral("Prova");
         RegistraFinestra(name, []() -> Form * { return new Window; });
-        QVERIFY(FinestraEsiste(name));
         QVERIFY(Form::Find(name) == nullptr);
         MostraFinestra(name);
         MostraFinestra(name);
@@ -135,7 +134,6 @@ private Q_SLOTS:
     {
         ScriptedHost host;
         const QString name = QStringLiteral("FormIgnota");
-        QVERIFY(!FinestraEsiste(name));
         QCOMPARE(Skipping([&] { MostraFinestra(name); }), int(BadCall));
         ScaricaFinestra(name);
         QVERIFY(Form::Loaded().empty());

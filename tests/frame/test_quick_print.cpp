@@ -164,14 +164,11 @@ private Q_SLOTS:
         QCOMPARE(Esatti, 3);
     }
 
-    void figuresToColourNeedTheirWindow()
+    void figuresToColourStandBeforeTheExercise()
     {
         Child child;
-        QVERIFY(!child.Open<FormEs1>().mnuCol.Enabled());
-        DropForms();
         RegistraFinestra(QStringLiteral("Form1"), []() -> Form * { return new Pictures; });
         FormEs1 &exercise = child.Open<FormEs1>();
-        QVERIFY(exercise.mnuCol.Enabled());
         Esatti = 3;
         child.Host.ExpectModal([](Form &form) {
             QCOMPARE(form.Name(), QStringLiteral("Form1"));

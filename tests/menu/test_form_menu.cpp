@@ -1,6 +1,7 @@
 // The menu: its items, the light, scanning, players and languages, and the two ways it ends.
 #include "menu/form_menu.h"
 
+#include "exercises/exercise_table.h"
 #include "exercises/form_es1.h"
 #include "language/language.h"
 #include "support/cls_resize.h"
@@ -10,18 +11,21 @@
 #include <QFile>
 #include <QTest>
 
+#include <array>
+#include <utility>
+
 using namespace platform;
 
 namespace {
 
 const QString Settings = QStringLiteral("ImpostazioniProgrammiTesmi/morlenekvt/");
 
-// A player at a menu whose first exercise exists.
+// A player at the menu.
 class MenuPlayer : public Player {
 public:
     MenuPlayer()
     {
-        RegistraFinestra(QStringLiteral("FormEs1"), []() -> Form * { return new FormEs1; });
+        RegistraEsercizi();
         QDir().mkpath(Host.Drive.filePath(Settings));
     }
 
@@ -117,30 +121,44 @@ private Q_SLOTS:
         QVERIFY(last > 20);
     }
 
-    void aClickStartsTheExerciseWithItsTitleInTheLog()
+    void aClickStartsTheExerciseWithItsTitleInTheLog_data()
     {
-        MenuPlayer player;
-        player.Host.Seed(1);
-        FormMenu &menu = player.OpenMenu();
-        ClickOn(menu.Image1(0));
-        QCOMPARE(NumeroEserciziEseguiti, int16_t{1});
-        QCOMPARE(EserciziEseguiti(1, 0), QStringLiteral("Vero o falso"));
-        QVERIFY(Form::Find(QStringLiteral("FormEs1")) != nullptr);
-        QVERIFY(Form::Find(QStringLiteral("FormMenu")) == nullptr);
-        QVERIFY(!player.Host.Ended);
+        QTest::addColumn<QString>("window");
+        QTest::addColumn<QString>("title");
+        // In the order of the items.
+        const std::array<std::pair<const char *, const char *>, 8> exercises = {
+            {{"FormEs1", "Vero o falso"},
+             {"FormEs2", "Uguale - diverso"},
+             {"FormEs8", "Uguali - 1°"},
+             {"FormEs3", "Uguali - 2°"},
+             {"FormEs4", "Colora la morlena"},
+             {"FormEs5", "Insiemi"},
+             {"FormEs6", "Trova gli intrusi"},
+             {"FormEs7", "Indovina chi?"}}};
+        int item = 0;
+        for (const auto &[window, title] : exercises)
+            QTest::addRow("%d", item++) << QString::fromLatin1(window) << QString::fromUtf8(title);
     }
 
-    void anItemWithoutAWindowStartsNothingAndLogsNothing()
+    void aClickStartsTheExerciseWithItsTitleInTheLog()
     {
-        MenuPlayer player;
-        FormMenu &menu = player.OpenMenu();
-        QVERIFY(!menu.Command1(1).Enabled());
-        ClickOn(menu.Command1(1));
-        menu.Command1.OnClick(1);
-        QCOMPARE(NumeroEserciziEseguiti, int16_t{0});
-        QVERIFY(Form::Find(QStringLiteral("FormMenu")) != nullptr);
-        for (const MenuItem *item : {&menu.mnuConfigura, &menu.mnuAbout})
-            QVERIFY(!item->Enabled());
+        QFETCH(QString, window);
+        QFETCH(QString, title);
+        const int item = QByteArray(QTest::currentDataTag()).toInt();
+        for (const bool picture : {false, true}) {
+            MenuPlayer player;
+            player.Host.Seed(1);
+            FormMenu &menu = player.OpenMenu();
+            if (picture)
+                ClickOn(menu.Image1(item));
+            else
+                ClickOn(menu.Command1(item));
+            QCOMPARE(NumeroEserciziEseguiti, int16_t{1});
+            QCOMPARE(EserciziEseguiti(1, 0), title);
+            QVERIFY(Form::Find(window) != nullptr);
+            QVERIFY(Form::Find(QStringLiteral("FormMenu")) == nullptr);
+            QVERIFY(!player.Host.Ended);
+        }
     }
 
     void theDocumentationIsOpenedAndTheMenuStays()

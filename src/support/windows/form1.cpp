@@ -1,12 +1,9 @@
 #include "support/windows/form1.h"
 
-#include "core/shared_state.h"
-#include "language/language.h"
 #include "printing/stampa_fpb.h"
-#include "support/cls_resize.h"
+#include "support/full_screen.h"
 
 #include <array>
-#include <memory>
 
 using namespace platform;
 
@@ -37,16 +34,8 @@ Form1::Form1()
         disegno.SetSpokenName(QString::fromUtf8(nomi.at(static_cast<size_t>(i))));
     }
 
-    OnLoad = [this] {
-        MLSCaricaForm(*this);
-        Ridimensionatore = std::make_shared<clsResize>();
-        Ridimensionatore->SetSourceForm(*this);
-        Ridimensionatore->SizeFormToScreen(75);
-    };
-    OnResize = [] {
-        if (Ridimensionatore)
-            Ridimensionatore->ResizeControls();
-    };
+    OnLoad = [this] { CaricaFinestra(*this); };
+    OnResize = RidimensionaFinestra;
     Picture1.OnClick = [this](int indice) {
         Control &disegno = Picture1(indice);
         StampaFPB({.Oggetto = &disegno,

@@ -1,11 +1,7 @@
 #include "support/windows/form_avvio.h"
 
-#include "core/shared_state.h"
 #include "core/windows.h"
-#include "language/language.h"
-#include "support/cls_resize.h"
-
-#include <memory>
+#include "support/full_screen.h"
 
 using namespace platform;
 
@@ -41,16 +37,8 @@ FormAvvio::FormAvvio()
     Command1.SetSpokenName(QStringLiteral("Avanti"));
     Command1.SetTakesFocus(true);
 
-    OnLoad = [this] {
-        MLSCaricaForm(*this);
-        Ridimensionatore = std::make_shared<clsResize>();
-        Ridimensionatore->SetSourceForm(*this);
-        Ridimensionatore->SizeFormToScreen(75);
-    };
-    OnResize = [] {
-        if (Ridimensionatore)
-            Ridimensionatore->ResizeControls();
-    };
+    OnLoad = [this] { CaricaFinestra(*this); };
+    OnResize = RidimensionaFinestra;
     OnActivate = [this] { Attiva(); };
     Command1.OnClick = [this] {
         MostraFinestra(QStringLiteral("FormMenu"));

@@ -1,15 +1,12 @@
 #include "support/windows/form_info.h"
 
-#include "core/shared_state.h"
 #include "core/windows.h"
 #include "language/language.h"
 #include "platform/files.h"
-#include "support/cls_resize.h"
 #include "support/documents.h"
+#include "support/full_screen.h"
 
 #include <QStringList>
-
-#include <memory>
 
 using namespace platform;
 
@@ -48,16 +45,8 @@ FormInfo::FormInfo()
     Command1.SetFontSize(PuntiPulsante);
     Command1.SetTakesFocus(true);
 
-    OnLoad = [this] {
-        MLSCaricaForm(*this);
-        Ridimensionatore = std::make_shared<clsResize>();
-        Ridimensionatore->SetSourceForm(*this);
-        Ridimensionatore->SizeFormToScreen(75);
-    };
-    OnResize = [] {
-        if (Ridimensionatore)
-            Ridimensionatore->ResizeControls();
-    };
+    OnLoad = [this] { CaricaFinestra(*this); };
+    OnResize = RidimensionaFinestra;
     OnActivate = [this] { Attiva(); };
     Command1.OnClick = [this] {
         MostraFinestra(QStringLiteral("FormMenu"));
