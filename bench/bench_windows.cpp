@@ -138,9 +138,10 @@ int main(int argc, char **argv)
     double started = 0;
     std::printf("memory of the empty window, MB\n  %s",
                 Run(QStringLiteral("empty"), started).split('\n').at(1).constData());
+    const QByteArray told = Run(QStringLiteral("program"), started);
     std::printf(
         "\nwindow to window, ms to the last pixel; next task: median and 99th percentile of "
         "%d, ms; idle: processor %% over %d s, memory MB\n%s",
-        Tasks, IdleSeconds, Run(QStringLiteral("program"), started).constData());
+        Tasks, IdleSeconds, told.mid(told.indexOf('\n') + 1).constData());
     return 0;
 }

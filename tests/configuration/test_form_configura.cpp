@@ -584,9 +584,10 @@ private Q_SLOTS:
         VelocitaScansione = 12;
         adult.Save(QStringLiteral("anna"));
         ImpostazioniPredefinite();
-        DimensioneFont = 50;
         FormConfigura &window = adult.OpenWindow();
         ClickOn(window.OptionUtente(1));
+        // Changed since that click has saved.
+        DimensioneFont = 50;
         window.ListModificaUtente.SetListIndex(0);
         QCOMPARE(NomeUtente, QStringLiteral("ANNA"));
         QCOMPARE(window.Label4.Caption(), QStringLiteral("ANNA"));

@@ -217,25 +217,14 @@ private Q_SLOTS:
         QVERIFY(!player.Host.DriveHas(QStringLiteral("ImpostazioniProgrammiTesmi")));
     }
 
-    void eachLevelIsFairToTheChild_data()
-    {
-        QTest::addColumn<int>("level");
-        for (int level = 1; level <= 6; ++level)
-            QTest::addRow("level %d", level) << level;
-    }
+    void eachLevelIsFairToTheChild_data() { RowsOfLevels(6); }
 
     // Many tasks a level, judged by a reader that sees the sentence and the figure only.
     void eachLevelIsFairToTheChild()
     {
         QFETCH(int, level);
         Player player;
-        SuoniAttivi = false;
-        player.Host.Seed(static_cast<uint32_t>(level) * 7919);
-        auto &form = player.Open<FormEs1>();
-        if (level > 1)
-            form.mnuLiv.OnClick(level);
-        // Judged by what is shown, not by its pixels.
-        form.LockDrawing(true);
+        auto &form = player.OpenForManyTasks<FormEs1>(level, 7919);
         int judged = 0;
         int unpainted = 0;
         int trueOnes = 0;

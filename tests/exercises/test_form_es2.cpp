@@ -276,23 +276,13 @@ private Q_SLOTS:
         QCOMPARE(form.Command1(1).Caption(), QStringLiteral("DIVERSO"));
     }
 
-    void eachLevelIsFairToTheChild_data()
-    {
-        QTest::addColumn<int>("level");
-        for (int level = 1; level <= 3; ++level)
-            QTest::addRow("level %d", level) << level;
-    }
+    void eachLevelIsFairToTheChild_data() { RowsOfLevels(3); }
 
     void eachLevelIsFairToTheChild()
     {
         QFETCH(int, level);
         Player player;
-        SuoniAttivi = false;
-        player.Host.Seed(static_cast<uint32_t>(level) * 104729);
-        auto &form = player.Open<FormEs2>();
-        if (level > 1)
-            form.mnuLiv.OnClick(level);
-        form.LockDrawing(true);
+        auto &form = player.OpenForManyTasks<FormEs2>(level, 104729);
         int judged = 0;
         int unpainted = 0;
         int firstOnes = 0;

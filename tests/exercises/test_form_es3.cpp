@@ -241,12 +241,7 @@ private Q_SLOTS:
         QCOMPARE(form.PosizioneScansione, int16_t{1});
     }
 
-    void scanningRepairsTheSecondFigureAndThenWaits_data()
-    {
-        QTest::addColumn<int>("mode");
-        for (const int mode : {1, 2, 3})
-            QTest::addRow("mode %d", mode) << mode;
-    }
+    void scanningRepairsTheSecondFigureAndThenWaits_data() { RowsOfModes({1, 2, 3}); }
 
     void scanningRepairsTheSecondFigureAndThenWaits()
     {
@@ -324,23 +319,13 @@ private Q_SLOTS:
         QCOMPARE(player.Host.TakeEvents(), QStringList());
     }
 
-    void eachLevelIsFairToTheChild_data()
-    {
-        QTest::addColumn<int>("level");
-        for (int level = 1; level <= 4; ++level)
-            QTest::addRow("level %d", level) << level;
-    }
+    void eachLevelIsFairToTheChild_data() { RowsOfLevels(4); }
 
     void eachLevelIsFairToTheChild()
     {
         QFETCH(int, level);
         Player player;
-        SuoniAttivi = false;
-        player.Host.Seed(static_cast<uint32_t>(level) * 257);
-        auto &form = player.Open<FormEs3>();
-        if (level > 1)
-            form.mnuLiv.OnClick(level);
-        form.LockDrawing(true);
+        auto &form = player.OpenForManyTasks<FormEs3>(level, 257);
         for (int task = 0; task < FairTasks; ++task) {
             const QList<int> differ = DifferencesShown(form);
             QCOMPARE(differ.size(), level);

@@ -298,12 +298,7 @@ private Q_SLOTS:
         QCOMPARE(form.Livello, int16_t{5});
     }
 
-    void scanningMarksThePartAndChangesItsColour_data()
-    {
-        QTest::addColumn<int>("mode");
-        for (const int mode : {1, 2, 3})
-            QTest::addRow("mode %d", mode) << mode;
-    }
+    void scanningMarksThePartAndChangesItsColour_data() { RowsOfModes({1, 2, 3}); }
 
     void scanningMarksThePartAndChangesItsColour()
     {
@@ -381,12 +376,7 @@ private Q_SLOTS:
         }
     }
 
-    void aTaskDoneByScanningWaitsForTheChild_data()
-    {
-        QTest::addColumn<int>("level");
-        for (int level = 1; level <= 6; ++level)
-            QTest::addRow("level %d", level) << level;
-    }
+    void aTaskDoneByScanningWaitsForTheChild_data() { RowsOfLevels(6); }
 
     void aTaskDoneByScanningWaitsForTheChild()
     {
@@ -471,23 +461,13 @@ private Q_SLOTS:
     }
 
     // The child paints what the sentence says, or for once what it does not say.
-    void eachLevelIsFairToTheChild_data()
-    {
-        QTest::addColumn<int>("level");
-        for (int level = 1; level <= 6; ++level)
-            QTest::addRow("level %d", level) << level;
-    }
+    void eachLevelIsFairToTheChild_data() { RowsOfLevels(6); }
 
     void eachLevelIsFairToTheChild()
     {
         QFETCH(int, level);
         Player player;
-        SuoniAttivi = false;
-        player.Host.Seed(static_cast<uint32_t>(level) * 31337);
-        auto &form = player.Open<FormEs4>();
-        if (level > 1)
-            form.mnuLiv.OnClick(level);
-        form.LockDrawing(true);
+        auto &form = player.OpenForManyTasks<FormEs4>(level, 31337);
         const auto partOf = [](const QString &sentence) {
             for (int part = 1; part <= 6; ++part)
                 if (sentence.contains(Parts.at(part)))

@@ -367,12 +367,7 @@ private Q_SLOTS:
         QCOMPARE(EserciziEseguiti(1, 2), QStringLiteral("20"));
     }
 
-    void eachLevelIsFairToTheChild_data()
-    {
-        QTest::addColumn<int>("level");
-        for (int level = 1; level <= 4; ++level)
-            QTest::addRow("level %d", level) << level;
-    }
+    void eachLevelIsFairToTheChild_data() { RowsOfLevels(4); }
 
     void eachLevelIsFairToTheChild()
     {

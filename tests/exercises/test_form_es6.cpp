@@ -64,12 +64,7 @@ private Q_SLOTS:
         QCOMPARE(FiguresShown(form).size(), 12);
     }
 
-    void scanningRemovesOneByOneAndIgnoresWhatIsGone_data()
-    {
-        QTest::addColumn<int>("mode");
-        for (const int mode : {1, 2, 3})
-            QTest::addRow("mode %d", mode) << mode;
-    }
+    void scanningRemovesOneByOneAndIgnoresWhatIsGone_data() { RowsOfModes({1, 2, 3}); }
 
     void scanningRemovesOneByOneAndIgnoresWhatIsGone()
     {
@@ -151,23 +146,13 @@ private Q_SLOTS:
         QVERIFY(!form.ShockwaveFlash1(0).Shown().contains(QStringLiteral("porta D6BD92")));
     }
 
-    void eachLevelIsFairToTheChild_data()
-    {
-        QTest::addColumn<int>("level");
-        for (int level = 1; level <= 5; ++level)
-            QTest::addRow("level %d", level) << level;
-    }
+    void eachLevelIsFairToTheChild_data() { RowsOfLevels(5); }
 
     void eachLevelIsFairToTheChild()
     {
         QFETCH(int, level);
         Player player;
-        SuoniAttivi = false;
-        player.Host.Seed(static_cast<uint32_t>(level) * 521);
-        auto &form = player.Open<FormEs6>();
-        if (level > 1)
-            form.mnuLiv.OnClick(level);
-        form.LockDrawing(true);
+        auto &form = player.OpenForManyTasks<FormEs6>(level, 521);
         int judged = 0;
         int twins = 0;
         while (judged < FairTasks) {

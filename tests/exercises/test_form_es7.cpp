@@ -130,23 +130,13 @@ private Q_SLOTS:
         QCOMPARE(player.Host.TakeEvents(), QStringList());
     }
 
-    void eachLevelIsFairToTheChild_data()
-    {
-        QTest::addColumn<int>("level");
-        for (int level = 1; level <= 5; ++level)
-            QTest::addRow("level %d", level) << level;
-    }
+    void eachLevelIsFairToTheChild_data() { RowsOfLevels(5); }
 
     void eachLevelIsFairToTheChild()
     {
         QFETCH(int, level);
         Player player;
-        SuoniAttivi = false;
-        player.Host.Seed(static_cast<uint32_t>(level) * 523);
-        auto &form = player.Open<FormEs7>();
-        if (level > 1)
-            form.mnuLiv.OnClick(level);
-        form.LockDrawing(true);
+        auto &form = player.OpenForManyTasks<FormEs7>(level, 523);
         int judged = 0;
         int twins = 0;
         while (judged < FairTasks) {

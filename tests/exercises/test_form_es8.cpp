@@ -143,12 +143,7 @@ private Q_SLOTS:
         QVERIFY(!player.Host.DrawsLeft());
     }
 
-    void scanningWalksEightPicturesAndThenWaits_data()
-    {
-        QTest::addColumn<int>("mode");
-        for (const int mode : {1, 2, 3})
-            QTest::addRow("mode %d", mode) << mode;
-    }
+    void scanningWalksEightPicturesAndThenWaits_data() { RowsOfModes({1, 2, 3}); }
 
     void scanningWalksEightPicturesAndThenWaits()
     {
@@ -268,23 +263,13 @@ private Q_SLOTS:
             QCOMPARE(picture.MousePointer(), platform::MousePointer::Default);
     }
 
-    void eachLevelIsFairToTheChild_data()
-    {
-        QTest::addColumn<int>("level");
-        for (int level = 1; level <= 4; ++level)
-            QTest::addRow("level %d", level) << level;
-    }
+    void eachLevelIsFairToTheChild_data() { RowsOfLevels(4); }
 
     void eachLevelIsFairToTheChild()
     {
         QFETCH(int, level);
         Player player;
-        SuoniAttivi = false;
-        player.Host.Seed(static_cast<uint32_t>(level) * 263);
-        auto &form = player.Open<FormEs8>();
-        if (level > 1)
-            form.mnuLiv.OnClick(level);
-        form.LockDrawing(true);
+        auto &form = player.OpenForManyTasks<FormEs8>(level, 263);
         for (int task = 0; task < FairTasks; ++task) {
             const QList<int> differ = DifferencesShown(form);
             QCOMPARE(differ.size(), level);

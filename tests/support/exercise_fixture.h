@@ -39,8 +39,36 @@ public:
         return *window;
     }
 
+    // The same at a level, with real draws, silent, and unseen: thousands of tasks
+    // are judged by what is shown, not by its pixels.
+    template <typename Window> Window &OpenForManyTasks(int level, uint32_t seed)
+    {
+        SuoniAttivi = false;
+        Host.Seed(static_cast<uint32_t>(level) * seed);
+        auto &window = Open<Window>();
+        if (level > 1)
+            window.mnuLiv.OnClick(level);
+        window.LockDrawing(true);
+        return window;
+    }
+
     ScriptedHost Host;
 };
+
+// Rows of a test that is the same on each level, or in each of several input modes.
+inline void RowsOfLevels(int count)
+{
+    QTest::addColumn<int>("level");
+    for (int level = 1; level <= count; ++level)
+        QTest::addRow("level %d", level) << level;
+}
+
+inline void RowsOfModes(const QList<int> &modes)
+{
+    QTest::addColumn<int>("mode");
+    for (const int mode : modes)
+        QTest::addRow("mode %d", mode) << mode;
+}
 
 inline void ClickOn(const platform::VisualControl &control)
 {
