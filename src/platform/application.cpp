@@ -8,7 +8,6 @@
 #include <QApplication>
 #include <QFont>
 #include <QLibraryInfo>
-#include <QPixmapCache>
 #include <QSettings>
 #include <QTranslator>
 
@@ -45,8 +44,6 @@ Application::Application(int &argc, char **argv) : m_impl(std::make_unique<Impl>
     QApplication::setApplicationDisplayName(QStringLiteral("MorleneKVT"));
     // The last window's end ends the program by `Host::EndProgram`, never one that gives way.
     QApplication::setQuitOnLastWindowClosed(false);
-    // A grid of twelve houses on a large screen, twice over.
-    QPixmapCache::setCacheLimit(64 * 1024);
     // Where the given families are missing; the package depends on these.
     QFont::insertSubstitution(QStringLiteral("arial"), QStringLiteral("Liberation Sans"));
     QFont::insertSubstitution(QStringLiteral("Verdana"), QStringLiteral("DejaVu Sans"));

@@ -7,6 +7,8 @@
 #include <QImage>
 #include <QPainter>
 
+#include <algorithm>
+#include <cstdlib>
 #include <memory>
 
 // What a movie shows on a white ground of this size.
@@ -56,4 +58,18 @@ inline std::unique_ptr<platform::MovieReader> Movie(const QByteArray &content)
 inline QColor At(const QImage &image, int x, int y)
 {
     return image.pixelColor(x, y);
+}
+
+// Largest difference of a channel.
+inline int Difference(const QImage &one, const QImage &other)
+{
+    int most = 0;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x) {
+            const QColor a = one.pixelColor(x, y);
+            const QColor b = other.pixelColor(x, y);
+            most = std::max({most, std::abs(a.red() - b.red()), std::abs(a.green() - b.green()),
+                             std::abs(a.blue() - b.blue())});
+        }
+    return most;
 }

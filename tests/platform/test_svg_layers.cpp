@@ -8,9 +8,6 @@
 #include <QSvgRenderer>
 #include <QTest>
 
-#include <algorithm>
-#include <cstdlib>
-
 namespace {
 
 using namespace platform;
@@ -55,20 +52,6 @@ QImage Whole(const SvgDocument &document, int time, const QSize &size)
     return image;
 }
 
-// Largest difference of a channel.
-int Difference(const QImage &one, const QImage &other)
-{
-    int most = 0;
-    for (int y = 0; y < one.height(); ++y)
-        for (int x = 0; x < one.width(); ++x) {
-            const QColor a = one.pixelColor(x, y);
-            const QColor b = other.pixelColor(x, y);
-            most = std::max({most, std::abs(a.red() - b.red()), std::abs(a.green() - b.green()),
-                             std::abs(a.blue() - b.blue())});
-        }
-    return most;
-}
-
 } // namespace
 
 class TestSvgLayers : public QObject {
@@ -80,15 +63,13 @@ private Q_SLOTS:
     void aMovieThatIsResizedWhileItPlaysStaysWhole();
     void aMovieThatIsSkippedThroughStaysWhole();
     void aPaintedPartKeepsItsNewColorWhileTheMoviePlays();
-    void aDrawingWithCopiesIsNotCut();
-    void aScaledPainterGetsNoKeptPixels();
 };
 
 void TestSvgLayers::everyFrameLooksAsIfPaintedInOneGo()
 {
     const auto document = ParseSvg(Bars());
     const auto movie = Movie(Bars());
-    QVERIFY(SvgLayers::CanCut(*document));
+    QVERIFY(CanCut(*document));
     for (int time = 0; time <= movie->Duration(); time += 40) {
         movie->Advance(time);
         QVERIFY2(Difference(Shown(*movie, Screen), Whole(*document, time, Screen)) <= 4,
@@ -159,32 +140,6 @@ void TestSvgLayers::aPaintedPartKeepsItsNewColorWhileTheMoviePlays()
     QCOMPARE(At(Shown(*movie, Screen), 50, 20), QColor(Qt::red));
     movie->Advance(1040);
     QCOMPARE(At(Shown(*movie, Screen), 50, 20), QColor(Qt::red));
-}
-
-void TestSvgLayers::aDrawingWithCopiesIsNotCut()
-{
-    QVERIFY(!SvgLayers::CanCut(
-        *ParseSvg(Svg("<rect id='a' width='9' height='9'/><use xlink:href='#a' x='20'/>"))));
-    QVERIFY(!SvgLayers::CanCut(*ParseSvg(Svg("<defs><rect width='9' height='9'/></defs>"))));
-    QVERIFY(!SvgLayers::CanCut(*ParseSvg(Svg("<linearGradient id='a'/>"))));
-}
-
-void TestSvgLayers::aScaledPainterGetsNoKeptPixels()
-{
-    QImage image(Screen, QImage::Format_RGB32);
-    QPainter painter(&image);
-    QVERIFY(SvgLayers::CanPaint(painter));
-    painter.translate(3, 4);
-    QVERIFY(SvgLayers::CanPaint(painter));
-    painter.translate(0.5, 0);
-    QVERIFY(!SvgLayers::CanPaint(painter));
-    painter.resetTransform();
-    painter.scale(2, 2);
-    QVERIFY(!SvgLayers::CanPaint(painter));
-    QImage fine(Screen * 2, QImage::Format_RGB32);
-    fine.setDevicePixelRatio(2);
-    const QPainter finePainter(&fine);
-    QVERIFY(!SvgLayers::CanPaint(finePainter));
 }
 
 QTEST_MAIN(TestSvgLayers)

@@ -1,12 +1,9 @@
 // A moving drawing painted in layers: what stands still for a while is kept as a picture.
 #include "platform/movies/svg_layers.h"
 
-#include <QPaintDevice>
-#include <QSet>
 #include <QSvgRenderer>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace platform {
@@ -22,14 +19,6 @@ const SvgElement &At(const SvgDocument &document, int index)
     return document.Elements[static_cast<size_t>(index)];
 }
 
-// The drawing without what lies before or behind the layer; groups round it stay.
-QByteArray TextOf(const SvgDocument &document, int from, int to)
-{
-    return SvgText(document, [&](int index) {
-        return index > 0 && (index >= to || At(document, index).End <= from);
-    });
-}
-
 bool HasShapes(const SvgDocument &document, int from, int to)
 {
     for (int index = from; index < to; ++index)
@@ -39,53 +28,7 @@ bool HasShapes(const SvgDocument &document, int from, int to)
     return false;
 }
 
-// The smallest rectangle round all that is painted.
-QRect Painted(const QImage &image)
-{
-    QRect painted;
-    for (int y = 0; y < image.height(); ++y) {
-        const auto *row = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-        const auto *end = row + image.width();
-        const auto some = [](QRgb pixel) { return pixel != 0; };
-        const auto *first = std::find_if(row, end, some);
-        if (first == end)
-            continue;
-        const auto *last = end - 1;
-        while (!some(*last))
-            --last;
-        painted |= QRect(QPoint(static_cast<int>(first - row), y),
-                         QPoint(static_cast<int>(last - row), y));
-    }
-    return painted;
-}
-
-bool IsOpaque(const QImage &image)
-{
-    for (int y = 0; y < image.height(); ++y) {
-        const auto *row = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-        if (std::any_of(row, row + image.width(), [](QRgb pixel) { return qAlpha(pixel) != 255; }))
-            return false;
-    }
-    return true;
-}
-
 } // namespace
-
-bool SvgLayers::CanCut(const SvgDocument &document)
-{
-    static const QSet<QByteArray> plain{"svg",     "g",    "path",     "rect",   "circle",
-                                        "ellipse", "line", "polyline", "polygon"};
-    return std::all_of(
-        document.Elements.begin(), document.Elements.end(),
-        [](const SvgElement &one) { return IsAnimation(one) || plain.contains(one.Name); });
-}
-
-bool SvgLayers::CanPaint(const QPainter &painter)
-{
-    const QTransform &device = painter.deviceTransform();
-    return device.type() <= QTransform::TxTranslate && device.dx() == std::floor(device.dx()) &&
-           device.dy() == std::floor(device.dy()) && painter.device()->devicePixelRatio() == 1;
-}
 
 // With all that is in it.
 bool SvgLayers::Moves(const SvgDocument &moment, int element) const
@@ -141,31 +84,16 @@ void SvgLayers::Cut(const SvgDocument &moment)
     for (const auto &[first, behind] : moving) {
         if (HasShapes(moment, from, first)) {
             const auto same = kept(from, first);
-            m_layers.push_back(same != before.end() ? *same : Keep(moment, from, first));
+            m_layers.push_back(
+                same != before.end()
+                    ? *same
+                    : Layer{from, first, false,
+                            PaintPiece(PieceText(moment, from, first), m_target, m_sheet)});
         }
         if (first < behind)
-            m_layers.push_back({first, behind, true, {}, {}});
+            m_layers.push_back({first, behind, true, {}});
         from = behind;
     }
-}
-
-// Only the rectangle that something is painted on is kept.
-SvgLayers::Layer SvgLayers::Keep(const SvgDocument &moment, int from, int to)
-{
-    const QRect pixels = m_target.toAlignedRect();
-    if (m_sheet.size() != pixels.size())
-        m_sheet = QImage(pixels.size(), QImage::Format_ARGB32_Premultiplied);
-    m_sheet.fill(Qt::transparent);
-    QSvgRenderer renderer(TextOf(moment, from, to));
-    QPainter painter(&m_sheet);
-    painter.translate(-pixels.topLeft());
-    renderer.render(&painter, m_target);
-    painter.end();
-    const QRect painted = Painted(m_sheet);
-    QImage picture = m_sheet.copy(painted);
-    if (IsOpaque(picture)) // and so painted without mixing
-        picture.reinterpretAsFormat(QImage::Format_RGB32);
-    return {from, to, false, picture, pixels.topLeft() + painted.topLeft()};
 }
 
 void SvgLayers::Paint(QPainter &painter, const QRectF &target, const SvgDocument &moment,
@@ -179,10 +107,10 @@ void SvgLayers::Paint(QPainter &painter, const QRectF &target, const SvgDocument
         Cut(moment);
     for (const Layer &layer : m_layers) {
         if (layer.Moves) {
-            QSvgRenderer renderer(TextOf(moment, layer.From, layer.To));
+            QSvgRenderer renderer(PieceText(moment, layer.From, layer.To));
             renderer.render(&painter, target);
         } else {
-            painter.drawImage(layer.Corner, layer.Picture);
+            painter.drawImage(layer.Still.Corner, layer.Still.Picture);
         }
     }
 }

@@ -3,12 +3,11 @@
 
 #include <QColor>
 #include <QPainter>
-#include <QPixmap>
-#include <QPixmapCache>
 #include <QStringList>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace platform {
 namespace {
@@ -16,6 +15,8 @@ namespace {
 constexpr int Visibility = 7;
 // Sizes of one figure that may be asked about in turn, with smoke and clouds on and off.
 constexpr size_t MostPickMaps = 16;
+// A drawing of more pieces is painted as one.
+constexpr size_t MostParts = 32;
 
 bool IsSixHexDigits(const QByteArray &text)
 {
@@ -23,6 +24,20 @@ bool IsSixHexDigits(const QByteArray &text)
                return (letter >= '0' && letter <= '9') || (letter >= 'a' && letter <= 'f') ||
                       (letter >= 'A' && letter <= 'F');
            });
+}
+
+// The texts of what lies directly in the drawing: in a figure these are its parts.
+std::vector<QByteArray> PartTexts(const SvgDocument &document, bool canCut)
+{
+    std::vector<QByteArray> parts;
+    for (int index = 1; canCut && index < static_cast<int>(document.Elements.size());
+         index = document.Elements[static_cast<size_t>(index)].End) {
+        if (parts.size() == MostParts)
+            return {SvgText(document)};
+        parts.push_back(
+            PieceText(document, index, document.Elements[static_cast<size_t>(index)].End));
+    }
+    return canCut ? parts : std::vector<QByteArray>{SvgText(document)};
 }
 
 // Smoke and clouds as a whole can be shown and hidden; all else is the drawing's own.
@@ -51,7 +66,7 @@ void SvgMovie::Paint(QPainter &painter, const QRectF &target)
     painter.save();
     painter.setClipRect(fitted, Qt::IntersectClip);
     const bool moving = m_time > 0 && m_time < Duration();
-    if (moving && m_source->CanCut && SvgLayers::CanPaint(painter))
+    if (moving && m_source->CanCut && CanPaintPieces(painter))
         PaintLayers(painter, fitted);
     else
         PaintWhole(painter, fitted);
@@ -69,7 +84,7 @@ void SvgMovie::PaintWhole(QPainter &painter, const QRectF &fitted)
 {
     m_layers = SvgLayers();
     m_painted = m_values;
-    if (m_source->Animation.IsEmpty() && SvgLayers::CanPaint(painter))
+    if (m_source->Animation.IsEmpty() && CanPaintPieces(painter))
         return PaintStill(painter, fitted);
     if (m_stale)
         m_renderer.load(SvgText(m_source->Animation.IsEmpty() ? m_document : Moment()));
@@ -77,32 +92,33 @@ void SvgMovie::PaintWhole(QPainter &painter, const QRectF &fitted)
     m_renderer.render(&painter, fitted);
 }
 
-// A figure at rest is a picture, drawn once: the next figure of the same colours and size, and what
-// is only uncovered, cost nothing.
+// A figure at rest is laid together of its parts, each drawn once a colour and a size: the next
+// figure, and what is only uncovered, cost next to nothing.
 void SvgMovie::PaintStill(QPainter &painter, const QRectF &fitted)
 {
-    if (m_stale)
-        m_text = SvgText(m_document);
-    m_stale = false;
+    if (m_parts.empty())
+        m_parts = PartTexts(m_document, m_source->CanCut);
     const QRect box = fitted.toAlignedRect();
-    const QString key = QStringLiteral("figure %1 %2 %3 %4 %5 %6")
-                            .arg(qHash(m_text), 0, 16)
-                            .arg(m_text.size())
-                            .arg(fitted.x() - box.x())
-                            .arg(fitted.y() - box.y())
-                            .arg(fitted.width())
-                            .arg(fitted.height());
-    QPixmap picture;
-    if (!QPixmapCache::find(key, &picture)) {
-        picture = QPixmap(box.size());
-        picture.fill(Qt::transparent);
-        m_renderer.load(m_text);
-        QPainter inside(&picture);
-        m_renderer.render(&inside, fitted.translated(-box.topLeft()));
-        inside.end();
-        QPixmapCache::insert(key, picture);
+    const QRectF inside = fitted.translated(-box.topLeft());
+    const QByteArray place = QStringLiteral("%1 %2 %3 %4 ")
+                                 .arg(inside.x())
+                                 .arg(inside.y())
+                                 .arg(inside.width())
+                                 .arg(inside.height())
+                                 .toUtf8();
+    auto &pieces = m_source->Pieces;
+    for (const QByteArray &part : m_parts) {
+        const QByteArray key = place + part;
+        const SvgPiece *piece = pieces.object(key);
+        if (piece == nullptr) {
+            auto made = std::make_unique<SvgPiece>(PaintPiece(part, inside, m_sheet));
+            painter.drawImage(box.topLeft() + made->Corner, made->Picture);
+            const auto cost = static_cast<qsizetype>(key.size() + made->Picture.sizeInBytes());
+            pieces.insert(key, made.release(), cost);
+        } else {
+            painter.drawImage(box.topLeft() + piece->Corner, piece->Picture);
+        }
     }
-    painter.drawPixmap(box.topLeft(), picture);
 }
 
 void SvgMovie::PaintLayers(QPainter &painter, const QRectF &fitted)
@@ -137,8 +153,14 @@ void SvgMovie::Color(const QByteArray &color)
         if (own != nullptr && *own != "none" && !IsAnimation(element))
             element.Set(attribute, color);
     }
+    Changed();
+}
+
+void SvgMovie::Changed()
+{
     m_values = m_source->Animation.At(m_document, m_time);
     m_stale = true;
+    m_parts.clear();
     m_layers = SvgLayers();
 }
 
@@ -156,9 +178,7 @@ void SvgMovie::SetProperty(const QString &target, int property, const QString &v
         group.Remove("display");
     else
         group.Set("display", "none");
-    m_values = m_source->Animation.At(m_document, m_time);
-    m_stale = true;
-    m_layers = SvgLayers();
+    Changed();
 }
 
 bool SvgMovie::Advance(int milliseconds)

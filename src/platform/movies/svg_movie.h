@@ -5,23 +5,31 @@
 #include "platform/movies/pick_map.h"
 #include "platform/movies/svg_animation.h"
 #include "platform/movies/svg_layers.h"
+#include "platform/movies/svg_piece.h"
 
+#include <QCache>
 #include <QSvgRenderer>
 
 #include <map>
 #include <tuple>
+#include <vector>
 
 namespace platform {
+
+// Some forty pictures of parts in the largest size, or all parts in all colours of a small one.
+constexpr qsizetype MostPieceBytes = 64 * 1024 * 1024;
 
 // What all readers of one file share. Kept once per process; readers change copies.
 struct SvgSource {
     explicit SvgSource(SvgDocument document)
-        : Document(std::move(document)), Animation(Document), CanCut(SvgLayers::CanCut(Document))
+        : Document(std::move(document)), Animation(Document), CanCut(platform::CanCut(Document))
     {
     }
     const SvgDocument Document;
     const SvgAnimation Animation;
-    const bool CanCut; // into layers
+    const bool CanCut; // into pieces
+    // Parts at rest by their text and place.
+    QCache<QByteArray, SvgPiece> Pieces{MostPieceBytes};
     // By width, height and shown parts. Made when asked; a resized window drops the old ones.
     std::map<std::tuple<int, int, unsigned>, std::shared_ptr<const PickMap>> PickMaps;
 };
@@ -42,6 +50,7 @@ public:
 
 private:
     void Color(const QByteArray &color);
+    void Changed();
     void PaintWhole(QPainter &painter, const QRectF &fitted);
     void PaintStill(QPainter &painter, const QRectF &fitted);
     void PaintLayers(QPainter &painter, const QRectF &fitted);
@@ -54,8 +63,9 @@ private:
     int m_time = 0;                // ms
     SvgAnimation::Values m_values; // at m_time
     QSvgRenderer m_renderer;
-    QByteArray m_text;   // the drawing as it is painted at rest
-    bool m_stale = true; // neither holds the present state yet
+    bool m_stale = true;             // it does not hold the present state yet
+    std::vector<QByteArray> m_parts; // as they are painted at rest; empty when not known yet
+    QImage m_sheet;                  // that pieces are drawn on
     SvgLayers m_layers;
     SvgAnimation::Values m_painted; // those that the layers hold
 };
