@@ -8,30 +8,35 @@
 #include <QPainter>
 #include <QRectF>
 
-#include <map>
+#include <optional>
 #include <vector>
 
 namespace platform {
 
 class SvgLayers {
 public:
+    // Nothing is painted.
+    SvgLayers() = default;
+    // `animated` are the elements that may ever change, in ascending order. What changes together
+    // is one layer.
+    SvgLayers(const SvgDocument &document, const std::vector<int> &animated);
+
+    bool IsEmpty() const { return m_layers.empty(); }
     // `moment` is the drawing as it is now; `changed` are the elements whose attributes differ
-    // from those painted last, in ascending order.
+    // from those painted last.
     void Paint(QPainter &painter, const QRectF &target, const SvgDocument &moment,
                const std::vector<int> &changed);
 
 private:
     struct Layer { // elements from `From`, before `To`
-        int From;
-        int To;
-        bool Moves;
-        SvgPiece Still; // of one that does not move
+        int From = 0;
+        int To = 0;
+        std::vector<int> Movers; // that change it: groups round it, then itself
+        int Rested = 0;          // paintings since it changed
+        QByteArray Text;         // as it is now; empty when not known yet
+        std::optional<SvgPiece> Kept;
     };
-    bool Moves(const SvgDocument &moment, int element) const;
-    bool Watch(const SvgDocument &moment, const std::vector<int> &changed);
-    void Cut(const SvgDocument &moment);
 
-    std::map<int, int> m_still; // of an element that moves: frames since it changed
     std::vector<Layer> m_layers;
     QRectF m_target;
     QImage m_sheet; // that pictures are drawn on

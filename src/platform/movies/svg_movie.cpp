@@ -123,7 +123,10 @@ void SvgMovie::PaintStill(QPainter &painter, const QRectF &fitted)
 
 void SvgMovie::PaintLayers(QPainter &painter, const QRectF &fitted)
 {
-    const std::vector<int> changed = m_source->Animation.Changes(m_painted, m_values);
+    const SvgAnimation &animation = m_source->Animation;
+    if (m_layers.IsEmpty())
+        m_layers = SvgLayers(m_document, animation.Changes({}, m_values));
+    const std::vector<int> changed = animation.Changes(m_painted, m_values);
     m_painted = m_values;
     m_layers.Paint(painter, fitted, Moment(), changed);
 }
