@@ -35,6 +35,21 @@ QCheckBox *NamedBox(const QString &name, const QString &caption)
     return box;
 }
 
+// Whether it can write the languages of the program. Some fonts of signs say that they can, so the
+// letters are looked at: an accent stands above its letter, and "m" is wider than "i".
+bool WritesLetters(const QRawFont &font)
+{
+    const QString letters = QStringLiteral("àami");
+    for (const QChar letter : letters)
+        if (!font.supportsCharacter(letter))
+            return false;
+    const auto glyphs = font.glyphIndexesForString(letters);
+    if (glyphs.size() != letters.size())
+        return false;
+    const auto box = [&](qsizetype letter) { return font.boundingRect(glyphs.at(letter)); };
+    return box(0).height() > 1.1 * box(1).height() && box(2).width() > 1.1 * box(3).width();
+}
+
 } // namespace
 
 FontDialog::FontDialog(QWidget *parent)
@@ -83,10 +98,9 @@ FontDialog::FontDialog(QWidget *parent)
 
 void FontDialog::Fill()
 {
-    // Those that can write the languages of the program; some fonts of signs say that they can.
     for (const QString &family : QFontDatabase::families(QFontDatabase::Latin)) {
         if (QFontDatabase::isPrivateFamily(family) ||
-            !QRawFont::fromFont(QFont(family)).supportsCharacter(QChar(u'à')))
+            !WritesLetters(QRawFont::fromFont(QFont(family))))
             continue;
         auto *item = new QListWidgetItem(family, m_families);
         QFont font(family);

@@ -221,6 +221,24 @@ private Q_SLOTS:
         QVERIFY(!machine.ChooseFont().has_value());
     }
 
+    // The printing system brings a font of signs that says that it writes all letters.
+    void theFontDialogListsWhatWritesLetters()
+    {
+        MachineHost machine(m_home.path() + QLatin1Char('/'));
+        SetHost(&machine);
+        QVERIFY(machine.RegisterFont(QStringLiteral(APPLICATION_DIR "/indis1.ttf")));
+        WhenOpen<FontDialog>(QStringLiteral("ChooseFont"), [](FontDialog &dialog) {
+            const auto *list = dialog.findChild<QListWidget *>(QStringLiteral("Families"));
+            for (const char *family : {"Comic Neue", "DejaVu Sans", "DejaVu Sans Mono", "Indis1",
+                                       "Liberation Sans", "Liberation Serif"})
+                QCOMPARE(list->findItems(QString::fromLatin1(family), Qt::MatchExactly).size(), 1);
+            for (const char *family : {"D050000L", "Dingbats"})
+                QVERIFY(
+                    list->findItems(QString::fromLatin1(family), Qt::MatchStartsWith).isEmpty());
+        });
+        QVERIFY(!machine.ChooseFont().has_value());
+    }
+
     void aFileToWriteTakesItsEndingAndIsAskedAboutWhenItIsThere()
     {
         MachineHost machine(m_home.path() + QLatin1Char('/'));
