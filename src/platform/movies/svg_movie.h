@@ -17,7 +17,7 @@
 namespace platform {
 
 // Some forty pictures of parts in the largest size, or all parts in all colours of a small one.
-constexpr qsizetype MostPieceBytes = 64 * 1024 * 1024;
+constexpr qsizetype MostPieceBytes = qsizetype{64} * 1024 * 1024;
 
 // What all readers of one file share. Kept once per process; readers change copies.
 struct SvgSource {
