@@ -59,6 +59,7 @@ class TestSvgLayers : public QObject {
 
 private Q_SLOTS:
     void everyFrameLooksAsIfPaintedInOneGo();
+    void whatTurnsAndGrowsLooksAsIfPaintedInOneGo();
     void aGroupIsHiddenWithThePartThatStoodStill();
     void aMovieThatIsResizedWhileItPlaysStaysWhole();
     void aMovieThatIsSkippedThroughStaysWhole();
@@ -70,6 +71,32 @@ void TestSvgLayers::everyFrameLooksAsIfPaintedInOneGo()
     const auto document = ParseSvg(Bars());
     const auto movie = Movie(Bars());
     QVERIFY(CanCut(*document));
+    for (int time = 0; time <= movie->Duration(); time += 40) {
+        movie->Advance(time);
+        QVERIFY2(Difference(Shown(*movie, Screen), Whole(*document, time, Screen)) <= 4,
+                 qPrintable(QString::number(time)));
+    }
+}
+
+// Inside groups that stand somewhere, and beside something skewed, whose place is not told apart.
+void TestSvgLayers::whatTurnsAndGrowsLooksAsIfPaintedInOneGo()
+{
+    const auto turn = [](const char *type, const char *values) {
+        return QByteArray("<animateTransform attributeName='transform' type='") + type +
+               "' dur='2s' values='" + values + "' fill='freeze'/>";
+    };
+    const QByteArray drawing =
+        Svg("<rect width='100' height='100' fill='#ddeeff'/>"
+            "<g transform='translate(20 10) scale(1.5)' stroke='#000000' stroke-width='3'>"
+            "<g transform='rotate(10 20 20)'>" +
+            turn("rotate", "10 20 20;80 30 10") +
+            "<rect x='8' y='8' width='20' height='10' fill='#ff0000'/>"
+            "<g transform='translate(5 12)'><circle cx='10' cy='10' r='5' fill='#00ff00'>" +
+            turn("scale", "1 1;1.4 0.6") + "</circle></g></g></g>" +
+            "<g transform='skewX(10)'><rect y='70' width='20' height='20' fill='#0000ff'>" +
+            turn("translate", "0 0;40 0") + "</rect></g>");
+    const auto document = ParseSvg(drawing);
+    const auto movie = Movie(drawing);
     for (int time = 0; time <= movie->Duration(); time += 40) {
         movie->Advance(time);
         QVERIFY2(Difference(Shown(*movie, Screen), Whole(*document, time, Screen)) <= 4,

@@ -1,7 +1,7 @@
 // A moving drawing painted in layers: what stands still for a while is kept as a picture.
 #include "platform/movies/svg_layers.h"
 
-#include <QSvgRenderer>
+#include "platform/movies/svg_transform.h"
 
 #include <algorithm>
 #include <utility>
@@ -42,10 +42,39 @@ SvgLayers::SvgLayers(const SvgDocument &document, const std::vector<int> &animat
     }
 }
 
-void SvgLayers::Paint(QPainter &painter, const QRectF &target, const SvgDocument &moment,
+// To read a text costs more than many a shape in it, and what moves mostly changes its place only.
+// So the place of what moves stands beside the text.
+void SvgLayers::Follow(Layer &layer, SvgDocument &moment)
+{
+    const int mover = layer.Movers.empty() ? 0 : layer.Movers.back();
+    const auto place = TransformOf(moment, mover);
+    layer.Place = place.value_or(QTransform());
+    std::vector<std::pair<SvgElement *, QByteArray>> taken;
+    for (int at = place ? mover : -1; at >= 0;) {
+        SvgElement &element = moment.Elements[static_cast<size_t>(at)];
+        if (const QByteArray *own = element.Find("transform")) {
+            taken.emplace_back(&element, *own);
+            element.Set("transform", {});
+        }
+        at = element.Parent;
+    }
+    QByteArray text = PieceText(moment, layer.From, layer.To);
+    for (const auto &[element, own] : taken)
+        element->Set("transform", own);
+    if (text == layer.Text)
+        return;
+    layer.Text = std::move(text);
+    layer.Renderer.reset();
+}
+
+void SvgLayers::Paint(QPainter &painter, const QRectF &target, SvgDocument moment,
                       const std::vector<int> &changed)
 {
     const bool elsewhere = std::exchange(m_target, target) != target;
+    const QRectF &box = moment.ViewBox;
+    QTransform screen = QTransform::fromTranslate(target.x(), target.y());
+    screen.scale(target.width() / box.width(), target.height() / box.height());
+    screen.translate(-box.x(), -box.y());
     for (Layer &layer : m_layers) {
         const bool touched = std::any_of(changed.begin(), changed.end(), [&](int one) {
             return std::binary_search(layer.Movers.begin(), layer.Movers.end(), one);
@@ -55,15 +84,19 @@ void SvgLayers::Paint(QPainter &painter, const QRectF &target, const SvgDocument
         if (touched || elsewhere)
             layer.Kept.reset();
         if (touched || layer.Text.isEmpty())
-            layer.Text = PieceText(moment, layer.From, layer.To);
+            Follow(layer, moment);
         if (!layer.Kept && layer.Rested >= PaintingsUntilKept)
-            layer.Kept = PaintPiece(layer.Text, target, m_sheet);
+            layer.Kept = PaintPiece(PieceText(moment, layer.From, layer.To), target, m_sheet);
         if (layer.Kept) {
             painter.drawImage(layer.Kept->Corner, layer.Kept->Picture);
             continue;
         }
-        QSvgRenderer renderer(layer.Text);
-        renderer.render(&painter, target);
+        if (!layer.Renderer)
+            layer.Renderer = std::make_shared<QSvgRenderer>(layer.Text);
+        painter.save();
+        painter.setTransform(screen.inverted() * layer.Place * screen, true);
+        layer.Renderer->render(&painter, target);
+        painter.restore();
         ++layer.Rested;
     }
 }

@@ -7,7 +7,10 @@
 #include <QImage>
 #include <QPainter>
 #include <QRectF>
+#include <QSvgRenderer>
+#include <QTransform>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -24,7 +27,7 @@ public:
     bool IsEmpty() const { return m_layers.empty(); }
     // `moment` is the drawing as it is now; `changed` are the elements whose attributes differ
     // from those painted last.
-    void Paint(QPainter &painter, const QRectF &target, const SvgDocument &moment,
+    void Paint(QPainter &painter, const QRectF &target, SvgDocument moment,
                const std::vector<int> &changed);
 
 private:
@@ -33,9 +36,12 @@ private:
         int To = 0;
         std::vector<int> Movers; // that change it: groups round it, then itself
         int Rested = 0;          // paintings since it changed
-        QByteArray Text;         // as it is now; empty when not known yet
+        QByteArray Text;         // as it is, but for `Place`; empty when not known yet
+        QTransform Place;        // from the units of the text to the drawing's
+        std::shared_ptr<QSvgRenderer> Renderer; // of the text; made when asked
         std::optional<SvgPiece> Kept;
     };
+    static void Follow(Layer &layer, SvgDocument &moment);
 
     std::vector<Layer> m_layers;
     QRectF m_target;
