@@ -109,6 +109,8 @@ void TestSvgPiece::aDrawingWithCopiesIsNotCut()
         *ParseSvg(Svg("<rect id='a' width='9' height='9'/><use xlink:href='#a' x='20'/>"))));
     QVERIFY(!CanCut(*ParseSvg(Svg("<defs><rect width='9' height='9'/></defs>"))));
     QVERIFY(!CanCut(*ParseSvg(Svg("<linearGradient id='a'/>"))));
+    QVERIFY(CanCut(*ParseSvg(Svg(QByteArray("<g/>").repeated(399)))));
+    QVERIFY(!CanCut(*ParseSvg(Svg(QByteArray("<g/>").repeated(400)))));
 }
 
 void TestSvgPiece::aScaledPainterGetsNoKeptPixels()

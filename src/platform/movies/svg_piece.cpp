@@ -11,6 +11,9 @@
 namespace platform {
 namespace {
 
+// The largest reward has a fourth of it; each piece costs a rendering of its own.
+constexpr size_t MostElements = 400;
+
 // The smallest rectangle round all that is painted.
 QRect Painted(const QImage &image)
 {
@@ -47,9 +50,10 @@ bool CanCut(const SvgDocument &document)
 {
     static const QSet<QByteArray> plain{"svg",     "g",    "path",     "rect",   "circle",
                                         "ellipse", "line", "polyline", "polygon"};
-    return std::all_of(
-        document.Elements.begin(), document.Elements.end(),
-        [](const SvgElement &one) { return IsAnimation(one) || plain.contains(one.Name); });
+    return document.Elements.size() <= MostElements &&
+           std::all_of(
+               document.Elements.begin(), document.Elements.end(),
+               [](const SvgElement &one) { return IsAnimation(one) || plain.contains(one.Name); });
 }
 
 bool CanPaintPieces(const QPainter &painter)

@@ -18,7 +18,7 @@ struct SvgPiece {
 };
 
 // Only plain shapes can be painted apart: a copy or a gradient refers to an element that may lie in
-// another piece.
+// another piece. Nor is a drawing of very many elements worth it.
 bool CanCut(const SvgDocument &document);
 // Whether the pixels of pieces fall on the painter's pixels.
 bool CanPaintPieces(const QPainter &painter);
