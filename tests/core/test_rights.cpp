@@ -6,7 +6,7 @@
 #include "platform/errors.h"
 #include "platform/form.h"
 #include "support/application_folder.h"
-#include "support/ordinary_user.h"
+#include "support/as_user.h"
 #include "support/scripted_host.h"
 
 #include <QTest>

@@ -1,9 +1,9 @@
 // Rights on the drive that all users of the machine share, links, special files, and full disks.
-#include "as_user.h"
 #include "folder_host.h"
 
 #include "platform/files.h"
 #include "platform/ini.h"
+#include "support/as_user.h"
 
 #include <QTest>
 

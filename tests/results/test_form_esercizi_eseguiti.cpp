@@ -3,8 +3,8 @@
 #include "language/language.h"
 #include "platform/files.h"
 #include "results/form_esercizi_eseguiti.h"
+#include "support/as_user.h"
 #include "support/exercise_fixture.h"
-#include "support/ordinary_user.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -74,6 +74,12 @@ inline QByteArray AsUser(uid_t user, gid_t group, const std::function<QByteArray
     return verdict;
 }
 
+// As a user who owns nothing of the test's.
+inline QByteArray AsOrdinaryUser(const std::function<QByteArray()> &piece)
+{
+    return AsUser(FirstUser, FirstUser, piece);
+}
+
 // For use in a piece: leaves it with a text when a condition does not hold.
 #define HOLDS(condition)                                                                           \
     do {                                                                                           \
