@@ -116,7 +116,21 @@ void FormMenu::Carica()
 {
     MLSFillMenuLanguages();
     CaricaFinestra(*this);
-    ComponiTitoli([this](int i) -> Label & { return Command1(i); });
+    ComponiTitoli();
+}
+
+// Lays the captions over two or three lines, so that each fills its place.
+void FormMenu::ComponiTitoli()
+{
+    const QString aCapo = QStringLiteral("\n");
+    for (const int i : {0, 1, 4, 5, 7, 8})
+        Command1(i).SetCaption(aCapo + Command1(i).Caption());
+    Command1(2).SetCaption(MLSTesto(QStringLiteral("0059")) + aCapo +
+                           MLSTesto(QStringLiteral("0060")) + aCapo + QStringLiteral("1°"));
+    Command1(3).SetCaption(MLSTesto(QStringLiteral("0061")) + aCapo +
+                           MLSTesto(QStringLiteral("0062")) + aCapo + QStringLiteral("2°"));
+    Command1(6).SetCaption(aCapo + MLSTesto(QStringLiteral("0063")) + aCapo +
+                           MLSTesto(QStringLiteral("0064")));
 }
 
 void FormMenu::Attiva()

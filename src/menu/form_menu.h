@@ -40,6 +40,7 @@ private:
     void Disegna();
     void Collega();
     void Carica();
+    void ComponiTitoli();
     void Attiva();
     void AvviaEsercizi(int16_t &indice);
     void ChiudiProgramma();

@@ -2,10 +2,7 @@
 // log.
 #pragma once
 
-#include "platform/label.h"
-
 #include <array>
-#include <functional>
 
 struct VoceMenu {
     const char *Titolo; // by design
@@ -31,6 +28,3 @@ constexpr std::array<VoceMenu, QuanteVoci> Voci = {{
     {"Indovina chi?", "indovina", 3600, 4320, "FormEs7", "0072"},
     {"esci", "esci", 5880, 4320, "", ""},
 }};
-
-// Lays the captions over two or three lines, so that each fills its place.
-void ComponiTitoli(const std::function<platform::Label &(int)> &titolo);
