@@ -4,19 +4,11 @@
 
 #include "core/lettering.h"
 #include "core/profile.h"
+#include "core/start.h"
 #include "platform/errors.h"
 #include "platform/files.h"
 
 using namespace platform;
-
-namespace {
-
-QString Cartella()
-{
-    return QStringLiteral("C:\\ImpostazioniProgrammiTesmi\\morlenekvt\\");
-}
-
-} // namespace
 
 void FormConfigura::ScegliTipoUtente()
 {
@@ -25,15 +17,17 @@ void FormConfigura::ScegliTipoUtente()
         // Nothing is loaded: the settings in force go over to the default player: meant.
         NomeUtente = QStringLiteral("_predefinito");
         Label4.SetCaption(NomeUtente);
-        FileUtente = Cartella() + QStringLiteral("_predefinito.ini");
+        FileUtente = CartellaImpostazioni() + QStringLiteral("_predefinito.ini");
         TextNuovoUtente.SetVisible(false);
         ListModificaUtente.SetVisible(false);
     } else if (OptionUtente(1).Value()) {
         ListModificaUtente.SetVisible(true);
         ListModificaUtente.Clear();
         QStringList nomi;
-        Skipping(
-            [&] { nomi = DirList(Cartella() + QStringLiteral("*.ini"), LookUp::FilesAndFolders); });
+        Skipping([&] {
+            nomi =
+                DirList(CartellaImpostazioni() + QStringLiteral("*.ini"), LookUp::FilesAndFolders);
+        });
         for (const QString &nome : nomi)
             if (InMinuscolo(nome) != QStringLiteral("_predefinito.ini"))
                 ListModificaUtente.AddItem(InMaiuscolo(nome.chopped(4)));
@@ -49,7 +43,7 @@ void FormConfigura::ScegliTipoUtente()
 void FormConfigura::ModificaUtente()
 {
     SalvaImpostazioni();
-    FileUtente = Cartella() + ListModificaUtente.Text() + QStringLiteral(".ini");
+    FileUtente = CartellaImpostazioni() + ListModificaUtente.Text() + QStringLiteral(".ini");
     NomeUtente = ListModificaUtente.Text();
     Label4.SetCaption(NomeUtente);
     CaricaImpostazioni();
@@ -62,7 +56,7 @@ void FormConfigura::ScriviNuovoUtente()
     const QString nome = TextNuovoUtente.Text();
     if (nome.trimmed().isEmpty())
         return;
-    FileUtente = Cartella() + nome + QStringLiteral(".ini");
+    FileUtente = CartellaImpostazioni() + nome + QStringLiteral(".ini");
     NomeUtente = nome;
     Label4.SetCaption(NomeUtente);
 }

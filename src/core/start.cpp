@@ -19,10 +19,6 @@ QString CartellaRadice()
 {
     return QStringLiteral("C:\\ImpostazioniProgrammiTesmi\\");
 }
-QString CartellaImpostazioni()
-{
-    return CartellaRadice() + QStringLiteral("morlenekvt\\");
-}
 
 void ScriviLeggimi()
 {
@@ -51,6 +47,11 @@ void RegistraFontDelDisco()
 }
 
 } // namespace
+
+QString CartellaImpostazioni()
+{
+    return CartellaRadice() + QStringLiteral("morlenekvt\\");
+}
 
 bool EsisteFile(const QString &percorso)
 {

@@ -6,6 +6,8 @@
 // The start procedure. When it returns with no window open, the process ends.
 void Main();
 
+// Where the players' profiles lie, with a separator at its end.
+QString CartellaImpostazioni();
 bool EsisteFile(const QString &percorso);
 bool EsisteCartella(const QString &percorso); // false for an empty path and on any error
 // Makes the folder, whose parent must exist, and writes the readme anew.

@@ -5,6 +5,7 @@
 #include "core/lettering.h"
 #include "core/profile.h"
 #include "core/shared_state.h"
+#include "core/start.h"
 #include "frame/scanning.h"
 #include "platform/errors.h"
 #include "platform/files.h"
@@ -18,11 +19,6 @@ namespace {
 constexpr double MisuraIniziale = 14; // points
 constexpr int UltimaVoce = 8;
 
-QString Cartella()
-{
-    return QStringLiteral("C:\\ImpostazioniProgrammiTesmi\\morlenekvt\\");
-}
-
 } // namespace
 
 void FormMenu::RecuperaUtenti()
@@ -30,8 +26,9 @@ void FormMenu::RecuperaUtenti()
     Skipping([&] { Combo1.Clear(); });
     QStringList nomi;
     // A look-up that fails leaves the list as it stands.
-    const int errore = Skipping(
-        [&] { nomi = DirList(Cartella() + QStringLiteral("*.ini"), LookUp::FilesAndFolders); });
+    const int errore = Skipping([&] {
+        nomi = DirList(CartellaImpostazioni() + QStringLiteral("*.ini"), LookUp::FilesAndFolders);
+    });
     if (errore == 0)
         for (const QString &nome : nomi) {
             const QString utente = nome.chopped(4);
@@ -52,7 +49,7 @@ void FormMenu::CambiaUtente()
     const QString vecchio = NomeUtente;
     SalvaImpostazioni();
     NomeUtente = Combo1.Text();
-    FileUtente = Cartella() + NomeUtente + QStringLiteral(".ini");
+    FileUtente = CartellaImpostazioni() + NomeUtente + QStringLiteral(".ini");
     CaricaImpostazioni();
     if (InMinuscolo(vecchio) == InMinuscolo(NomeUtente))
         return;

@@ -29,7 +29,7 @@ const QString TitoloRiquadri = QStringLiteral("Morlenekvt");
 
 QString CartellaDati()
 {
-    return QStringLiteral("C:\\ImpostazioniProgrammiTesmi\\morlenekvt\\Dati\\");
+    return CartellaImpostazioni() + QStringLiteral("Dati\\");
 }
 
 void Errore(const char *chiave)
