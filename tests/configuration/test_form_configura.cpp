@@ -4,10 +4,12 @@
 
 #include "core/palette.h"
 #include "language/language.h"
+#include "platform/application.h"
 #include "platform/errors.h"
 #include "platform/local_text.h"
 #include "support/cls_resize.h"
 #include "support/exercise_fixture.h"
+#include "support/registered_tests.h"
 
 #include <QDir>
 #include <QListWidget>
@@ -730,5 +732,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestFormConfigura)
+MORLENE_TEST(TestFormConfigura)
 #include "test_form_configura.moc"

@@ -3,6 +3,7 @@
 
 #include "core/shared_state.h"
 #include "platform/errors.h"
+#include "support/registered_tests.h"
 
 #include <QSet>
 #include <QTest>
@@ -76,5 +77,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPalette)
+MORLENE_TEST(TestPalette)
 #include "test_palette.moc"

@@ -6,6 +6,7 @@
 #include "language/language.h"
 #include "platform/errors.h"
 #include "support/application_folder.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QElapsedTimer>
@@ -441,5 +442,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestProfile)
+MORLENE_TEST(TestProfile)
 #include "test_profile.moc"

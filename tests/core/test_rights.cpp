@@ -3,10 +3,13 @@
 #include "core/shared_state.h"
 #include "core/start.h"
 #include "core/windows.h"
+#include "platform/application.h"
 #include "platform/errors.h"
 #include "platform/form.h"
 #include "support/application_folder.h"
 #include "support/as_user.h"
+#include "support/ordinary_user.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QTest>
@@ -172,5 +175,5 @@ private:
     }
 };
 
-MORLENE_TEST_MAIN(TestRights)
+MORLENE_TEST(TestRights)
 #include "test_rights.moc"

@@ -8,6 +8,7 @@
 #include "platform/errors.h"
 #include "platform/form.h"
 #include "support/cls_resize.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QTest>
@@ -140,5 +141,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestSharedState)
+MORLENE_TEST(TestSharedState)
 #include "test_shared_state.moc"

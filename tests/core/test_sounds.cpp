@@ -4,6 +4,7 @@
 #include "core/profile.h"
 #include "core/shared_state.h"
 #include "support/application_folder.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QTest>
@@ -132,5 +133,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestSounds)
+MORLENE_TEST(TestSounds)
 #include "test_sounds.moc"

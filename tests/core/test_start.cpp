@@ -6,9 +6,11 @@
 #include "core/shared_state.h"
 #include "core/windows.h"
 #include "language/language.h"
+#include "platform/application.h"
 #include "platform/errors.h"
 #include "platform/form.h"
 #include "support/application_folder.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QDirIterator>
@@ -339,5 +341,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestStart)
+MORLENE_TEST(TestStart)
 #include "test_start.moc"

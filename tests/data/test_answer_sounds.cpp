@@ -8,6 +8,7 @@
 #include <QtEndian>
 
 #include "platform/wave_file.h"
+#include "support/registered_tests.h"
 
 namespace {
 
@@ -120,5 +121,5 @@ void TestAnswerSounds::noSoundClicksOrIsClipped()
         QVERIFY(std::abs(sample) < 32000);
 }
 
-QTEST_APPLESS_MAIN(TestAnswerSounds)
+MORLENE_TEST(TestAnswerSounds)
 #include "test_answer_sounds.moc"

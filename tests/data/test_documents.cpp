@@ -1,4 +1,6 @@
 // The documents that lie beside the program: made, on A4, with their pages, and no picture missing.
+#include "support/registered_tests.h"
+
 #include <QFile>
 #include <QRegularExpression>
 #include <QTest>
@@ -53,5 +55,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestDocuments)
+MORLENE_TEST(TestDocuments)
 #include "test_documents.moc"

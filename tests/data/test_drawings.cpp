@@ -1,5 +1,7 @@
 // The drawings that lie beside the program: the figure keeps what the exercises need of it, and
 // every picture can be drawn and told from the others.
+#include "support/registered_tests.h"
+
 #include <QDir>
 #include <QDomDocument>
 #include <QFile>
@@ -261,5 +263,5 @@ void TestDrawings::thePointersHotSpotIsTheTipOfItsFinger()
         QVERIFY(hand.pixelColor(x, 0).alpha() < 60);
 }
 
-QTEST_MAIN(TestDrawings)
+MORLENE_TEST(TestDrawings)
 #include "test_drawings.moc"

@@ -1,5 +1,7 @@
 // The checker for artists lets the figures of the program pass and refuses a damaged one, each
 // fault by its name.
+#include "support/registered_tests.h"
+
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -185,5 +187,5 @@ void TestFigureChecker::withoutADrawingItTellsHowItIsUsed()
     QVERIFY(verdict.Faults.join(u'\n').contains(QStringLiteral("Usage")));
 }
 
-QTEST_MAIN(TestFigureChecker)
+MORLENE_TEST(TestFigureChecker)
 #include "test_figure_checker.moc"

@@ -1,4 +1,6 @@
 // The cursive font that is made at build time: its family, its letters, its joins and its licence.
+#include "support/registered_tests.h"
+
 #include <QFile>
 #include <QFontDatabase>
 #include <QGuiApplication>
@@ -72,5 +74,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestFont)
+MORLENE_TEST(TestFont)
 #include "test_font.moc"

@@ -1,5 +1,7 @@
 // The language files as they lie on disk, read by their bytes: right for both ways in which the
 // program reads them, and complete.
+#include "support/registered_tests.h"
+
 #include <QDir>
 #include <QRegularExpression>
 #include <QSet>
@@ -296,5 +298,5 @@ void TestLanguageFiles::everyLanguageNamesTheSameKeysAsItalian()
         QVERIFY2(italian.contains(entry), ("unknown " + entry).constData());
 }
 
-QTEST_APPLESS_MAIN(TestLanguageFiles)
+MORLENE_TEST(TestLanguageFiles)
 #include "test_language_files.moc"

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include "support/exercise_fixture.h"
+#include "support/registered_tests.h"
 #include "support/windows.h"
 
 namespace {
@@ -122,5 +123,5 @@ void TestLanguageWindows::everyCaptionOfAWindowHasAKey()
     }
 }
 
-MORLENE_TEST_MAIN(TestLanguageWindows)
+MORLENE_TEST(TestLanguageWindows)
 #include "test_language_windows.moc"

@@ -3,6 +3,7 @@
 #include "platform/movies/movie_formats.h"
 #include "platform/movies/svg_animation.h"
 #include "platform/movies/svg_document.h"
+#include "support/registered_tests.h"
 
 #include <QDir>
 #include <QDomDocument>
@@ -296,5 +297,5 @@ void TestRewards::aPlayedFrameIsTheDrawingOfItsMoment()
     }
 }
 
-QTEST_MAIN(TestRewards)
+MORLENE_TEST(TestRewards)
 #include "test_rewards.moc"

@@ -4,6 +4,7 @@
 
 #include "exercises/grid_fixture.h"
 #include "support/expected_text.h"
+#include "support/registered_tests.h"
 
 #include <QSet>
 #include <QTest>
@@ -303,5 +304,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestFigureGrid)
+MORLENE_TEST(TestFigureGrid)
 #include "test_figure_grid.moc"

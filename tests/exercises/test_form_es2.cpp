@@ -5,6 +5,7 @@
 #include "support/exercise_fixture.h"
 #include "support/expected_text.h"
 #include "support/fair_tasks.h"
+#include "support/registered_tests.h"
 #include "support/sentence_reader.h"
 
 #include <QSet>
@@ -342,5 +343,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestFormEs2)
+MORLENE_TEST(TestFormEs2)
 #include "test_form_es2.moc"

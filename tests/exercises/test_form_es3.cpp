@@ -3,6 +3,7 @@
 
 #include "support/exercise_fixture.h"
 #include "support/fair_tasks.h"
+#include "support/registered_tests.h"
 #include "support/sentence_reader.h"
 
 #include <QTest>
@@ -349,5 +350,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestFormEs3)
+MORLENE_TEST(TestFormEs3)
 #include "test_form_es3.moc"

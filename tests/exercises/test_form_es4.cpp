@@ -4,6 +4,7 @@
 #include "support/exercise_fixture.h"
 #include "support/expected_text.h"
 #include "support/fair_tasks.h"
+#include "support/registered_tests.h"
 #include "support/sentence_reader.h"
 
 #include <QSet>
@@ -542,5 +543,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestFormEs4)
+MORLENE_TEST(TestFormEs4)
 #include "test_form_es4.moc"

@@ -4,6 +4,7 @@
 #include "exercises/grid_fixture.h"
 #include "support/application_folder.h"
 #include "support/fair_tasks.h"
+#include "support/registered_tests.h"
 
 #include <QDir>
 #include <QFile>
@@ -177,5 +178,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestFormEs6)
+MORLENE_TEST(TestFormEs6)
 #include "test_form_es6.moc"

@@ -3,6 +3,7 @@
 
 #include "exercises/grid_fixture.h"
 #include "support/fair_tasks.h"
+#include "support/registered_tests.h"
 
 #include <QTest>
 
@@ -160,5 +161,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestFormEs7)
+MORLENE_TEST(TestFormEs7)
 #include "test_form_es7.moc"

@@ -3,6 +3,7 @@
 
 #include "support/exercise_fixture.h"
 #include "support/fair_tasks.h"
+#include "support/registered_tests.h"
 #include "support/sentence_reader.h"
 
 #include <QTest>
@@ -291,5 +292,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestFormEs8)
+MORLENE_TEST(TestFormEs8)
 #include "test_form_es8.moc"

@@ -1,7 +1,9 @@
 // Levels: chosen by hand or following the score, with a row of the log for each change.
 #include "exercises/form_es1.h"
 
+#include "platform/application.h"
 #include "support/exercise_fixture.h"
+#include "support/registered_tests.h"
 
 #include <QTest>
 
@@ -192,5 +194,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestLevels)
+MORLENE_TEST(TestLevels)
 #include "test_levels.moc"

@@ -4,6 +4,7 @@
 #include "printing/frm_stampa.h"
 #include "printing/print_fields.h"
 #include "support/exercise_fixture.h"
+#include "support/registered_tests.h"
 
 #include <QTest>
 
@@ -179,5 +180,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestQuickPrint)
+MORLENE_TEST(TestQuickPrint)
 #include "test_quick_print.moc"

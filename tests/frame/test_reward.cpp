@@ -2,6 +2,7 @@
 #include "exercises/form_es1.h"
 
 #include "support/exercise_fixture.h"
+#include "support/registered_tests.h"
 
 #include <QDir>
 #include <QFile>
@@ -176,5 +177,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestReward)
+MORLENE_TEST(TestReward)
 #include "test_reward.moc"

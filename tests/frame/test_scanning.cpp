@@ -2,7 +2,9 @@
 #include "frame/scanning.h"
 
 #include "exercises/form_es1.h"
+#include "platform/application.h"
 #include "support/exercise_fixture.h"
+#include "support/registered_tests.h"
 
 #include <QMenuBar>
 #include <QTest>
@@ -282,5 +284,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestScanning)
+MORLENE_TEST(TestScanning)
 #include "test_scanning.moc"

@@ -4,6 +4,7 @@
 
 #include "exercises/form_es1.h"
 #include "support/exercise_fixture.h"
+#include "support/registered_tests.h"
 
 #include <QFile>
 #include <QSet>
@@ -127,5 +128,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestSentences)
+MORLENE_TEST(TestSentences)
 #include "test_sentences.moc"

@@ -5,6 +5,7 @@
 #include "platform/errors.h"
 #include "platform/files.h"
 #include "support/application_folder.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QElapsedTimer>
@@ -273,5 +274,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestLookup)
+MORLENE_TEST(TestLookup)
 #include "test_lookup.moc"

@@ -5,6 +5,7 @@
 #include "platform/control.h"
 #include "platform/form.h"
 #include "support/application_folder.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QCoreApplication>
@@ -220,5 +221,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestOverlay)
+MORLENE_TEST(TestOverlay)
 #include "test_overlay.moc"

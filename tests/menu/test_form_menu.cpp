@@ -4,8 +4,10 @@
 #include "exercises/exercise_table.h"
 #include "exercises/form_es1.h"
 #include "language/language.h"
+#include "platform/application.h"
 #include "support/cls_resize.h"
 #include "support/exercise_fixture.h"
+#include "support/registered_tests.h"
 
 #include <QDir>
 #include <QFile>
@@ -457,5 +459,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestFormMenu)
+MORLENE_TEST(TestFormMenu)
 #include "test_form_menu.moc"

@@ -14,6 +14,7 @@
 #include "language/language.h"
 #include "support/application_folder.h"
 #include "support/cls_resize.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QClipboard>
@@ -429,5 +430,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestChoices)
+MORLENE_TEST(TestChoices)
 #include "test_choices.moc"

@@ -13,6 +13,8 @@
 #include "platform/text_box.h"
 #include "platform/timer.h"
 
+#include "platform/application.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QAction>
@@ -498,5 +500,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestControls)
+MORLENE_TEST(TestControls)
 #include "test_controls.moc"

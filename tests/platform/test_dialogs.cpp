@@ -6,6 +6,7 @@
 #include "platform/machine_host.h"
 #include "platform/timer.h"
 
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QCheckBox>
@@ -315,5 +316,5 @@ private:
     QTemporaryDir m_home;
 };
 
-MORLENE_TEST_MAIN(TestDialogs)
+MORLENE_TEST(TestDialogs)
 #include "test_dialogs.moc"

@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "platform/ini.h"
 #include "support/as_user.h"
+#include "support/registered_tests.h"
 
 #include <QTest>
 
@@ -437,5 +438,5 @@ void TestFileRights::aFullDiskKeepsTheOldContent()
     QCOMPARE(verdict, QByteArray());
 }
 
-QTEST_APPLESS_MAIN(TestFileRights)
+MORLENE_TEST(TestFileRights)
 #include "test_file_rights.moc"

@@ -3,6 +3,7 @@
 #include "platform/grid.h"
 #include "platform/numbers.h"
 #include "platform/picture.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QFile>
@@ -122,5 +123,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestGrid)
+MORLENE_TEST(TestGrid)
 #include "test_grid.moc"

@@ -3,6 +3,7 @@
 
 #include "platform/files.h"
 #include "platform/ini.h"
+#include "support/registered_tests.h"
 
 #include <QTest>
 
@@ -274,5 +275,5 @@ void TestIni::aSettledFileIsNotReadAgain()
         QCOMPARE(ReadIni(Path, S("A"), QString::number(i)), S("value"));
 }
 
-QTEST_APPLESS_MAIN(TestIni)
+MORLENE_TEST(TestIni)
 #include "test_ini.moc"

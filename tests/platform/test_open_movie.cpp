@@ -1,6 +1,7 @@
 // Which file a movie's name stands for, and how many movies a folder holds.
 #include "platform/movie_helpers.h"
 #include "platform/raster_pictures.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QDateTime>
@@ -187,5 +188,5 @@ void TestOpenMovie::aMissingFolderHoldsNone()
     QCOMPARE(CountMovies(m_folder->path() + "\\animazioni\\*.swf"), 0);
 }
 
-QTEST_MAIN(TestOpenMovie)
+MORLENE_TEST(TestOpenMovie)
 #include "test_open_movie.moc"

@@ -2,6 +2,7 @@
 #include "folder_host.h"
 
 #include "platform/files.h"
+#include "support/registered_tests.h"
 
 #include <QTest>
 
@@ -394,5 +395,5 @@ void TestPaths::aFileBeyondAllMeasureIsRefused()
     QCOMPARE(ErrorOf([] { ReadFile(QStringLiteral("C:\\huge")); }), 75);
 }
 
-QTEST_APPLESS_MAIN(TestPaths)
+MORLENE_TEST(TestPaths)
 #include "test_paths.moc"

@@ -1,6 +1,7 @@
 // Rewards that are WebP or GIF: the frame that stands at a moment, and damaged files.
 #include "platform/movie_helpers.h"
 #include "platform/raster_pictures.h"
+#include "support/registered_tests.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -197,5 +198,5 @@ void TestRasterMovie::everyCutAndEveryFlippedByteIsSurvived()
     QVERIFY(known > 0);
 }
 
-QTEST_MAIN(TestRasterMovie)
+MORLENE_TEST(TestRasterMovie)
 #include "test_raster_movie.moc"

@@ -3,6 +3,7 @@
 
 #include "platform/movies/motion_path.h"
 #include "platform/movies/svg_animation.h"
+#include "support/registered_tests.h"
 
 #include <QTest>
 
@@ -351,5 +352,5 @@ void TestSvgAnimation::paintAndAnimationGoTogether()
     QCOMPARE(movie->Description(), "tetto 00FF00");
 }
 
-QTEST_MAIN(TestSvgAnimation)
+MORLENE_TEST(TestSvgAnimation)
 #include "test_svg_animation.moc"

@@ -4,6 +4,7 @@
 #include "platform/movies/svg_animation.h"
 #include "platform/movies/svg_document.h"
 #include "platform/movies/svg_layers.h"
+#include "support/registered_tests.h"
 
 #include <QSvgRenderer>
 #include <QTest>
@@ -169,5 +170,5 @@ void TestSvgLayers::aPaintedPartKeepsItsNewColorWhileTheMoviePlays()
     QCOMPARE(At(Shown(*movie, Screen), 50, 20), QColor(Qt::red));
 }
 
-QTEST_MAIN(TestSvgLayers)
+MORLENE_TEST(TestSvgLayers)
 #include "test_svg_layers.moc"

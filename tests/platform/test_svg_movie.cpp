@@ -1,5 +1,6 @@
 // The figure: painting its parts, hiding smoke and clouds, clicks, and files that are no drawing.
 #include "platform/movie_helpers.h"
+#include "support/registered_tests.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>
@@ -429,5 +430,5 @@ void TestSvgMovie::unknownElementsAreLeftOut()
     QCOMPARE(At(Shown(*movie), 50, 50), QColor("#00ff00"));
 }
 
-QTEST_MAIN(TestSvgMovie)
+MORLENE_TEST(TestSvgMovie)
 #include "test_svg_movie.moc"

@@ -1,6 +1,7 @@
 // A figure that is laid together of pictures looks like one drawn in one go, in all its colours.
 #include "platform/movie_helpers.h"
 #include "platform/movies/svg_piece.h"
+#include "support/registered_tests.h"
 
 #include <QFile>
 #include <QTest>
@@ -131,5 +132,5 @@ void TestSvgPiece::aScaledPainterGetsNoKeptPixels()
     QVERIFY(!CanPaintPieces(finePainter));
 }
 
-QTEST_MAIN(TestSvgPiece)
+MORLENE_TEST(TestSvgPiece)
 #include "test_svg_piece.moc"

@@ -1,6 +1,7 @@
 // Where the elements of a drawing stand.
 #include "platform/movie_helpers.h"
 #include "platform/movies/svg_transform.h"
+#include "support/registered_tests.h"
 
 #include <QTest>
 
@@ -64,5 +65,5 @@ void TestSvgTransform::whatIsNotUnderstoodHasNoPlace()
     QVERIFY(!TransformOf(document, 1).has_value());
 }
 
-QTEST_MAIN(TestSvgTransform)
+MORLENE_TEST(TestSvgTransform)
 #include "test_svg_transform.moc"

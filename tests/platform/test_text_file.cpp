@@ -2,6 +2,7 @@
 #include "folder_host.h"
 
 #include "platform/files.h"
+#include "support/registered_tests.h"
 
 #include <QLocale>
 #include <QTest>
@@ -381,5 +382,5 @@ void TestTextFile::tenMegabytesOfNoiseEndSoon()
     }
 }
 
-QTEST_APPLESS_MAIN(TestTextFile)
+MORLENE_TEST(TestTextFile)
 #include "test_text_file.moc"

@@ -8,6 +8,7 @@
 #include <QtEndian>
 
 #include "platform/wave_file.h"
+#include "support/registered_tests.h"
 
 using platform::ReadWave;
 using platform::ReadWaveFile;
@@ -284,5 +285,5 @@ void TestWaveFile::aHugeFileIsSilent()
     QVERIFY(!ReadWaveFile(path));
 }
 
-QTEST_APPLESS_MAIN(TestWaveFile)
+MORLENE_TEST(TestWaveFile)
 #include "test_wave_file.moc"

@@ -5,6 +5,7 @@
 #include "printing/print_engine.h"
 #include "printing/stampa_fpb.h"
 #include "support/exercise_fixture.h"
+#include "support/registered_tests.h"
 
 #include <QDir>
 #include <QFile>
@@ -748,5 +749,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestFrmStampa)
+MORLENE_TEST(TestFrmStampa)
 #include "test_frm_stampa.moc"

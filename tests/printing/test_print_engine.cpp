@@ -5,6 +5,7 @@
 #include "printing/print_engine.h"
 #include "printing/print_fields.h"
 #include "printing/print_pages.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QDir>
@@ -747,5 +748,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestPrintEngine)
+MORLENE_TEST(TestPrintEngine)
 #include "test_print_engine.moc"

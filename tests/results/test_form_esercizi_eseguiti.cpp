@@ -5,6 +5,8 @@
 #include "results/form_esercizi_eseguiti.h"
 #include "support/as_user.h"
 #include "support/exercise_fixture.h"
+#include "support/ordinary_user.h"
+#include "support/registered_tests.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -557,5 +559,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestFormEserciziEseguiti)
+MORLENE_TEST(TestFormEserciziEseguiti)
 #include "test_form_esercizi_eseguiti.moc"

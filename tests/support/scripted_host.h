@@ -2,7 +2,6 @@
 // was told to expect, and records what windows show in the order it happens.
 #pragma once
 
-#include "platform/application.h"
 #include "platform/host.h"
 #include "support/fake_printing.h"
 
@@ -129,13 +128,3 @@ private:
 
 // Drops every form and lets it be deleted.
 void DropForms();
-
-// The main of a test: the program's own event dispatch, so that an error that leaves an event
-// reaches `FatalError`.
-#define MORLENE_TEST_MAIN(TestClass)                                                               \
-    int main(int argc, char **argv)                                                                \
-    {                                                                                              \
-        platform::Application application(argc, argv);                                             \
-        TestClass test;                                                                            \
-        return QTest::qExec(&test, argc, argv);                                                    \
-    }

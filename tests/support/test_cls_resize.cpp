@@ -10,6 +10,7 @@
 #include "platform/shape.h"
 #include "platform/status_bar.h"
 #include "platform/timer.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QTest>
@@ -457,5 +458,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestClsResize)
+MORLENE_TEST(TestClsResize)
 #include "test_cls_resize.moc"

@@ -4,6 +4,7 @@
 #include "core/shared_state.h"
 #include "platform/errors.h"
 #include "platform/label.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QTest>
@@ -83,5 +84,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestDialogs)
+MORLENE_TEST(TestDialogs)
 #include "test_dialogs.moc"

@@ -5,6 +5,7 @@
 #include "printing/frm_stampa.h"
 #include "printing/print_fields.h"
 #include "support/exercise_fixture.h"
+#include "support/registered_tests.h"
 
 #include <QImage>
 #include <QPixmap>
@@ -98,5 +99,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestForm1)
+MORLENE_TEST(TestForm1)
 #include "test_form1.moc"

@@ -6,6 +6,7 @@
 #include "language/language.h"
 #include "support/application_folder.h"
 #include "support/cls_resize.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QDir>
@@ -146,5 +147,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestFormAvvio)
+MORLENE_TEST(TestFormAvvio)
 #include "test_form_avvio.moc"

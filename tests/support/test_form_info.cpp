@@ -4,6 +4,7 @@
 #include "language/language.h"
 #include "support/application_folder.h"
 #include "support/exercise_fixture.h"
+#include "support/registered_tests.h"
 
 #include <QTest>
 
@@ -60,5 +61,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestFormInfo)
+MORLENE_TEST(TestFormInfo)
 #include "test_form_info.moc"

@@ -3,6 +3,7 @@
 #include "platform/shape.h"
 #include "support/exercise_fixture.h"
 #include "support/expected_text.h"
+#include "support/registered_tests.h"
 #include "support/windows.h"
 
 #include <QTest>
@@ -91,5 +92,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestDesign)
+MORLENE_TEST(TestDesign)
 #include "test_design.moc"
