@@ -17,6 +17,20 @@ if(MORLENE_FUZZ)
     target_link_options(morlene_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
+# morlene_precompiled(TARGET HEADERS header... | REUSE_FROM target): headers that a target reads
+# before each of its files, so that they are read once. What a file uses it includes all the same:
+# the lint reads the files without this.
+function(morlene_precompiled target)
+    cmake_parse_arguments(ARG "" "REUSE_FROM" "HEADERS" ${ARGN})
+    if(NOT MORLENE_PRECOMPILED)
+        return()
+    elseif(ARG_REUSE_FROM)
+        target_precompile_headers(${target} REUSE_FROM ${ARG_REUSE_FROM})
+    else()
+        target_precompile_headers(${target} PRIVATE ${ARG_HEADERS})
+    endif()
+endfunction()
+
 # morlene_layer(NAME DEPENDS layer... [SOURCES file...] [LIBRARIES target...])
 # Without SOURCES every .cpp below the current folder belongs to the layer.
 function(morlene_layer name)
@@ -28,4 +42,16 @@ function(morlene_layer name)
     add_library(${name} STATIC ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
     target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} ${ARG_LIBRARIES} PRIVATE morlene_flags)
+    # The first layer above the platform lends its precompiled headers to the others, which see the
+    # toolkit's value types alone.
+    if(name STREQUAL platform)
+        morlene_precompiled(${name} HEADERS <QtWidgets/QApplication> <QtWidgets/QWidget>
+            <QtGui/QPainter> <QtGui/QPixmap> <QtCore/QString> <QtCore/QHash> <QtCore/QFile>
+            <QtXml/QDomDocument> <algorithm> <functional> <memory> <vector>)
+    elseif(name STREQUAL language)
+        morlene_precompiled(${name} HEADERS <QtCore/QString> <QtCore/QStringList> <QtCore/QList>
+            <QtCore/QByteArray> <algorithm> <functional> <memory> <vector>)
+    else()
+        morlene_precompiled(${name} REUSE_FROM language)
+    endif()
 endfunction()

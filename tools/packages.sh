@@ -11,7 +11,7 @@ RUN_PACKAGES=(libqt6widgets6 libqt6printsupport6 libqt6svg6 libqt6xml6 qt6-qpa-p
 TEST_PACKAGES=(xvfb openbox xdotool x11-utils dbus at-spi2-core python3-pyatspi python3-pil
     pulseaudio pulseaudio-utils procps
     cups-daemon cups-core-drivers cups-filters-core-drivers cups-client poppler-utils
-    clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 locales)
+    clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 locales mold)
 
 # Installs those of its arguments that are missing.
 install_missing() {
