@@ -8,7 +8,6 @@
 #include "platform/form.h"
 #include "support/application_folder.h"
 #include "support/as_user.h"
-#include "support/ordinary_user.h"
 #include "support/registered_tests.h"
 #include "support/scripted_host.h"
 

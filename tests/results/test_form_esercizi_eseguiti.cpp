@@ -5,7 +5,6 @@
 #include "results/form_esercizi_eseguiti.h"
 #include "support/as_user.h"
 #include "support/exercise_fixture.h"
-#include "support/ordinary_user.h"
 #include "support/registered_tests.h"
 
 #include <QDir>
