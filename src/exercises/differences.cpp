@@ -115,21 +115,25 @@ bool Differenze::AspettaRisposta() const
     return ModoInput == 0 && !Command1(Prossimo).Enabled();
 }
 
-void Differenze::RispostaErrata()
-{
-    SuonoErrato();
-    ContaErrato();
-    ScriviPannelloErrati();
-}
-
 void Differenze::DifferenzaTrovata()
 {
     ContaEsatto();
     ScriviPannelloEsatti();
     DifferenzeTrovate = Integer16(DifferenzeTrovate + 1);
-    if (TutteTrovate())
-        Command1(Prossimo).SetEnabled(true);
+    if (DifferenzeTrovate >= Livello)
+        ConcludiEsercizio();
     SuonoEsatto();
+}
+
+void Differenze::ConcludiEsercizio()
+{
+    if (ModoInput == 0) {
+        Command1(Prossimo).SetEnabled(true);
+        return;
+    }
+    // By scanning the button stays disabled: its colour tells that the task is done.
+    Evidenzia(Prossimo, true);
+    PosizioneScansione = Integer16(m_primaPosizione + QuanteParti);
 }
 
 // --- Answers by scanning ---
@@ -176,12 +180,5 @@ void Differenze::Scegli()
     ColoriFigura2(parte) = ColoriFigura1(parte);
     ColoraSecondomorlena();
     ParteDiversa(parte) = 0;
-    ContaEsatto();
-    ScriviPannelloEsatti();
-    DifferenzeTrovate = Integer16(DifferenzeTrovate + 1);
-    if (TutteTrovate()) {
-        Evidenzia(Prossimo, true);
-        PosizioneScansione = Integer16(m_primaPosizione + QuanteParti);
-    }
-    SuonoEsatto();
+    DifferenzaTrovata();
 }

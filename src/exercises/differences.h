@@ -44,10 +44,10 @@ protected:
     void ColoraPrimomorlena();
     void ColoraSecondomorlena();
 
-    // By pointer: whether an answer is looked at, and what follows it. A part once repaired goes on
-    // being right: meant.
+    // By pointer: whether an answer is looked at. A part once repaired goes on being right: meant.
     bool AspettaRisposta() const;
-    void RispostaErrata();
+    // Counts a difference that was found, by pointer or by scanning, and ends the task with the
+    // last one.
     void DifferenzaTrovata();
 
     // Design of the two buttons, once they are there.
@@ -62,7 +62,7 @@ protected:
 
 private:
     bool InAttesa() const;
-    bool TutteTrovate() const { return DifferenzeTrovate >= Livello; }
+    void ConcludiEsercizio();
 
     int m_primaPosizione;
 };

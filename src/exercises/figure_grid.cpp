@@ -246,13 +246,6 @@ void GrigliaFigure::RispostaEsatta()
     ScriviPannelloEsatti();
 }
 
-void GrigliaFigure::RispostaErrata()
-{
-    SuonoErrato();
-    ContaErrato();
-    ScriviPannelloErrati();
-}
-
 // By scanning the end of a task is held in the colour of the button: with the same colour for
 // buttons at rest and lit ones every choice asks for a new task. Meant.
 bool GrigliaFigure::Fatto() const

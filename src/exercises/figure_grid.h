@@ -56,7 +56,6 @@ protected:
     void RiquadroSullaCercata(); // its place only
     void FineConScansione();
     void RispostaEsatta(); // counter and panel
-    void RispostaErrata();
     // The rule of the intruders by scanning: the figure goes, unless it is the one described.
     void EliminaIntruso();
 

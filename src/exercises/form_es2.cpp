@@ -28,29 +28,36 @@ constexpr DisegnoEsercizio Disegno = {
 
 constexpr int Fotogramma = 0; // the figures take no clicks here
 
-// Pieces of the sentences by part: how it opens, and the two words that end it. The door's "same"
-// is the masculine one, and its negative opening stands before that of the windows: meant.
-struct RigaParte {
-    int Positiva;
-    int Negativa;
+// The two words that end a sentence, as pieces of the language; they agree with the part's noun.
+struct Risposte {
     int Uguale;
     int Diverso;
 };
-constexpr std::array<RigaParte, 9> Righe = {{
-    {0, 0, 0, 0},
-    {20, 21, 8, 9},  // comignolo
-    {1, 22, 8, 9},   // tetto
-    {2, 23, 17, 18}, // pareti
-    {3, 25, 17, 18}, // finestre
-    {4, 24, 8, 19},  // porta
-    {5, 26, 8, 9},   // gradino
-    {28, 27, 8, 9},  // fumo
-    {30, 29, 8, 9},  // nuvole
-}};
 
-const RigaParte &Riga(int parte)
+Risposte RisposteSu(int parte)
 {
-    return Righe.at(static_cast<size_t>(parte));
+    switch (parte) {
+    case 3: // pareti
+    case Finestre:
+        return {17, 18};
+    case 5: // porta; its "same" is the masculine one: meant
+        return {8, 19};
+    default:
+        return {8, 9};
+    }
+}
+
+// Smoke and clouds are compared too, which no other exercise says of them.
+QString Apertura(int parte, bool nega)
+{
+    switch (parte) {
+    case Fumo:
+        return Messaggi(nega ? 27 : 28);
+    case Nuvole:
+        return Messaggi(nega ? 29 : 30);
+    default:
+        return nega ? AperturaNegativa(parte) : AperturaPositiva(parte);
+    }
 }
 
 } // namespace
@@ -150,13 +157,13 @@ void FormEs2::ScegliParte()
 
 void FormEs2::ComponiFrasePositiva()
 {
-    FraseComposta = Messaggi(Riga(QualeParte).Positiva);
+    FraseComposta = Apertura(QualeParte, false);
     IntitolaRisposte();
 }
 
 void FormEs2::ComponiFraseNegativa()
 {
-    FraseComposta = Messaggi(Riga(QualeParte).Negativa);
+    FraseComposta = Apertura(QualeParte, true);
     IntitolaRisposte();
     // Stays turned round until the next colouring, and nobody asks the part again before it.
     Diverso(QualeParte) = Diverso(QualeParte) == 0 ? 1 : 0;
@@ -165,8 +172,9 @@ void FormEs2::ComponiFraseNegativa()
 // The answers agree with the noun of the part.
 void FormEs2::IntitolaRisposte()
 {
-    Command1(Primo).SetCaption(Messaggi(Riga(QualeParte).Uguale));
-    Command1(Secondo).SetCaption(Messaggi(Riga(QualeParte).Diverso));
+    const Risposte risposte = RisposteSu(QualeParte);
+    Command1(Primo).SetCaption(Messaggi(risposte.Uguale));
+    Command1(Secondo).SetCaption(Messaggi(risposte.Diverso));
 }
 
 void FormEs2::MostraFrase()

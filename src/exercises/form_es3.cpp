@@ -44,10 +44,10 @@ FormEs3::FormEs3() : Differenze(Disegno, DisegnoParti)
 
     // The house that is clicked is the one that changes.
     ShockwaveFlash1.OnFSCommand = [this](const QString &comando, const QString &) {
-        Ripara(ColoriFigura1, ColoriFigura2, comando);
+        Ripara(ShockwaveFlash1, ColoriFigura1, ColoriFigura2, comando);
     };
     ShockwaveFlash2.OnFSCommand = [this](const QString &comando, const QString &) {
-        Ripara(ColoriFigura2, ColoriFigura1, comando);
+        Ripara(ShockwaveFlash2, ColoriFigura2, ColoriFigura1, comando);
     };
 }
 
@@ -109,15 +109,16 @@ void FormEs3::ImpostaColori()
 
 // --- Answers by pointer ---
 
-void FormEs3::Ripara(Colorazione &cambia, const Colorazione &modello, const QString &comando)
+void FormEs3::Ripara(MovieControl &figura, Colorazione &suoi, const Colorazione &altri,
+                     const QString &comando)
 {
     if (!AspettaRisposta())
         return;
     const int parte = comando.toInt();
     if (ParteDiversa(parte) != 1)
         return RispostaErrata();
-    cambia(parte) = modello(parte);
-    &cambia == &ColoriFigura1 ? ColoraPrimomorlena() : ColoraSecondomorlena();
+    suoi(parte) = altri(parte);
+    ColoraFigura(figura, suoi);
     DifferenzaTrovata();
 }
 

@@ -14,7 +14,9 @@ protected:
 
 private:
     void ApriFilemorlene();
-    void Ripara(Colorazione &cambia, const Colorazione &modello, const QString &comando);
+    // The part that the movie names takes on this figure the value that it has on the other one.
+    void Ripara(platform::MovieControl &figura, Colorazione &suoi, const Colorazione &altri,
+                const QString &comando);
 
     QString ColoreScansione; // RRGGBB
 };

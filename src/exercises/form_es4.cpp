@@ -128,83 +128,27 @@ void FormEs4::ImpostaColori()
 
 void FormEs4::ScriviFrase()
 {
-    switch (Livello) {
-    case 1:
-    case 4:
-        return ScriviFrase1();
-    case 2:
-    case 5:
-        return ScriviFrase2();
-    case 3:
-    case 6:
-        return ScriviFrase3();
-    default:
-        return;
-    }
-}
-
-void FormEs4::ScriviFrase1()
-{
+    // Levels 1 and 4 affirm, 2 and 5 deny, 3 and 6 draw for each part before its colour.
+    const auto nega = [this] { return Livello % 3 == 0 ? Draw(2) != 0 : Livello % 3 == 2; };
     for (int16_t parte = 1; parte <= PartiDipinte; ++parte)
-        ScriviFrasePositiva(parte);
+        ScriviFraseDi(parte, nega());
     UnaAllaVolta(Livello) ? PresentaFrasi() : PresentaFraseUnica();
 }
 
-void FormEs4::ScriviFrase2()
+// Of four colours one satisfies a sentence that affirms, and three one that denies.
+void FormEs4::ScriviFraseDi(int16_t parte, bool nega)
 {
-    for (int16_t parte = 1; parte <= PartiDipinte; ++parte)
-        ScriviFraseNegativa(parte);
-    UnaAllaVolta(Livello) ? PresentaFrasi() : PresentaFraseUnica();
-}
-
-void FormEs4::ScriviFrase3()
-{
-    for (int16_t parte = 1; parte <= PartiDipinte; ++parte)
-        Draw(2) != 0 ? ScriviFraseNegativa(parte) : ScriviFrasePositiva(parte);
-    UnaAllaVolta(Livello) ? PresentaFrasi() : PresentaFraseUnica();
-}
-
-// Of four colours one satisfies the sentence.
-void FormEs4::ScriviFrasePositiva(int16_t parte)
-{
-    ColoreParte(parte) = Integer16(Draw(QuantiColori) + 1);
-    QualeParte = parte;
+    const auto suo = Integer16(Draw(QuantiColori) + 1);
+    ColoreParte(parte) = suo;
     Soluzioni(0, parte) = true;
     for (int colore = 1; colore <= QuantiColori; ++colore)
-        Soluzioni(colore, parte) = colore == ColoreParte(parte);
-    ComponiFrasePositiva();
-    ConcludiFrase(parte);
-}
-
-// Of four colours three satisfy the sentence.
-void FormEs4::ScriviFraseNegativa(int16_t parte)
-{
-    ColoreParte(parte) = Integer16(Draw(QuantiColori) + 1);
-    QualeParte = parte;
-    Soluzioni(0, parte) = true;
-    for (int colore = 1; colore <= QuantiColori; ++colore)
-        Soluzioni(colore, parte) = colore != ColoreParte(parte);
-    ComponiFraseNegativa();
-    ConcludiFrase(parte);
-}
-
-void FormEs4::ConcludiFrase(int16_t parte)
-{
-    m_frasi(parte) = FraseComposta + QLatin1Char('.');
+        Soluzioni(colore, parte) = (colore == suo) != nega;
+    const QString apertura = nega ? AperturaNegativa(parte) : AperturaPositiva(parte);
+    m_frasi(parte) = apertura + NomeColore(suo, parte) + QLatin1Char('.');
     FraseFatta(parte).clear();
     // Small letters stay as the language file has them.
     if (TipoCarattere == QStringLiteral("maiuscolo"))
         m_frasi(parte) = InMaiuscolo(m_frasi(parte));
-}
-
-void FormEs4::ComponiFrasePositiva()
-{
-    FraseComposta = AperturaPositiva(QualeParte) + NomeColore(ColoreParte(QualeParte), QualeParte);
-}
-
-void FormEs4::ComponiFraseNegativa()
-{
-    FraseComposta = AperturaNegativa(QualeParte) + NomeColore(ColoreParte(QualeParte), QualeParte);
 }
 
 // --- Showing it ---
@@ -305,18 +249,27 @@ bool FormEs4::Soddisfatta(int parte)
     return Soluzioni(Colorati(parte), parte);
 }
 
-void FormEs4::ControllaParte()
+// Judges the part being worked on, unless it is not painted yet; true when it is right.
+bool FormEs4::ChiudiParteSeGiusta()
 {
     if (Colorati(QualeParte) == 0)
-        return;
-    if (!Soddisfatta(QualeParte))
-        return Sbagliata();
+        return false;
+    if (!Soddisfatta(QualeParte)) {
+        RispostaErrata();
+        return false;
+    }
     ContaEsatto();
     ScriviPannelloEsatti();
     SuonoEsatto();
     Soluzioni(0, QualeParte) = false;
     Fatte = Integer16(Fatte + 1);
-    PresentaFrasi();
+    return true;
+}
+
+void FormEs4::ControllaParte()
+{
+    if (ChiudiParteSeGiusta())
+        PresentaFrasi();
 }
 
 void FormEs4::ControllaTutte()
@@ -345,13 +298,6 @@ void FormEs4::ControllaTutte()
     ScriviPannelloEsatti();
     Command1(Prossimo).SetEnabled(true);
     Command1(Verifica).SetEnabled(false);
-}
-
-void FormEs4::Sbagliata()
-{
-    SuonoErrato();
-    ContaErrato();
-    ScriviPannelloErrati();
 }
 
 // --- Answers by scanning: what moves is the colour of the marked part ---
@@ -389,16 +335,9 @@ void FormEs4::Scegli()
         GeneraEsercizio();
         return;
     }
-    if (Colorati(QualeParte) == 0)
-        return;
-    if (!Soddisfatta(QualeParte))
-        return Sbagliata();
     // Each part is tested by itself, also where the pointer has one check for all.
-    ContaEsatto();
-    ScriviPannelloEsatti();
-    SuonoEsatto();
-    Soluzioni(0, QualeParte) = false;
-    Fatte = Integer16(Fatte + 1);
+    if (!ChiudiParteSeGiusta())
+        return;
     DeColoraContorno();
     UnaAllaVolta(Livello) ? PresentaFrasi() : PresentaUnaPerVolta();
 }

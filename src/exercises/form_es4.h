@@ -36,14 +36,7 @@ private:
     void ImpostaColori();
 
     void ScriviFrase();
-    void ScriviFrase1();
-    void ScriviFrase2();
-    void ScriviFrase3();
-    void ScriviFrasePositiva(int16_t parte);
-    void ScriviFraseNegativa(int16_t parte);
-    void ConcludiFrase(int16_t parte);
-    void ComponiFrasePositiva();
-    void ComponiFraseNegativa();
+    void ScriviFraseDi(int16_t parte, bool nega);
     void PresentaFrasi();
     void PresentaFraseUnica();
     void PresentaUnaPerVolta();
@@ -55,7 +48,7 @@ private:
     void ControllaParte();
     void ControllaTutte();
     bool Soddisfatta(int parte);
-    void Sbagliata();
+    bool ChiudiParteSeGiusta();
 
     void PreparaScansione();
     void ProssimoColore();
@@ -64,6 +57,5 @@ private:
     void DeColoraContorno();
 
     Vettore<QString, 8> m_frasi; // the sentence of each part
-    QString FraseComposta;
-    QString ColoreScansione; // RRGGBB
+    QString ColoreScansione;     // RRGGBB
 };

@@ -1,7 +1,5 @@
 #include "exercises/three_buttons.h"
 
-#include "core/sounds.h"
-
 using namespace platform;
 
 TreBottoni::TreBottoni(const DisegnoEsercizio &disegno, const Place &frase, const Place &figura)
@@ -25,13 +23,6 @@ void TreBottoni::Risposta(int indice)
         RispostaEsattaConPuntatore();
     else
         RispostaErrata();
-}
-
-void TreBottoni::RispostaErrata()
-{
-    SuonoErrato();
-    ContaErrato();
-    ScriviPannelloErrati();
 }
 
 void TreBottoni::PreparaScansione()

@@ -1,6 +1,7 @@
 #include "frame/exercise_window.h"
 
 #include "core/profile.h"
+#include "core/sounds.h"
 #include "core/windows.h"
 #include "frame/quick_print.h"
 #include "support/full_screen.h"
@@ -146,6 +147,13 @@ void FinestraEsercizio::ContaEsatto()
 void FinestraEsercizio::ContaErrato()
 {
     Errati = Integer16(Errati + 1);
+}
+
+void FinestraEsercizio::RispostaErrata()
+{
+    SuonoErrato();
+    ContaErrato();
+    ScriviPannelloErrati();
 }
 
 void FinestraEsercizio::ScriviPannelloEsatti()

@@ -87,6 +87,8 @@ protected:
     // One more right or wrong answer; panels are written apart, since their order differs.
     void ContaEsatto();
     void ContaErrato();
+    // What a wrong answer does in every exercise: sound, count, panel 2.
+    void RispostaErrata();
     void ScriviPannelloEsatti();
     void ScriviPannelloErrati();
     void ScriviPannelloLivello();
