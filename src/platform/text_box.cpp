@@ -7,9 +7,11 @@
 #include <QLineEdit>
 #include <QPalette>
 #include <QPlainTextEdit>
+#include <QScopedValueRollback>
 #include <QTextDocument>
 
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 
@@ -30,6 +32,9 @@ TextBox::TextBox(const ControlId &id, const Place &place, Kind kind)
         m_line->setFocusPolicy(Qt::StrongFocus);
         QObject::connect(m_line, &QLineEdit::textEdited, m_line, [this] { Edited(); });
         QObject::connect(m_line, &QLineEdit::textChanged, m_line, changed);
+        const auto remember = [this] { RememberSelection(); };
+        QObject::connect(m_line, &QLineEdit::selectionChanged, m_line, remember);
+        QObject::connect(m_line, &QLineEdit::cursorPositionChanged, m_line, remember);
     } else {
         m_page = static_cast<QPlainTextEdit *>(Widget());
         m_page->setReadOnly(true);
@@ -39,33 +44,78 @@ TextBox::TextBox(const ControlId &id, const Place &place, Kind kind)
     }
 }
 
-// A person's change, before it is told: what came new loses the letters that are refused.
+// The line tells of text first and of its selection after it: at a change this is still the former.
+void TextBox::RememberSelection()
+{
+    m_cursor = m_line->cursorPosition();
+    const bool selected = m_line->hasSelectedText();
+    m_selectionStart = selected ? m_line->selectionStart() : m_cursor;
+    m_selectionEnd = selected ? m_line->selectionEnd() : m_cursor;
+}
+
+// A person's change, before it is told: what was selected gave way to what came.
 void TextBox::Edited()
 {
-    if (!OnKeyPress)
+    m_edited = true;
+    Sift(m_selectionStart, m_selectionEnd);
+}
+
+// Whoever writes from outside gives the whole text: what came is what differs.
+void TextBox::WrittenFromOutside()
+{
+    if (!m_line->isEnabled()) {
+        const QScopedValueRollback byCode(m_byCode, true);
+        m_line->setText(m_known);
         return;
+    }
     const QString text = m_line->text();
-    qsizetype same = 0; // at the end
-    while (same < std::min(text.size(), m_known.size()) &&
-           text.at(text.size() - 1 - same) == m_known.at(m_known.size() - 1 - same) &&
-           text.size() - same > m_line->cursorPosition())
-        ++same;
+    const qsizetype shorter = std::min(text.size(), m_known.size());
     qsizetype start = 0;
-    while (start < std::min(text.size(), m_known.size()) - same &&
-           text.at(start) == m_known.at(start))
+    while (start < shorter && text.at(start) == m_known.at(start))
         ++start;
-    QString kept = text.left(start);
-    for (const QChar letter : text.mid(start, text.size() - same - start))
+    qsizetype end = 0; // counted from behind
+    while (end < shorter - start &&
+           text.at(text.size() - 1 - end) == m_known.at(m_known.size() - 1 - end))
+        ++end;
+    Sift(start, m_known.size() - end);
+}
+
+// Takes the refused letters out of what came between two places of the known text.
+void TextBox::Sift(qsizetype start, qsizetype end)
+{
+    const QString text = m_line->text();
+    const qsizetype behind = m_known.size() - end;
+    const QString came = text.mid(start, text.size() - behind - start);
+    if (!OnKeyPress || came.isEmpty() || text.size() < start + behind)
+        return;
+    QString kept;
+    for (const QChar letter : came)
         if (OnKeyPress(letter))
             kept += letter;
-    if (kept.size() + same == text.size())
+    if (kept == came)
         return;
-    m_line->setText(kept + text.right(same));
-    m_line->setCursorPosition(static_cast<int>(kept.size()));
+    const QScopedValueRollback byCode(m_byCode, true);
+    if (kept.isEmpty()) {
+        // Every one is refused, so it is as if none had come: what was selected still is.
+        const int cursor = m_cursor;
+        const int from = m_selectionStart;
+        const int to = m_selectionEnd;
+        m_line->setText(m_known);
+        m_line->setCursorPosition(cursor);
+        if (from != to && cursor == from)
+            m_line->setSelection(to, from - to);
+        else if (from != to)
+            m_line->setSelection(from, to - from);
+        return;
+    }
+    m_line->setText(text.left(start) + kept + text.right(behind));
+    m_line->setCursorPosition(static_cast<int>(start + kept.size()));
 }
 
 void TextBox::Changed()
 {
+    if (!m_byCode && !std::exchange(m_edited, false) && m_line != nullptr)
+        WrittenFromOutside();
     // A text that lost its refused letters comes twice.
     if (Text() == m_known)
         return;
@@ -90,6 +140,7 @@ void TextBox::SetText(const QString &text)
 {
     if (text == Text())
         return;
+    const QScopedValueRollback byCode(m_byCode, true);
     if (m_line != nullptr)
         m_line->setText(text);
     else

@@ -18,7 +18,8 @@ public:
     void SetText(const QString &text);
 
     std::function<void()> OnChange;
-    // False drops a letter that a person types, pastes or drops; code writes what it likes.
+    // False drops a letter that a person types, pastes or drops, or that an aid to reading writes;
+    // where all are dropped nothing changes. Code writes what it likes.
     std::function<bool(QChar letter)> OnKeyPress;
 
 protected:
@@ -28,10 +29,19 @@ protected:
 private:
     void ShowPage(const QString &text);
     void FitFont();
+    void RememberSelection();
     void Edited();
+    void WrittenFromOutside();
+    void Sift(qsizetype start, qsizetype end);
     void Changed();
 
     QString m_known; // the text of the last Change
+    // Of that text; without a selection both ends are where letters go in.
+    int m_selectionStart = 0;
+    int m_selectionEnd = 0;
+    int m_cursor = 0;
+    bool m_byCode = false;
+    bool m_edited = false; // by a person, and not told yet
     QLineEdit *m_line = nullptr;
     QPlainTextEdit *m_page = nullptr;
     QString m_text; // of a page, with its line breaks as given: CR LF
