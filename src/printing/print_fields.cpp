@@ -2,6 +2,8 @@
 
 #include "platform/host.h"
 
+#include <utility>
+
 using namespace platform;
 
 CampiStampa Stampa;
@@ -9,6 +11,16 @@ CampiStampa Stampa;
 void AzzeraStampa()
 {
     Stampa = {};
+}
+
+void RicominciaStampa()
+{
+    CampiStampa nuovi;
+    nuovi.NomeStampante = Stampa.NomeStampante;
+    nuovi.NumeroCopie = Stampa.NumeroCopie;
+    nuovi.DevMode = Stampa.DevMode;
+    nuovi.hStampante = Stampa.hStampante;
+    Stampa = std::move(nuovi);
 }
 
 void ErroreStampa(const QString &routine, const QString &testo)

@@ -1,5 +1,5 @@
-// What the print engine and its dialog share. All of it outlives the dialog; margins and sizes are
-// written anew at each opening.
+// What the print engine and its dialog share. Printer, copies and the driver's record outlive the
+// dialog; all else starts anew at each opening.
 #pragma once
 
 #include "platform/form.h"
@@ -56,6 +56,8 @@ extern CampiStampa Stampa;
 
 // Back to process start; for tests.
 void AzzeraStampa();
+// A new opening, of the set-up of a printer too.
+void RicominciaStampa();
 
 // The critical box of a routine of the print form.
 void ErroreStampa(const QString &routine, const QString &testo);

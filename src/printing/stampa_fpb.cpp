@@ -103,6 +103,7 @@ bool PrendiOggetto(const RichiestaStampa &richiesta, FrmStampa &dialogo)
 
 void StampaFPB(const RichiestaStampa &richiesta)
 {
+    RicominciaStampa();
     if (Stampa.NomeStampante.isEmpty() && !OpenDocPrinter(Stampa.NomeStampante))
         return;
     const bool conOggetto = !std::holds_alternative<std::monostate>(richiesta.Oggetto);
