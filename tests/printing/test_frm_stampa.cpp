@@ -7,10 +7,17 @@
 #include "support/exercise_fixture.h"
 #include "support/registered_tests.h"
 
+#include <QAccessible>
+#include <QClipboard>
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
 #include <QLineEdit>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 #include <memory>
 
@@ -89,6 +96,58 @@ void Type(TextBox &box, const QString &keys)
     QTest::keyClicks(line, keys);
 }
 
+// A variable of the environment, for a while.
+class ScopedVariable {
+public:
+    ScopedVariable(const char *name, const QByteArray &value)
+        : m_name(name), m_set(qEnvironmentVariableIsSet(name)), m_former(qgetenv(name))
+    {
+        qputenv(name, value);
+    }
+    ~ScopedVariable()
+    {
+        if (m_set)
+            qputenv(m_name, m_former);
+        else
+            qunsetenv(m_name);
+    }
+    ScopedVariable(const ScopedVariable &) = delete;
+    ScopedVariable &operator=(const ScopedVariable &) = delete;
+
+private:
+    const char *m_name;
+    bool m_set;
+    QByteArray m_former;
+};
+
+// Names of the files that are made in a folder, also of those that are gone again.
+class NewFiles {
+public:
+    explicit NewFiles(const QString &folder) : m_watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+    {
+        inotify_add_watch(m_watch, folder.toLocal8Bit().constData(), IN_CREATE | IN_MOVED_TO);
+    }
+    ~NewFiles() { close(m_watch); }
+    NewFiles(const NewFiles &) = delete;
+    NewFiles &operator=(const NewFiles &) = delete;
+
+    QStringList Take() const
+    {
+        QStringList names;
+        alignas(inotify_event) char buffer[4096];
+        for (ssize_t read = 0; (read = ::read(m_watch, buffer, sizeof buffer)) > 0;)
+            for (ssize_t at = 0; at < read;) {
+                const auto *event = reinterpret_cast<const inotify_event *>(buffer + at);
+                names << QString::fromLocal8Bit(event->name);
+                at += static_cast<ssize_t>(sizeof *event + event->len);
+            }
+        return names;
+    }
+
+private:
+    int m_watch;
+};
+
 QImage Preview(const FrmStampa &dialog)
 {
     return dialog.picPreview.Widget()->grab().toImage();
@@ -166,6 +225,38 @@ private Q_SLOTS:
         desk.Open([&](FrmStampa &dialog) {
             QCOMPARE(dialog.cboPrinterNames.Text(), QStringLiteral("Seconda"));
         });
+    }
+
+    void setUpModeKnowsNothingOfAnEarlierPrint()
+    {
+        Desk desk;
+        RichiestaStampa request = desk.Request();
+        request.X = 180; // off the sheet
+        request.W = 90;
+        request.H = 60;
+        desk.Open(request, [&](FrmStampa &dialog) {
+            dialog.txtNCopies.SetText(QStringLiteral("3"));
+            dialog.Window()->close(); // gives nothing back
+        });
+        desk.Open({}, [&](FrmStampa &dialog) {
+            QCOMPARE(QStringList({dialog.txtPrX.Text(), dialog.txtPrY.Text(), dialog.txtPrW.Text(),
+                                  dialog.txtPrH.Text()}),
+                     QStringList({{}, {}, {}, {}}));
+            QCOMPARE((QList<int>{Stampa.MargineX, Stampa.MargineY, Stampa.StampaW, Stampa.StampaH}),
+                     (QList<int>{0, 0, 0, 0}));
+            QCOMPARE(Stampa.Rapporto, 0.0F);
+            QCOMPARE(Stampa.LarghezzaOrigine, 0.0F);
+            QCOMPARE(Stampa.TitoloStampa, QString());
+            dialog.chkCentro.SetValue(true);
+            QCOMPARE(Stampa.MargineX, 100); // half of the sheet, for nothing to print
+            QVERIFY(!dialog.lblFuoriFoglio.Visible());
+            // What outlives the dialog.
+            QCOMPARE(Stampa.NomeStampante, QStringLiteral("Prima"));
+            QCOMPARE(Stampa.NumeroCopie, 3);
+            QCOMPARE(Stampa.DevMode.Orientation, int16_t{1});
+            QVERIFY(Stampa.hStampante != 0);
+        });
+        QCOMPARE(desk.Host.Printer.OpenPrinters, 1);
     }
 
     void ofEqualNamesTheLastIsChosenAndOfNoneTheFirst()
@@ -350,7 +441,9 @@ private Q_SLOTS:
         RichiestaStampa request = desk.Request();
         request.Oggetto = static_cast<Control *>(desk.Picture.get());
         request.Titolo.reset();
-        const QStringList before = QDir::temp().entryList({QStringLiteral("Fra*")});
+        const QTemporaryDir folder;
+        const ScopedVariable temporary("TMPDIR", folder.path().toLocal8Bit());
+        const NewFiles files(folder.path());
         desk.Open(request, [&](FrmStampa &dialog) {
             QVERIFY(!desk.Picture->LoadedPicture().isNull());
             QCOMPARE(Stampa.TitoloStampa, QStringLiteral("Picture1"));
@@ -359,7 +452,10 @@ private Q_SLOTS:
             QVERIFY(IsPaper(image, 1, 1));
             dialog.cmdStampa.OnClick();
         });
-        QCOMPARE(QDir::temp().entryList({QStringLiteral("Fra*")}), before);
+        const QStringList made = files.Take();
+        QCOMPARE(made.size(), qsizetype{1});
+        QVERIFY2(made.first().startsWith(QStringLiteral("Fra")), qPrintable(made.first()));
+        QVERIFY(QDir(folder.path()).isEmpty());
         QCOMPARE(desk.Host.Printer.Documents.size(), qsizetype{1});
         QVERIFY(desk.Host.Printer.Documents.first().Ended);
     }
@@ -437,6 +533,109 @@ private Q_SLOTS:
         });
     }
 
+    void aRefusedKeyLeavesTheNumberAndItsSelection()
+    {
+        Desk desk;
+        desk.Open([&](FrmStampa &dialog) {
+            for (TextBox *field : {&dialog.txtPrX, &dialog.txtPrY, &dialog.txtPrW, &dialog.txtPrH,
+                                   &dialog.txtNCopies}) {
+                field->SetText(QStringLiteral("100"));
+                auto *line = static_cast<QLineEdit *>(field->Widget());
+                int changes = 0;
+                const auto change = field->OnChange;
+                field->OnChange = [&] { ++changes; };
+                line->setFocus();
+                DoEvents();
+                line->selectAll();
+                for (const Qt::Key key : {Qt::Key_X, Qt::Key_Minus, Qt::Key_Space}) {
+                    QTest::keyClick(line, key);
+                    QCOMPARE(field->Text(), QStringLiteral("100"));
+                    QCOMPARE(line->selectedText(), QStringLiteral("100"));
+                    QCOMPARE(changes, 0);
+                }
+                // Part of it, selected from its end to its start.
+                line->setSelection(3, -2);
+                QTest::keyClick(line, Qt::Key_X);
+                QCOMPARE(field->Text(), QStringLiteral("100"));
+                QCOMPARE(line->selectedText(), QStringLiteral("00"));
+                QCOMPARE(line->cursorPosition(), 1);
+                field->OnChange = change;
+                QTest::keyClick(line, Qt::Key_2);
+                QCOMPARE(field->Text(), QStringLiteral("12"));
+                // Within the number, with nothing selected.
+                line->setCursorPosition(1);
+                QTest::keyClick(line, Qt::Key_X);
+                QCOMPARE(line->cursorPosition(), 1);
+                QTest::keyClick(line, Qt::Key_5);
+                QCOMPARE(field->Text(), QStringLiteral("152"));
+                QTest::keyClick(line, Qt::Key_Backspace);
+                QCOMPARE(field->Text(), QStringLiteral("12"));
+            }
+            QCOMPARE(Stampa.NumeroCopie, 12);
+        });
+    }
+
+    void whatAnAidWritesIsSiftedLikeKeys()
+    {
+        Desk desk;
+        desk.Open([&](FrmStampa &dialog) {
+            dialog.chkProporzioni.SetValue(false);
+            for (TextBox *field : {&dialog.txtPrX, &dialog.txtPrY, &dialog.txtPrW, &dialog.txtPrH,
+                                   &dialog.txtNCopies}) {
+                field->SetText(QStringLiteral("100"));
+                QAccessibleInterface *aid = QAccessible::queryAccessibleInterface(field->Widget());
+                QVERIFY(aid->editableTextInterface() != nullptr);
+                aid->editableTextInterface()->replaceText(0, 3, QStringLiteral("-4a2"));
+                QCOMPARE(field->Text(), QStringLiteral("42"));
+                aid->setText(QAccessible::Value, QStringLiteral("quaranta"));
+                QCOMPARE(field->Text(), QStringLiteral("42"));
+                aid->editableTextInterface()->insertText(1, QStringLiteral("x3"));
+                QCOMPARE(field->Text(), QStringLiteral("432"));
+                aid->editableTextInterface()->deleteText(0, 1);
+                QCOMPARE(field->Text(), QStringLiteral("32"));
+                aid->setText(QAccessible::Value, {});
+                QVERIFY(field->Text().size() <= 1); // a size takes its nearest end
+                aid->setText(QAccessible::Value, QStringLiteral("17"));
+                QCOMPARE(field->Text(), QStringLiteral("17"));
+            }
+            QCOMPARE(Stampa.MargineX, 17);
+            QCOMPARE(Stampa.StampaH, 17);
+            QCOMPARE(Stampa.NumeroCopie, 17);
+            // What keys cannot reach an aid cannot reach either.
+            dialog.chkCentro.SetValue(true);
+            const QString centred = dialog.txtPrX.Text();
+            QAccessible::queryAccessibleInterface(dialog.txtPrX.Widget())
+                ->setText(QAccessible::Value, QStringLiteral("5"));
+            QCOMPARE(dialog.txtPrX.Text(), centred);
+            // The minus that only the arrows write stays when an aid writes behind it.
+            dialog.chkCentro.SetValue(false);
+            dialog.txtPrX.SetText(QStringLiteral("-1"));
+            QAccessible::queryAccessibleInterface(dialog.txtPrX.Widget())
+                ->editableTextInterface()
+                ->insertText(2, QStringLiteral("2-"));
+            QCOMPARE(dialog.txtPrX.Text(), QStringLiteral("-12"));
+        });
+    }
+
+    void pastedNumbersReplaceWhatIsSelectedWithTheirDigits()
+    {
+        Desk desk;
+        desk.Open([&](FrmStampa &dialog) {
+            auto *line = static_cast<QLineEdit *>(dialog.txtPrX.Widget());
+            const auto paste = [&](const char *text) {
+                QGuiApplication::clipboard()->setText(QString::fromLatin1(text));
+                line->selectAll();
+                QTest::keyClick(line, Qt::Key_V, Qt::ControlModifier);
+                return dialog.txtPrX.Text();
+            };
+            QCOMPARE(paste("1x2"), QStringLiteral("12"));
+            QCOMPARE(paste("1x"), QStringLiteral("1"));
+            QCOMPARE(paste("abc"), QStringLiteral("1"));
+            QCOMPARE(line->selectedText(), QStringLiteral("1"));
+            QCOMPARE(paste("-30 mm"), QStringLiteral("30"));
+        });
+    }
+
     void fieldsTakeTheNearestEnd()
     {
         Desk desk;
@@ -476,6 +675,50 @@ private Q_SLOTS:
             dialog.txtPrW.SetText(QStringLiteral("2"));
             dialog.updPrW.Down();
             QCOMPARE(Stampa.StampaW, 2);
+        });
+    }
+
+    void everyArrowStopsAtTheEndsOfItsField()
+    {
+        Desk desk;
+        desk.Open([&](FrmStampa &dialog) {
+            dialog.chkProporzioni.SetValue(false);
+            struct Row {
+                TextBox &Field;
+                UpDown &Arrows;
+                int Min;
+                int Max;
+            };
+            for (const Row &row :
+                 std::initializer_list<Row>{{dialog.txtPrX, dialog.updPrX, -2000, 2000},
+                                            {dialog.txtPrY, dialog.updPrY, -2000, 2000},
+                                            {dialog.txtPrW, dialog.updPrW, 2, 2000},
+                                            {dialog.txtPrH, dialog.updPrH, 2, 2000},
+                                            {dialog.txtNCopies, dialog.updNCopies, 1, 100}}) {
+                const QList<QToolButton *> buttons =
+                    row.Arrows.Widget()->findChildren<QToolButton *>();
+                QCOMPARE(buttons.size(), qsizetype{2});
+                for (QToolButton *button : buttons) {
+                    const bool up = button->arrowType() == Qt::UpArrow;
+                    const int end = up ? row.Max : row.Min;
+                    const int step = up ? 1 : -1;
+                    row.Field.SetText(QString::number(end - 2 * step));
+                    QStringList seen;
+                    for (int press = 0; press < 3; ++press) {
+                        QTest::mouseClick(button, Qt::LeftButton);
+                        seen << row.Field.Text();
+                    }
+                    QCOMPARE(seen, QStringList({QString::number(end - step), QString::number(end),
+                                                QString::number(end)}));
+                }
+            }
+            // A field that stands outside of them comes in at the nearest end.
+            dialog.txtNCopies.SetText(QStringLiteral("500"));
+            dialog.updNCopies.Down();
+            QCOMPARE(Stampa.NumeroCopie, 100);
+            dialog.txtNCopies.SetText({});
+            dialog.updNCopies.Down();
+            QCOMPARE(Stampa.NumeroCopie, 1);
         });
     }
 
