@@ -1,12 +1,11 @@
-// The menu: its items, the light, scanning, players and languages, and the two ways it ends.
-#include "menu/form_menu.h"
+// The menu: its items, the light of the pointer, languages, and the ways out of it.
+#include "menu/menu_player.h"
 
-#include "exercises/exercise_table.h"
 #include "exercises/form_es1.h"
 #include "language/language.h"
 #include "platform/application.h"
+#include "platform/errors.h"
 #include "support/cls_resize.h"
-#include "support/exercise_fixture.h"
 #include "support/registered_tests.h"
 
 #include <QDir>
@@ -17,50 +16,6 @@
 #include <utility>
 
 using namespace platform;
-
-namespace {
-
-const QString Settings = QStringLiteral("ImpostazioniProgrammiTesmi/morlenekvt/");
-
-// A player at the menu.
-class MenuPlayer : public Player {
-public:
-    MenuPlayer()
-    {
-        RegistraEsercizi();
-        QDir().mkpath(Host.Drive.filePath(Settings));
-    }
-
-    FormMenu &OpenMenu()
-    {
-        auto *menu = new FormMenu;
-        menu->Show();
-        QCoreApplication::processEvents();
-        Host.TakeEvents();
-        return *menu;
-    }
-
-    // Saves the settings in force as the profile of a player.
-    void Save(const QString &name)
-    {
-        const QString file = FileUtente;
-        FileUtente = QStringLiteral("C:\\ImpostazioniProgrammiTesmi\\morlenekvt\\") + name +
-                     QStringLiteral(".ini");
-        SalvaImpostazioni();
-        FileUtente = file;
-    }
-};
-
-QList<int> Lit(const FormMenu &menu)
-{
-    QList<int> lit;
-    for (Label &item : menu.Command1)
-        if (item.BackColor() == ToColor(ColorePulsantiSelezionati))
-            lit << item.Index();
-    return lit;
-}
-
-} // namespace
 
 class TestFormMenu : public QObject {
     Q_OBJECT
@@ -106,7 +61,6 @@ private Q_SLOTS:
     void theSizeOfTheCaptionsFollowsTheWidthOfAnItem()
     {
         MenuPlayer player;
-        DimensioneFont = 72; // has no influence here
         double last = 0;
         for (const ScreenSize size :
              {ScreenSize{1024, 768}, {1366, 768}, {1920, 1080}, {3840, 2160}}) {
@@ -115,12 +69,44 @@ private Q_SLOTS:
             const double points = menu.Command1(0).Font().Size;
             QVERIFY(points >= 14);
             QVERIFY(points >= last);
+            for (const Label &item : menu.Command1)
+                QCOMPARE(item.Font().Size, points);
             QVERIFY(menu.LabelDimensionaFont.Width() >= menu.Command1(0).Width());
             QCOMPARE(menu.Combo1.Font().Size, std::max(14.0, points - 10));
             last = points;
             DropForms();
         }
         QVERIFY(last > 20);
+    }
+
+    void theSizeOfTheSentencesHasNoInfluenceOnTheCaptions()
+    {
+        MenuPlayer player;
+        QSet<double> sizes;
+        for (const int points : {8, 24, 72}) {
+            DimensioneFont = Integer16(points);
+            const FormMenu &menu = player.OpenMenu();
+            sizes << menu.Command1(0).Font().Size;
+            DropForms();
+        }
+        QCOMPARE(sizes.size(), 1);
+        // Neither the smallest nor the largest of them.
+        QVERIFY(*sizes.begin() > 14);
+        QVERIFY(*sizes.begin() < 72);
+    }
+
+    void aVeryNarrowItemKeepsTheSmallestSize()
+    {
+        MenuPlayer player;
+        FormMenu &menu = player.OpenMenu();
+        QVERIFY(menu.Command1(0).Font().Size > 14);
+        for (const double width : {100.0, 15.0, 0.0}) {
+            menu.Command1(0).SetWidth(width);
+            menu.ImpostaUtente();
+            for (const Label &item : menu.Command1)
+                QCOMPARE(item.Font().Size, 14.0);
+            QCOMPARE(menu.Combo1.Font().Size, 14.0);
+        }
     }
 
     void aClickStartsTheExerciseWithItsTitleInTheLog_data()
@@ -174,6 +160,63 @@ private Q_SLOTS:
         QCOMPARE(Form::Find(QStringLiteral("FormMenu")), &menu);
     }
 
+    void aDocumentThatCannotBeOpenedIsNoMatterAndTheMenuStays()
+    {
+        MenuPlayer player;
+        player.Host.DocumentError = FileNotFound;
+        FormMenu &menu = player.OpenMenu();
+        ClickInMenuBar(menu, QStringLiteral("mnuDocum"));
+        // No box, which the host would not have foreseen.
+        QCOMPARE(player.Host.FatalNumber, 0);
+        QCOMPARE(Form::Find(QStringLiteral("FormMenu")), &menu);
+    }
+
+    void anEntryOfTheMenuBarOpensItsWindowAndTheMenuGoes_data()
+    {
+        QTest::addColumn<QString>("entry");
+        QTest::addColumn<QString>("window");
+        QTest::newRow("configuration") << "mnuConfigura"
+                                       << "FormConfigura";
+        QTest::newRow("exercises done") << "mnuEserciziEseguiti"
+                                        << "FormEserciziEseguiti";
+        QTest::newRow("about") << "mnuAbout"
+                               << "FormInfo";
+    }
+
+    void anEntryOfTheMenuBarOpensItsWindowAndTheMenuGoes()
+    {
+        QFETCH(QString, entry);
+        QFETCH(QString, window);
+        // The menu bar is the adult's, in every mode.
+        for (const int mode : {0, 1, 2, 3}) {
+            MenuPlayer player;
+            SalvaUtente = true;
+            ModoInput = Integer16(mode);
+            FormMenu &menu = player.OpenMenu();
+            ClickInMenuBar(menu, entry);
+            QVERIFY(Form::Find(window) != nullptr);
+            QVERIFY(Form::Find(QStringLiteral("FormMenu")) == nullptr);
+            QVERIFY(!player.Host.Ended);
+            // Only the configuration takes long.
+            const auto hourglass =
+                player.Host.TakeEvents().indexOf(QStringLiteral("FormMenu.MousePointer=11"));
+            QCOMPARE(hourglass, entry == QStringLiteral("mnuConfigura") ? 0 : -1);
+        }
+    }
+
+    void withoutALogThereIsNoEntryForIt()
+    {
+        MenuPlayer player;
+        SalvaUtente = false;
+        FormMenu &menu = player.OpenMenu();
+        QStringList shown;
+        for (const QAction *entry : menu.MenuBar()->actions())
+            if (entry->isVisible())
+                shown << entry->objectName();
+        QCOMPARE(shown, QStringList({QStringLiteral("mnuConfigura"), QStringLiteral("mnuInfo"),
+                                     QStringLiteral("mnuLanguages")}));
+    }
+
     void oneRowStaysEmptyBetweenTwoExercises()
     {
         MenuPlayer player;
@@ -198,6 +241,19 @@ private Q_SLOTS:
         QCOMPARE(player.Host.DriveFile(Settings + QStringLiteral("_predefinito.INI")).count('\n'),
                  43);
         QVERIFY(Ridimensionatore == nullptr);
+    }
+
+    void aSaveThatFailsAtTheEndIsTold()
+    {
+        MenuPlayer player;
+        FormMenu &menu = player.OpenMenu();
+        QDir().mkpath(player.Host.Drive.filePath(Settings + QStringLiteral("_predefinito.INI")));
+        Guarded([&] { menu.Command1.OnClick(8); });
+        QCOMPARE(player.Host.FatalNumber, static_cast<int>(PathFileAccess));
+        QVERIFY2(player.Host.FatalText.contains(QStringLiteral("_predefinito.INI")),
+                 qPrintable(player.Host.FatalText));
+        // Not as if all were well.
+        QVERIFY(!player.Host.Ended);
     }
 
     void theWindowsOwnEndSavesNothing()
@@ -241,171 +297,14 @@ private Q_SLOTS:
         QCOMPARE(Lit(menu), QList<int>());
     }
 
-    // --- Scanning ---
-
-    void modeOneLightsTheFirstItemAtOnceAndGoesRound()
-    {
-        MenuPlayer player;
-        ModoInput = 1;
-        const FormMenu &menu = player.OpenMenu();
-        QCOMPARE(Lit(menu), QList<int>{0});
-        for (int step = 1; step <= 9; ++step) {
-            PressAndRelease(menu.PictureScansioneManuale, Qt::Key_Space);
-            QCOMPARE(Lit(menu), QList<int>{step % 9});
-        }
-        PressAndRelease(menu.PictureScansioneManuale, Qt::Key_Right);
-        QCOMPARE(Lit(menu), QList<int>{0});
-    }
-
-    void modeThreeWalksTheOneLineOfItems()
-    {
-        MenuPlayer player;
-        ModoInput = 3;
-        FormMenu &menu = player.OpenMenu();
-        QCOMPARE(Lit(menu), QList<int>{0});
-        PressAndRelease(menu.PictureScansioneManuale, Qt::Key_Left);
-        QCOMPARE(Lit(menu), QList<int>{8});
-        PressAndRelease(menu.PictureScansioneManuale, Qt::Key_Down);
-        for (int step = 1; step <= 3; ++step)
-            PressAndRelease(menu.PictureScansioneManuale, Qt::Key_Down);
-        QCOMPARE(Lit(menu), QList<int>{3});
-        PressAndRelease(menu.PictureScansioneManuale, Qt::Key_Down);
-        QCOMPARE(Lit(menu), QList<int>{4});
-        PressAndRelease(menu.PictureScansioneManuale, Qt::Key_Up);
-        QCOMPARE(Lit(menu), QList<int>{3});
-        PressAndRelease(menu.PictureScansioneManuale, Qt::Key_Space);
-        QCOMPARE(Lit(menu), QList<int>{3});
-        menu.PosizioneScansione = 8;
-        PressAndRelease(menu.PictureScansioneManuale, Qt::Key_Return);
-        QVERIFY(player.Host.Ended);
-        QVERIFY(player.Host.DriveHas(Settings + QStringLiteral("_predefinito.INI")));
-    }
-
-    void modeTwoLightsItemOneFirstAndChoosesOnTheRelease()
-    {
-        MenuPlayer player;
-        player.Host.Seed(1);
-        ModoInput = 2;
-        VelocitaScansione = 1;
-        const FormMenu &menu = player.OpenMenu();
-        QCOMPARE(Lit(menu), QList<int>());
-        player.Host.Advance(249);
-        QCOMPARE(Lit(menu), QList<int>());
-        player.Host.Advance(1);
-        QCOMPARE(Lit(menu), QList<int>{1});
-        player.Host.Advance(250 * 8);
-        QCOMPARE(Lit(menu), QList<int>{0});
-        QTest::keyPress(menu.PictureScansioneAutomatica.Widget(), Qt::Key_Space);
-        QVERIFY(Form::Find(QStringLiteral("FormEs1")) == nullptr);
-        // A held switch does not stop the menu's timer.
-        player.Host.Advance(250 * 9);
-        QCOMPARE(Lit(menu), QList<int>{0});
-        QTest::keyRelease(menu.PictureScansioneAutomatica.Widget(), Qt::Key_Space);
-        QVERIFY(Form::Find(QStringLiteral("FormEs1")) != nullptr);
-    }
-
-    void withoutAMouseClicksOnItemsDoNothing()
-    {
-        MenuPlayer player;
-        ModoInput = 1;
-        const FormMenu &menu = player.OpenMenu();
-        ClickOn(menu.Command1(0));
-        MoveOver(menu.Command1(4));
-        QCOMPARE(NumeroEserciziEseguiti, int16_t{0});
-        QCOMPARE(Lit(menu), QList<int>{0});
-    }
-
-    void withAMouseKeysDoNothing()
+    void anErrorUnderThePointerIsLeftQuietly()
     {
         MenuPlayer player;
         const FormMenu &menu = player.OpenMenu();
-        PressAndRelease(menu.PictureScansioneManuale, Qt::Key_Space);
-        PressAndRelease(menu.PictureScansioneAutomatica, Qt::Key_Space);
-        PressAndRelease(menu.PictureScansioneManuale, Qt::Key_Return);
-        QCOMPARE(Lit(menu), QList<int>());
-        QCOMPARE(NumeroEserciziEseguiti, int16_t{0});
-    }
-
-    // --- Players ---
-
-    void theListShowsOnlyWhenThereIsAChoice()
-    {
-        MenuPlayer player;
-        QVERIFY(!player.OpenMenu().Combo1.Visible());
-        DropForms();
-        player.Save(QStringLiteral("_predefinito"));
-        const FormMenu &one = player.OpenMenu();
-        QCOMPARE(one.Combo1.ListCount(), 1);
-        QVERIFY(!one.Combo1.Visible());
-        DropForms();
-        player.Save(QStringLiteral("anna"));
-        const FormMenu &two = player.OpenMenu();
-        QVERIFY(two.Combo1.Visible());
-        QCOMPARE(two.Combo1.Text(), QStringLiteral("_predefinito"));
-    }
-
-    void choosingByCodeSavesAndReadsTheProfileBack()
-    {
-        MenuPlayer player;
-        player.Save(QStringLiteral("_predefinito"));
-        ModoInput = 0;
-        DimensioneFont = 31;
-        NumeroEserciziEseguiti = 3;
-        EserciziEseguiti(1, 0) = QStringLiteral("x");
-        player.OpenMenu();
-        QVERIFY(player.Host.DriveFile(Settings + QStringLiteral("_predefinito.ini"))
-                    .contains("\r\n 31 \r\n"));
-        QCOMPARE(EserciziEseguiti(1, 0), QStringLiteral("x"));
-        QCOMPARE(NumeroEserciziEseguiti, int16_t{3});
-    }
-
-    void anotherPlayerDropsTheLogAndDressesTheMenu()
-    {
-        MenuPlayer player;
-        player.Save(QStringLiteral("_predefinito"));
-        ModoInput = 2;
-        SalvaUtente = true;
-        player.Save(QStringLiteral("anna"));
-        ModoInput = 0;
-        SalvaUtente = false;
-        FormMenu &menu = player.OpenMenu();
-        QVERIFY(!menu.mnuEserciziEseguiti.Visible());
-        NumeroEserciziEseguiti = 10;
-        for (int row = 0; row <= 10; ++row)
-            EserciziEseguiti(row, 0) = QStringLiteral("x");
-        menu.Combo1.SetListIndex(1);
-        QCOMPARE(NomeUtente, QStringLiteral("anna"));
-        QCOMPARE(NumeroEserciziEseguiti, int16_t{0});
-        for (int row = 0; row <= 10; ++row)
-            QCOMPARE(EserciziEseguiti(row, 0), QString());
-        QCOMPARE(ModoInput, int16_t{2});
-        QVERIFY(menu.Timer1.Enabled());
-        QVERIFY(menu.mnuEserciziEseguiti.Visible());
-    }
-
-    void capitalsShowNamesInCapitalsAndStillFindTheFile()
-    {
-        MenuPlayer player;
-        TipoCarattere = QStringLiteral("maiuscolo");
-        player.Save(QStringLiteral("_predefinito"));
-        player.Save(QStringLiteral("anna"));
-        FormMenu &menu = player.OpenMenu();
-        QCOMPARE(menu.Combo1.List(1), QStringLiteral("ANNA"));
-        menu.Combo1.SetListIndex(1);
-        QCOMPARE(NomeUtente, QStringLiteral("ANNA"));
-        QCOMPARE(TipoCarattere, QStringLiteral("maiuscolo"));
-        menu.Combo1.SetListIndex(0);
-        // No second file that differs only in case.
-        QCOMPARE(QDir(player.Host.Drive.filePath(Settings)).entryList(QDir::Files),
-                 QStringList({QStringLiteral("_predefinito.ini"), QStringLiteral("anna.ini")}));
-    }
-
-    void aFolderThatEndsInIniIsListedLikeAPlayer()
-    {
-        MenuPlayer player;
-        player.Save(QStringLiteral("_predefinito"));
-        QDir().mkpath(player.Host.Drive.filePath(Settings + QStringLiteral("zoo.ini")));
-        QCOMPARE(player.OpenMenu().Combo1.ListCount(), 2);
+        // No colour has a number that large.
+        ColorePulsantiSelezionati = 1e12;
+        MoveOver(menu.Image1(1));
+        QCOMPARE(player.Host.FatalNumber, 0);
     }
 
     // --- Languages ---

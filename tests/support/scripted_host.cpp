@@ -1,5 +1,6 @@
 #include "support/scripted_host.h"
 
+#include "platform/errors.h"
 #include "platform/form.h"
 
 #include <QCoreApplication>
@@ -170,8 +171,10 @@ BoxAnswer ScriptedHost::MessageBox(const Box &box)
     return expected.Answer;
 }
 
-QString ScriptedHost::InputBox(const QString &prompt, const QString &, const QString &)
+QString ScriptedHost::InputBox(const QString &prompt, const QString &title, const QString &proposal)
 {
+    LastInputTitle = title;
+    LastInputProposal = proposal;
     Events << QStringLiteral("input ") + prompt;
     if (m_boxes.isEmpty() || m_boxes.first().Text != prompt) {
         QTest::qFail(qPrintable(QStringLiteral("a question that was not foreseen: ") + prompt),
@@ -246,6 +249,13 @@ void ScriptedHost::PlaySound(const QString &nativePath)
 {
     const QFileInfo file(nativePath);
     Events << QStringLiteral("suono %1/%2").arg(file.dir().dirName(), file.fileName());
+}
+
+void ScriptedHost::OpenDocument(const QString &nativePath)
+{
+    OpenedDocuments << nativePath;
+    if (DocumentError != 0)
+        throw RunTimeError(DocumentError, nativePath);
 }
 
 bool ScriptedHost::RegisterFont(const QString &nativePath)

@@ -63,7 +63,10 @@ public:
     QString FatalText;
     QStringList RegisteredFonts;
     QStringList OpenedDocuments;
+    int DocumentError = 0; // raised for every document, 0: none
     platform::FileQuestion LastFileQuestion;
+    QString LastInputTitle;
+    QString LastInputProposal;
     QString TodayNow = QStringLiteral("21/11/2026");
     QTemporaryDir Drive;
     FakePrinting Printer;
@@ -87,7 +90,7 @@ public:
     QString ChooseFile(const platform::FileQuestion &question) override;
     void WaitForModal(platform::Form &form) override;
     void PlaySound(const QString &nativePath) override;
-    void OpenDocument(const QString &nativePath) override { OpenedDocuments << nativePath; }
+    void OpenDocument(const QString &nativePath) override;
     platform::Printing &Printers() override { return Printer; }
     QString DriveRoot() override { return Drive.path() + QLatin1Char('/'); }
     QString ApplicationFolder() override { return Application; }
