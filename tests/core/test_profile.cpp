@@ -14,7 +14,9 @@
 #include <QTest>
 
 #include <clocale>
+#include <csignal>
 #include <memory>
+#include <sys/resource.h>
 #include <unistd.h>
 
 using namespace platform;
@@ -414,6 +416,24 @@ private Q_SLOTS:
         m_host->WriteDriveFile(Folder + QStringLiteral("prova.ini"), QByteArray(100000, 'x'));
         SalvaImpostazioni();
         QCOMPARE(Saved(), ProfileOf(DefaultProfileLines()));
+    }
+
+    void aFullDiskIsAnErrorAndNoOtherFileIsMade()
+    {
+        // A limit on the size of files stands for a disk that is full.
+        rlimit before{};
+        QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
+        rlimit small = before;
+        small.rlim_cur = 100;
+        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &small), 0);
+        const int number = SaveError();
+        ::setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+        QCOMPARE(number, int(DiskFull));
+        const QStringList files = QDir(m_host->Drive.filePath(Folder)).entryList(QDir::Files);
+        QVERIFY2(files.isEmpty() || files == QStringList(QStringLiteral("prova.ini")),
+                 qPrintable(files.join(QLatin1Char(' '))));
     }
 
     void aRefusedNameIsAnErrorAndNoOtherFileIsMade_data()

@@ -1,6 +1,7 @@
 // A settings folder that belongs to somebody else, looked at by an ordinary user.
 #include "core/profile.h"
 #include "core/shared_state.h"
+#include "core/sounds.h"
 #include "core/start.h"
 #include "core/windows.h"
 #include "platform/application.h"
@@ -103,6 +104,71 @@ private Q_SLOTS:
             return Form::Loaded().empty() ? "" : "a window is open";
         });
         QCOMPARE(said, QByteArray());
+    }
+
+    void aFontsFolderWithoutRightsIsLeftSilently()
+    {
+        m_folder->Write(QStringLiteral("indis1.ttf"), "font");
+        QCOMPARE(::chmod(QFile::encodeName(m_folder->Path(QString())).constData(), 0755), 0);
+        QVERIFY(QDir(m_host->Drive.path()).mkpath(QStringLiteral("windows/fonts")));
+        Rights(QStringLiteral("windows"), 0755);
+        Rights(QStringLiteral("windows/fonts"), 0755);
+        Rights(QString(), 01777);
+        const QString font = QStringLiteral("windows/fonts/indis1.ttf");
+        const QByteArray said = AsOrdinaryUser([&]() -> QByteArray {
+            const QByteArray plain = PlainWriteFails(Native(font));
+            if (!plain.isEmpty())
+                return plain;
+            if (!QFile(m_folder->Path(QStringLiteral("indis1.ttf"))).open(QIODevice::ReadOnly))
+                return "the font itself cannot be read";
+            Guarded(Main);
+            if (m_host->FatalNumber != 0)
+                return "fatal " + QByteArray::number(m_host->FatalNumber);
+            if (!m_host->Events.filter(QStringLiteral("box ")).isEmpty())
+                return "a box";
+            return Form::Find(QStringLiteral("FormAvvio")) != nullptr ? "" : "no splash";
+        });
+        QCOMPARE(said, QByteArray());
+        QVERIFY(m_host->DriveHas(Own + QStringLiteral("/dati")));
+        QVERIFY(!m_host->DriveHas(font));
+    }
+
+    void aFolderThatCannotBeLookedIntoIsNotThere()
+    {
+        QVERIFY(QDir(m_host->Drive.path()).mkpath(QStringLiteral("chiusa/dentro")));
+        QVERIFY(EsisteCartella(QStringLiteral("C:\\chiusa\\dentro")));
+        Rights(QStringLiteral("chiusa"), 0700);
+        const QByteArray said = AsOrdinaryUser([]() -> QByteArray {
+            bool there = true;
+            const int number =
+                Skipping([&] { there = EsisteCartella(QStringLiteral("C:\\chiusa\\dentro")); });
+            if (number != 0)
+                return "error " + QByteArray::number(number);
+            return there ? "found after all" : "";
+        });
+        QCOMPARE(said, QByteArray());
+    }
+
+    void aSoundsFolderThatCannotBeListedCountsAsEmpty()
+    {
+        SuoniAttivi = true;
+        m_folder->Write(QStringLiteral("suoni/si/1.wav"), "x");
+        m_folder->Write(QStringLiteral("suoni/si/2.wav"), "x");
+        for (const QString &name : {QString(), QStringLiteral("suoni")})
+            QCOMPARE(::chmod(QFile::encodeName(m_folder->Path(name)).constData(), 0755), 0);
+        const QString folder = m_folder->Path(QStringLiteral("suoni/si"));
+        QCOMPARE(::chmod(QFile::encodeName(folder).constData(), 0700), 0);
+        const QByteArray said = AsOrdinaryUser([&]() -> QByteArray {
+            const QByteArray plain = PlainWriteFails(folder + QStringLiteral("/3.wav"));
+            if (!plain.isEmpty())
+                return plain;
+            m_host->Expect({{0, 0}});
+            const int number = Skipping([] { SuonoEsatto(); });
+            if (number != 0)
+                return "error " + QByteArray::number(number);
+            return m_host->Events.join(QLatin1Char(' ')).toUtf8();
+        });
+        QCOMPARE(said, QByteArray("suono si/1.wav"));
     }
 
     void aProfileOfSomebodyElseIsReadAndNotWritten()

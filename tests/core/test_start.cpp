@@ -243,9 +243,19 @@ private Q_SLOTS:
         QCOMPARE(VelocitaScansione, int16_t(7));
     }
 
-    void withoutALanguageOnlyTheBlanksAreLeft()
+    void withoutTheTextsOnlyTheBlanksAreLeft_data()
     {
-        m_folder->Remove(QStringLiteral("lngmorlene/prova.lng"));
+        QTest::addColumn<bool>("file");
+        QTest::newRow("a language without these keys") << true;
+        QTest::newRow("no language file") << false;
+    }
+    void withoutTheTextsOnlyTheBlanksAreLeft()
+    {
+        QFETCH(bool, file);
+        if (file)
+            m_folder->WriteLanguage("[Strings]\r\n0002=altro\r\n0046=altro\r\n");
+        else
+            m_folder->Remove(QStringLiteral("lngmorlene/prova.lng"));
         m_host->ExpectBox(QString(FontBox).remove(QStringLiteral("Font installato")));
         Main();
         QString all;

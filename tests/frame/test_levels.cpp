@@ -110,6 +110,12 @@ private Q_SLOTS:
         QCOMPARE(child.Form->Livello, int16_t{1});
         QCOMPARE(NumeroEserciziEseguiti, int16_t{1});
         QVERIFY(child.Form->mnuLivelli.Enabled());
+        // Where there is a level to fall from, too.
+        child.Form->mnuLiv.OnClick(3);
+        child.NextTask(0, 5);
+        child.NextTask(40, 0);
+        QCOMPARE(child.Form->Livello, int16_t{3});
+        QCOMPARE(NumeroEserciziEseguiti, int16_t{2});
     }
 
     void theMenuIsDeadWhileLevelsMoveByThemselvesAndItsTickStays()
