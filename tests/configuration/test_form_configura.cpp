@@ -314,8 +314,10 @@ private Q_SLOTS:
         const FormConfigura &window = adult.OpenWindow();
         ClickOn(window.corsivo);
         adult.Host.ExpectFont(FontChoice{QStringLiteral("Verdana"), 30, false, false, false});
-        adult.Host.ExpectBox(MLSTesto(QStringLiteral("0051")) + QLatin1Char('\n') +
-                             MLSTesto(QStringLiteral("0052")));
+        adult.Host.ExpectBox(Box{.Text = MLSTesto(QStringLiteral("0051")) + QLatin1Char('\n') +
+                                         MLSTesto(QStringLiteral("0052")),
+                                 .Title = QStringLiteral("Morlenekvt"),
+                                 .Icon = BoxIcon::Information});
         ClickOn(window.CommandSceltaFont);
         QCOMPARE(FontCorrente, QStringLiteral("Indis1"));
         QCOMPARE(FontScelto, QStringLiteral("Verdana"));
@@ -463,6 +465,9 @@ private Q_SLOTS:
         QCOMPARE(window.Option2(3).Caption(), QStringLiteral("rosa - rosa -  - rosee"));
         QCOMPARE(ColorOf(window, QStringLiteral("porta")), QStringLiteral("FFCC00"));
         QCOMPARE(Colori(2, 0), QStringLiteral("FF0000"));
+        // No name is proposed, not even the one in force.
+        QCOMPARE(adult.Host.LastInputTitle, QStringLiteral("Morlenekvt"));
+        QCOMPARE(adult.Host.LastInputProposal, QString());
     }
 
     void theBackgroundAsksNothing()
@@ -488,6 +493,25 @@ private Q_SLOTS:
         QCOMPARE(Colori(1, 0), QStringLiteral("00FF00"));
         QCOMPARE(window.Option2(1).Caption(), QStringLiteral("verde - verdi - verde - verdi"));
         QCOMPARE(ColorOf(window, QStringLiteral("tetto")), QStringLiteral("00FF00"));
+    }
+
+    void theDefaultColoursLastForThisPlayerAndOnlyAfterLeaving()
+    {
+        Adult adult;
+        Colori(1, 1) = QStringLiteral("turchese");
+        adult.Save(QStringLiteral("anna"));
+        FileUtente = ProfilePath(QStringLiteral("bruno.ini"));
+        NomeUtente = QStringLiteral("bruno");
+        SalvaImpostazioni();
+        FormConfigura &window = adult.OpenWindow();
+        window.TabStrip1.SetSelectedItem(2);
+        ClickOn(window.Command4);
+        QCOMPARE(Colori(1, 1), QStringLiteral("verde"));
+        QVERIFY(adult.Profile(QStringLiteral("bruno")).contains("turchese"));
+        window.mnuEsci.OnClick();
+        QVERIFY(!adult.Profile(QStringLiteral("bruno")).contains("turchese"));
+        QVERIFY(adult.Profile(QStringLiteral("bruno")).contains("\r\nverde\r\nverdi\r\n"));
+        QVERIFY(adult.Profile(QStringLiteral("anna")).contains("turchese"));
     }
 
     // --- Players ---
