@@ -73,7 +73,6 @@ FormEserciziEseguiti::FormEserciziEseguiti()
     OnLoad = [this] { CaricaFinestra(*this); };
     OnResize = RidimensionaFinestra;
     OnActivate = [this] { Attiva(); };
-    OnUnload = [this] { m_resoconto.reset(); };
     mnuSalva.OnClick = [this] { Salva(); };
     mnuApri.OnClick = [this] { Apri(); };
     mnuStampa.OnClick = [this] { StampaTabella(); };
@@ -83,17 +82,14 @@ FormEserciziEseguiti::FormEserciziEseguiti()
     };
 }
 
-FormEserciziEseguiti::~FormEserciziEseguiti() = default;
-
 void FormEserciziEseguiti::Attiva()
 {
     Move(0, 0, ScreenWidth(), ScreenHeight());
     Label1.SetCaption(NomeUtente);
     Label2.SetCaption(MLSTesto(QStringLiteral("0074")) + host().Today());
-    PreparaTabella();
-    // Past its last row the log holds nothing, and the row that the next exercise would take stays
-    // empty.
+    // Leaving the exercise of the log's last row counts one further than the log has rows.
     const int ultima = std::min<int>(NumeroEserciziEseguiti, RigheEserciziEseguiti - 1);
+    PreparaTabella(ultima + 1);
     for (int riga = 1; riga <= ultima; ++riga) {
         MSFlexGrid1.SetTextMatrix(riga, 0, QString::number(riga));
         for (int colonna = 1; colonna < Colonne; ++colonna)
@@ -102,7 +98,7 @@ void FormEserciziEseguiti::Attiva()
     Label3.SetCaption({});
 }
 
-void FormEserciziEseguiti::PreparaTabella()
+void FormEserciziEseguiti::PreparaTabella(int righe)
 {
     MSFlexGrid1.SetCols(Colonne);
     const int parte = static_cast<int>(MSFlexGrid1.Width()) / 24;
@@ -111,7 +107,7 @@ void FormEserciziEseguiti::PreparaTabella()
                                                          : CellAlignment::LeftTop);
         MSFlexGrid1.SetColWidth(colonna, parte * (colonna == 0 ? 1 : colonna == 1 ? 10 : 4));
     }
-    MSFlexGrid1.SetRows(NumeroEserciziEseguiti + 1);
+    MSFlexGrid1.SetRows(righe);
     ScriviIntestazione(QStringLiteral("0075"));
 }
 
@@ -160,12 +156,11 @@ void FormEserciziEseguiti::Apri()
 
 void FormEserciziEseguiti::LeggiFile(const QString &percorso)
 {
-    m_resoconto.reset();
     if (FileLength(percorso) > ByteDiUnResoconto)
         throw RunTimeError(PathFileAccess, percorso);
-    m_resoconto = std::make_unique<RecordReader>(percorso);
+    RecordReader file(percorso);
     LeggiResoconto(
-        *m_resoconto,
+        file,
         [this](QString TitoliResoconto::*quale, const QString &testo) {
             if (quale == &TitoliResoconto::Giocatore)
                 Label1.SetCaption(testo);
@@ -175,7 +170,6 @@ void FormEserciziEseguiti::LeggiFile(const QString &percorso)
                 Label3.SetCaption(testo);
         },
         MSFlexGrid1);
-    m_resoconto.reset();
 }
 
 void FormEserciziEseguiti::StampaTabella()

@@ -8,16 +8,9 @@
 #include "platform/menu.h"
 #include "results/report.h"
 
-#include <memory>
-
-namespace platform {
-class RecordReader;
-}
-
 class FormEserciziEseguiti : public platform::Form {
 public:
     FormEserciziEseguiti();
-    ~FormEserciziEseguiti() override;
 
     platform::Label Label1; // the player
     platform::Label Label2; // heading with the date
@@ -31,14 +24,11 @@ public:
 
 private:
     void Attiva();
-    void PreparaTabella();
+    void PreparaTabella(int righe);
     void ScriviIntestazione(const QString &chiave);
     void Salva();
     void Apri();
     void LeggiFile(const QString &percorso);
     void StampaTabella();
     TitoliResoconto Titoli() const;
-
-    // A report whose opening failed stays open until the next one, or until the window goes.
-    std::unique_ptr<platform::RecordReader> m_resoconto;
 };

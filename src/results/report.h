@@ -31,7 +31,7 @@ void ScriviResoconto(const QString &percorso, const TitoliResoconto &titoli, con
 }
 
 // Fills titles and table as far as the file goes, which is what the window then shows. Any error of
-// the reader, and 380 or 381 of the table.
+// the reader, 380 for a count of rows that no table has, 381 for the column that it lacks.
 template <typename Mostra, typename Tabella>
 void LeggiResoconto(platform::RecordReader &file, Mostra &&mostra, Tabella &tabella)
 {
@@ -39,7 +39,11 @@ void LeggiResoconto(platform::RecordReader &file, Mostra &&mostra, Tabella &tabe
     constexpr int UltimaColonna = 5;
     mostra(&TitoliResoconto::Giocatore, file.Text());
     mostra(&TitoliResoconto::Data, file.Text());
-    tabella.SetRows(platform::RoundToLong(file.Number()));
+    const int righe = platform::RoundToLong(file.Number());
+    // Every report has the header row.
+    if (righe < 1)
+        throw platform::RunTimeError(platform::InvalidPropertyValue);
+    tabella.SetRows(righe);
     for (int riga = 1; riga < tabella.Rows(); ++riga) {
         tabella.SetTextMatrix(riga, 0, QString::number(riga));
         for (int colonna = 1; colonna <= UltimaColonna; ++colonna)

@@ -2,6 +2,7 @@
 // every failure, and the printed page.
 #include "language/language.h"
 #include "platform/files.h"
+#include "platform/printing/printer_font.h"
 #include "results/form_esercizi_eseguiti.h"
 #include "support/as_user.h"
 #include "support/exercise_fixture.h"
@@ -11,9 +12,11 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QFontMetricsF>
 #include <QTest>
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <csignal>
 
 using namespace platform;
@@ -145,9 +148,9 @@ private Q_SLOTS:
             EserciziEseguiti(row, 0) = QString::number(row * 2);
         NumeroEserciziEseguiti = 501; // the last exercise was left
         const FormEserciziEseguiti &log = teacher.OpenLog();
-        QCOMPARE(log.MSFlexGrid1.Rows(), 502);
-        QCOMPARE(log.MSFlexGrid1.TextMatrix(500, 1), QStringLiteral("1000"));
-        QCOMPARE(log.MSFlexGrid1.TextMatrix(501, 1), QString());
+        QCOMPARE(log.MSFlexGrid1.Rows(), 501);
+        QCOMPARE(Row(log.MSFlexGrid1, 500),
+                 (QStringList{QStringLiteral("500"), QStringLiteral("1000"), {}, {}, {}}));
         QCOMPARE(teacher.Host.FatalNumber, 0);
     }
 
@@ -336,49 +339,79 @@ private Q_SLOTS:
         QCOMPARE(log.Label2.Caption(), QStringLiteral("di Prova"));
     }
 
+    // What was read before the fault shows; the log that was open has two rows.
     void whatIsNoReportIsToldAndChangesNothing_data()
     {
         QTest::addColumn<QByteArray>("content");
-        QTest::newRow("empty") << QByteArray();
-        QTest::newRow("one line") << QByteArray("Anna\r\n");
-        QTest::newRow("no number") << QByteArray("Anna\r\nData\r\nmolte\r\n");
-        QTest::newRow("no count") << QByteArray("Anna\r\nData\r\n\r\n");
-        QTest::newRow("a million rows")
-            << "Anna\r\nData\r\n 1000000 \r\n" + QByteArray("x\r\n").repeated(100);
-        QTest::newRow("beyond 32 bits") << QByteArray("Anna\r\nData\r\n 99999999999 \r\n");
-        QTest::newRow("beyond all") << QByteArray("Anna\r\nData\r\n 1e300 \r\n");
-        QTest::newRow("below nought") << QByteArray("Anna\r\nData\r\n-3 \r\nFine\r\n");
-        QTest::newRow("ends in a row") << QByteArray("Anna\r\nData\r\n 3 \r\nuno\r\n2\r\n");
-        QTest::newRow("no last line") << QByteArray("Anna\r\nData\r\n 1 \r\n");
+        QTest::addColumn<int>("rows");
+        QTest::newRow("empty") << QByteArray() << 3;
+        QTest::newRow("one line") << QByteArray("Anna\r\n") << 3;
+        QTest::newRow("no number") << QByteArray("Anna\r\nData\r\nmolte\r\n") << 3;
+        QTest::newRow("no count") << QByteArray("Anna\r\nData\r\n\r\n") << 3;
+        QTest::newRow("more rows than any log")
+            << "Anna\r\nData\r\n 10001 \r\n" + QByteArray("x\r\n").repeated(100) << 3;
+        QTest::newRow("as many rows as can be")
+            << "Anna\r\nData\r\n 10000 \r\n" + QByteArray("x\r\n").repeated(100) << 10000;
+        QTest::newRow("beyond 32 bits") << QByteArray("Anna\r\nData\r\n 99999999999 \r\n") << 3;
+        QTest::newRow("beyond all") << QByteArray("Anna\r\nData\r\n 1e300 \r\n") << 3;
+        QTest::newRow("below nought") << QByteArray("Anna\r\nData\r\n-3 \r\nFine\r\n") << 3;
+        QTest::newRow("nought") << QByteArray("Anna\r\nData\r\n 0 \r\nFine\r\n") << 3;
+        QTest::newRow("ends in a row") << QByteArray("Anna\r\nData\r\n 5 \r\nuno\r\n2\r\n") << 5;
+        QTest::newRow("no last line") << QByteArray("Anna\r\nData\r\n 1 \r\n") << 1;
         QTest::newRow("two bytes a letter") << QByteArray("\xFF\xFE"
                                                           "A\0n\0\r\0\n\0"
                                                           "1\0\r\0\n\0"
                                                           "1\0\r\0\n\0",
-                                                          18);
-        QTest::newRow("open quote") << QByteArray("\"Anna\r\nData\r\n 1 \r\nFine\r\n");
+                                                          18)
+                                            << 3;
+        QTest::newRow("open quote") << QByteArray("\"Anna\r\nData\r\n 1 \r\nFine\r\n") << 3;
         QByteArray noise;
         uint32_t seed = 1;
         for (int i = 0; i < 20000; ++i) {
             seed = seed * 1664525U + 1013904223U;
             noise.append(static_cast<char>(seed >> 24));
         }
-        QTest::newRow("noise") << noise;
-        QTest::newRow("noughts") << QByteArray(10000, '\0');
-        QTest::newRow("too large") << "Anna\r\nData\r\n 1 \r\n" + QByteArray(5'000'000, 'x');
+        QTest::newRow("noise") << noise << 3;
+        QTest::newRow("noughts") << QByteArray(10000, '\0') << 3;
+        QTest::newRow("too large") << "Anna\r\nData\r\n 1 \r\n" + QByteArray(5'000'000, 'x') << 3;
     }
     void whatIsNoReportIsToldAndChangesNothing()
     {
         QFETCH(QByteArray, content);
+        QFETCH(int, rows);
         Teacher teacher;
         Teacher::DoExercise("Insiemi", "1", "1", "1");
         QElapsedTimer timer;
         timer.start();
-        const FormEserciziEseguiti &log = teacher.OpenReport(content, false);
+        FormEserciziEseguiti &log = teacher.OpenReport(content, false);
         QVERIFY(timer.elapsed() < 5000);
-        QVERIFY(log.MSFlexGrid1.Rows() <= GridCells::MostRows);
+        QCOMPARE(log.MSFlexGrid1.Rows(), rows);
+        QCOMPARE(log.MSFlexGrid1.TextMatrix(0, 1), MLSTesto(QStringLiteral("0076")));
+        QCOMPARE(log.Label3.Caption(), QString());
         QCOMPARE(teacher.Content(QStringLiteral("prova.rpt")), content);
         QCOMPARE(EserciziEseguiti(1, 0), QStringLiteral("Insiemi"));
         QCOMPARE(NumeroEserciziEseguiti, int16_t{2});
+        // The next opening is none the worse for it.
+        teacher.Host.WriteDriveFile(QStringLiteral("buono.rpt"),
+                                    "Berta\r\nOggi\r\n 1 \r\nFine\r\n");
+        teacher.Host.ExpectFile(QStringLiteral("Apri"), teacher.File(QStringLiteral("buono.rpt")));
+        log.mnuApri.OnClick();
+        QCOMPARE(log.Label1.Caption(), QStringLiteral("Berta"));
+        QCOMPARE(log.MSFlexGrid1.Rows(), 1);
+        QCOMPARE(log.MSFlexGrid1.TextMatrix(0, 1), MLSTesto(QStringLiteral("0076")));
+    }
+
+    void aReportWhoseOpeningFailedIsNotHeldOpen()
+    {
+        Teacher teacher;
+        const auto isOpen = [&] {
+            for (const QFileInfo &file : QDir(QStringLiteral("/proc/self/fd")).entryInfoList())
+                if (file.symLinkTarget().endsWith(QStringLiteral("prova.rpt")))
+                    return true;
+            return false;
+        };
+        teacher.OpenReport("Anna\r\nData\r\n 3 \r\nuno\r\n2\r\n", false);
+        QVERIFY(!isOpen());
     }
 
     void aReportInTheWidthOfUnicodeShowsItsLettersAsTheyAreRead()
@@ -523,17 +556,24 @@ private Q_SLOTS:
         Teacher::DoExercise(title.constData(), "1", "5", "6");
         FormEserciziEseguiti &log = teacher.OpenLog();
         const FakeDocument document = Printed(teacher, log);
-        QString cut;
-        double next = 0;
-        for (const PageText &text : document.Pages.first().Texts)
-            if (text.Text.startsWith(QStringLiteral("Titolo")))
-                cut = text.Text;
-            else if (text.Text == QStringLiteral("5"))
-                next = text.X;
-        QVERIFY(cut.size() > 20);
-        QVERIFY(cut.size() < title.size());
-        QVERIFY(QString::fromLatin1(title).startsWith(cut));
-        QVERIFY(next > 0);
+        const FakePage &page = document.Pages.first();
+        const auto cut = std::find_if(page.Texts.begin(), page.Texts.end(), [](const auto &text) {
+            return text.Text.startsWith(QStringLiteral("Titolo"));
+        });
+        QVERIFY(cut != page.Texts.end());
+        // The line between the columns that comes next to the right of it, less the room beside it.
+        double end = 1e9;
+        for (const PageLine &line : page.Lines)
+            if (line.X1 == line.X2 && line.X1 > cut->X)
+                end = std::min(end, line.X1 - 60);
+        QVERIFY(end < 1e9);
+        const QString whole = QString::fromLatin1(title);
+        const QFontMetricsF letters(FontInTwips(cut->Font));
+        const auto length = cut->Text.size();
+        QVERIFY(length < whole.size());
+        QCOMPARE(cut->Text, whole.left(length));
+        QVERIFY(cut->X + letters.horizontalAdvance(cut->Text) <= end + 0.01);
+        QVERIFY(cut->X + letters.horizontalAdvance(whole.left(length + 1)) > end + 0.01);
     }
 
     void aPrinterThatFailsIsToldWhereverItFails_data()
