@@ -1,6 +1,8 @@
 // Code page 1252: the 32 letters that differ from the first 256 of Unicode.
 #include "platform/files.h"
 
+#include <QList>
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -17,7 +19,7 @@ constexpr std::array<char16_t, 32> Letters = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-char ToByte(char16_t letter)
+char ToByte(char32_t letter)
 {
     if (letter < 0x80 || (letter >= 0xA0 && letter <= 0xFF))
         return static_cast<char>(letter);
@@ -33,11 +35,15 @@ QByteArray ToCodePage(const QString &text)
 {
     QByteArray bytes;
     bytes.reserve(text.size());
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        bytes.append(ToByte(text.at(i).unicode()));
-        // A letter beyond 16 bits is one letter, so one "?".
-        if (text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate())
-            ++i;
+    // A letter beyond 16 bits is one letter, so one "?".
+    const QList<uint> letters = text.toUcs4();
+    for (const char32_t letter : letters) {
+        // Digits of another script are the same numbers. What only says in which direction the
+        // text runs, as dates of some places do, is nothing to read.
+        if (letter > 0xFF && QChar::isDigit(letter))
+            bytes.append(static_cast<char>('0' + QChar::digitValue(letter)));
+        else if (letter <= 0xFF || QChar::category(letter) != QChar::Other_Format)
+            bytes.append(ToByte(letter));
     }
     return bytes;
 }

@@ -1,6 +1,7 @@
 #include "platform/machine_host.h"
 
 #include "platform/form.h"
+#include "platform/local_text.h"
 #include "platform/sound_player.h"
 
 #include <QApplication>
@@ -107,11 +108,7 @@ std::unique_ptr<Ticker> MachineHost::StartTicker(int milliseconds, std::function
 
 QString MachineHost::Today()
 {
-    const QLocale locale = QLocale::system();
-    QString format = locale.dateFormat(QLocale::ShortFormat);
-    if (!format.contains(QStringLiteral("yyyy")))
-        format.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
-    return locale.toString(QDate::currentDate(), format);
+    return LocalDate(QDate::currentDate(), QLocale::system());
 }
 
 BoxAnswer MachineHost::MessageBox(const Box &box)

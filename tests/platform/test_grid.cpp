@@ -1,13 +1,17 @@
 // Tables: their texts, their limits, and what is seen of them; and numbers as a person writes them.
 #include "platform/errors.h"
+#include "platform/files.h"
 #include "platform/grid.h"
+#include "platform/local_text.h"
 #include "platform/numbers.h"
 #include "platform/picture.h"
 #include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
+#include <QDate>
 #include <QFile>
 #include <QHeaderView>
+#include <QLocale>
 #include <QTableView>
 #include <QTest>
 
@@ -96,6 +100,33 @@ private Q_SLOTS:
         QCOMPARE(ToSingle(QStringLiteral("12.")), 12.0F);
         for (const char *wrong : {"", "n", "1n", "."})
             QCOMPARE(Skipping([&] { ToSingle(QString::fromLatin1(wrong)); }), int{TypeMismatch});
+    }
+
+    void datesAreNumbersInTheOrderOfThePlace_data()
+    {
+        QTest::addColumn<QString>("place");
+        QTest::addColumn<QString>("date");
+        QTest::newRow("none") << QStringLiteral("C") << QStringLiteral("05/11/2026");
+        QTest::newRow("Italy") << QStringLiteral("it_IT") << QStringLiteral("05/11/2026");
+        QTest::newRow("Germany") << QStringLiteral("de_DE") << QStringLiteral("05.11.2026");
+        QTest::newRow("America") << QStringLiteral("en_US") << QStringLiteral("11/5/2026");
+        QTest::newRow("Persia") << QStringLiteral("fa_AF") << QString::fromUtf8("۲۰۲۶/۱۱/۵");
+    }
+    void datesAreNumbersInTheOrderOfThePlace()
+    {
+        QFETCH(QString, place);
+        QTEST(LocalDate(QDate(2026, 11, 5), QLocale(place)), "date");
+    }
+
+    void noPlaceWritesTheNameOfAMonth()
+    {
+        for (const QLocale &place : QLocale::matchingLocales(
+                 QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry)) {
+            const QString date = LocalDate(QDate(2026, 11, 21), place);
+            const QByteArray written = ToCodePage(date);
+            QVERIFY2(written.contains("2026") && written.contains("21") && written.contains("11"),
+                     qPrintable(place.name() + QLatin1Char(' ') + date));
+        }
     }
 
     void aPictureBecomesABitmapFineEnoughForPaper()

@@ -49,6 +49,7 @@ private Q_SLOTS:
     void everyByteComesBackAsItself();
     void theEuroAndTheQuotesHaveTheirPlaces();
     void aLetterOutsideTheCodePageBecomesAQuestionMark();
+    void digitsOfAnyScriptAreWrittenAsLatinOnes();
     void linesEndInCarriageReturnAndLineFeed();
     void nothingIsLostBeforeTheFileIsClosed();
     void aFileThatIsNotClosedIsWrittenAtItsEnd();
@@ -94,6 +95,13 @@ void TestTextFile::theEuroAndTheQuotesHaveTheirPlaces()
              QByteArray("\x80\x82\x83\x84\x85\x86\x87\x88\x89\x8A\x8B\x8C\x8E\x91\x92\x93\x94\x95"
                         "\x96\x97\x98\x99\x9A\x9B\x9C\x9E\x9F"));
     QCOMPARE(FromCodePage("\x80 perch\xE9 \x9F"), S("€ perché Ÿ"));
+}
+
+void TestTextFile::digitsOfAnyScriptAreWrittenAsLatinOnes()
+{
+    QCOMPARE(ToCodePage(S("٢١/١١/٢٠٢٦ ۲۱/۱۱")), QByteArray("21/11/2026 21/11"));
+    QCOMPARE(ToCodePage(QStringLiteral("\u0662\u0661\u200F/\u0661")), QByteArray("21/1"));
+    QCOMPARE(ToCodePage(S("m²")), QByteArray("m\xB2"));
 }
 
 void TestTextFile::aLetterOutsideTheCodePageBecomesAQuestionMark()

@@ -187,6 +187,17 @@ private Q_SLOTS:
         QVERIFY(teacher.Host.DriveHas(QStringLiteral("ImpostazioniProgrammiTesmi/leggimi.txt")));
     }
 
+    void aDateInDigitsOfAnotherScriptIsKeptInLatinOnes()
+    {
+        Teacher teacher;
+        teacher.Host.TodayNow = QString::fromUtf8("٢١/١١/٢٠٢٦");
+        FormEserciziEseguiti &log = teacher.OpenLog();
+        QVERIFY(log.Label2.Caption().endsWith(teacher.Host.TodayNow));
+        teacher.Host.ExpectFile(QStringLiteral("Salva"), teacher.File(QStringLiteral("n.rpt")));
+        log.mnuSalva.OnClick();
+        QVERIFY(teacher.Content(QStringLiteral("n.rpt")).contains("21/11/2026\r\n 1 \r\n"));
+    }
+
     void aLogWithoutExercisesIsFourLines()
     {
         Teacher teacher;
