@@ -16,9 +16,11 @@ class GridModel : public QAbstractTableModel {
 public:
     GridModel(Grid &grid, QObject *parent) : QAbstractTableModel(parent), m_grid(grid) {}
 
+    // Never without a row, since a screen reader asks the cells of the first one for the headings;
+    // where the table has none, the view hides it.
     int rowCount(const QModelIndex &parent) const override
     {
-        return parent.isValid() ? 0 : std::max(0, m_grid.Rows() - 1);
+        return parent.isValid() ? 0 : std::max(1, m_grid.Rows() - 1);
     }
     int columnCount(const QModelIndex &parent) const override
     {
@@ -150,6 +152,7 @@ void Grid::SetColAlignment(int column, CellAlignment alignment)
 void Grid::Changed()
 {
     m_model->Reset();
+    m_view->setRowHidden(0, Rows() <= 1);
     for (int column = 1; column < Cols(); ++column)
         m_view->setColumnWidth(column - 1, ToPixels(At(column).Width));
 }

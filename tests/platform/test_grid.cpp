@@ -8,10 +8,12 @@
 #include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
+#include <QAccessible>
 #include <QDate>
 #include <QFile>
 #include <QHeaderView>
 #include <QLocale>
+#include <QRegularExpression>
 #include <QTableView>
 #include <QTest>
 
@@ -86,8 +88,48 @@ private Q_SLOTS:
         QCOMPARE(view->verticalHeader()->width(), 20);
         QCOMPARE(view->columnWidth(1), 100);
         QCOMPARE(Skipping([&] { grid.SetColWidth(3, 1); }), int{InvalidArrayIndex});
-        grid.SetRows(0);
-        QCOMPARE(view->model()->rowCount(), 0);
+    }
+
+    void aTableWithoutRowsShowsItsHeadingsOnly_data()
+    {
+        QTest::addColumn<int>("rows");
+        QTest::newRow("the headings") << 1;
+        QTest::newRow("nothing") << 0;
+    }
+    void aTableWithoutRowsShowsItsHeadingsOnly()
+    {
+        QFETCH(int, rows);
+        ScriptedHost host;
+        Form form("Finestra", 6000, 3000);
+        Grid grid({form, "MSFlexGrid1"}, {0, 0, 6000, 3000});
+        grid.SetCols(3);
+        grid.SetRows(3);
+        const auto *view = static_cast<QTableView *>(grid.Widget());
+        QVERIFY(!view->isRowHidden(0));
+        grid.SetRows(rows);
+        for (int row = 0; row < view->model()->rowCount(); ++row)
+            QVERIFY(view->isRowHidden(row));
+        grid.SetRows(2);
+        QVERIFY(!view->isRowHidden(0));
+    }
+
+    // A screen reader finds a heading by way of the first row's cell.
+    void aScreenReaderFindsTheHeadingsOfAnEmptyTable()
+    {
+        QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
+        ScriptedHost host;
+        Form form("Finestra", 6000, 3000);
+        Grid grid({form, "MSFlexGrid1"}, {0, 0, 6000, 3000});
+        grid.SetCols(3);
+        grid.SetRows(1);
+        grid.SetTextMatrix(0, 2, QStringLiteral("Livello"));
+        QAccessibleTableInterface *table =
+            QAccessible::queryAccessibleInterface(grid.Widget())->tableInterface();
+        QAccessibleInterface *cell = table->cellAt(0, 1);
+        QVERIFY(cell != nullptr);
+        const auto headings = cell->tableCellInterface()->columnHeaderCells();
+        QCOMPARE(headings.size(), qsizetype{1});
+        QCOMPARE(headings.first()->text(QAccessible::Name), QStringLiteral("Livello"));
     }
 
     void numbersHaveGroupsAndAtMostTwoDecimals()
