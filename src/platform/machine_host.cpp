@@ -2,12 +2,12 @@
 
 #include "platform/form.h"
 #include "platform/local_text.h"
+#include "platform/own_folder.h"
 #include "platform/sound_player.h"
 
 #include <QApplication>
 #include <QDate>
 #include <QDesktopServices>
-#include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QFontDatabase>
@@ -63,17 +63,6 @@ QMessageBox::Icon IconOf(BoxIcon icon)
         break;
     }
     return QMessageBox::NoIcon;
-}
-
-// A folder of this user alone, so that each user of the machine runs the program.
-QString LockFolder()
-{
-    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    if (!runtime.isEmpty() && QFileInfo(runtime).isWritable())
-        return runtime + QLatin1Char('/');
-    const QString own = QDir::homePath() + QStringLiteral("/.cache/");
-    QDir().mkpath(own);
-    return QFileInfo(own).isWritable() ? own : QDir::tempPath() + QLatin1Char('/');
 }
 
 } // namespace
@@ -135,9 +124,9 @@ BoxAnswer MachineHost::MessageBox(const Box &box)
 QString MachineHost::InputBox(const QString &prompt, const QString &title, const QString &proposal)
 {
     bool confirmed = false;
-    const QString text = QInputDialog::getText(QApplication::activeWindow(), title, prompt,
-                                               QLineEdit::Normal, proposal, &confirmed);
-    return confirmed ? text : QString();
+    const QString answer = QInputDialog::getText(QApplication::activeWindow(), title, prompt,
+                                                 QLineEdit::Normal, proposal, &confirmed);
+    return confirmed ? answer : QString();
 }
 
 void MachineHost::PlaySound(const QString &nativePath)
@@ -164,8 +153,11 @@ ScreenSize MachineHost::Screen()
 
 bool MachineHost::AnotherInstanceRuns()
 {
+    const QString folder = OwnFolder();
+    if (folder.isEmpty())
+        return false;
     // A lock whose process is gone is no lock: after a crash the next start is not refused.
-    m_lock = std::make_unique<QLockFile>(LockFolder() + QStringLiteral("morlenekvt.lock"));
+    m_lock = std::make_unique<QLockFile>(folder + QStringLiteral("morlenekvt.lock"));
     m_lock->setStaleLockTime(0);
     return !m_lock->tryLock(0) && m_lock->error() == QLockFile::LockFailedError;
 }
