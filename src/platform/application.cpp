@@ -6,10 +6,16 @@
 #include "platform/x11_keyboard.h"
 
 #include <QApplication>
+#include <QDialog>
+#include <QFile>
 #include <QFont>
+#include <QLabel>
 #include <QLibraryInfo>
 #include <QSettings>
+#include <QTemporaryDir>
 #include <QTranslator>
+
+#include <optional>
 
 namespace platform {
 
@@ -24,12 +30,50 @@ void Guarded(const std::function<void()> &code)
     }
 }
 
+namespace {
+
+// The toolkit looks for a screen in the session's folder first. Where the session has none, it
+// would complain on standard error and leave a folder of its own among the temporary files.
+class SessionFolder {
+public:
+    SessionFolder()
+    {
+        if (qEnvironmentVariableIsSet(Name))
+            return;
+        m_folder.emplace();
+        qputenv(Name, QFile::encodeName(m_folder->path()));
+    }
+    ~SessionFolder()
+    {
+        if (m_folder)
+            qunsetenv(Name);
+    }
+    SessionFolder(const SessionFolder &) = delete;
+    SessionFolder &operator=(const SessionFolder &) = delete;
+
+private:
+    static constexpr const char *Name = "XDG_RUNTIME_DIR";
+    std::optional<QTemporaryDir> m_folder;
+};
+
+// A box shows names that people and files have; the toolkit would take "a<b>.ini" for markup.
+void ShowAsItStands(const QDialog &box)
+{
+    for (QLabel *label : box.findChildren<QLabel *>())
+        label->setTextFormat(Qt::PlainText);
+}
+
+} // namespace
+
 class Application::Impl : public QApplication {
 public:
     Impl(int &argc, char **argv) : QApplication(argc, argv) {}
 
     bool notify(QObject *receiver, QEvent *event) override
     {
+        if (event->type() == QEvent::Polish)
+            if (const auto *box = dynamic_cast<QDialog *>(receiver))
+                ShowAsItStands(*box);
         bool taken = true;
         Guarded([&] { taken = QApplication::notify(receiver, event); });
         return taken;
@@ -38,10 +82,14 @@ public:
     QTranslator Buttons;
 };
 
-Application::Application(int &argc, char **argv) : m_impl(std::make_unique<Impl>(argc, argv))
+Application::Application(int &argc, char **argv)
 {
+    {
+        const SessionFolder folder;
+        m_impl = std::make_unique<Impl>(argc, argv);
+    }
     QApplication::setApplicationName(QStringLiteral("morlenekvt"));
-    QApplication::setApplicationDisplayName(QStringLiteral("MorleneKVT"));
+    // No display name: the window system would add it to every title.
     // The last window's end ends the program by `Host::EndProgram`, never one that gives way.
     QApplication::setQuitOnLastWindowClosed(false);
     // Where the given families are missing; the package depends on these.

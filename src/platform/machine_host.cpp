@@ -110,7 +110,6 @@ BoxAnswer MachineHost::MessageBox(const Box &box)
     QMessageBox window(IconOf(box.Icon),
                        box.Title.isEmpty() ? QStringLiteral("MorleneKVT") : box.Title, box.Text,
                        buttons, QApplication::activeWindow());
-    window.setTextFormat(Qt::PlainText);
     const int answer = window.exec();
     if (box.Buttons == BoxButtons::Ok)
         return BoxAnswer::Ok;
@@ -123,8 +122,10 @@ BoxAnswer MachineHost::MessageBox(const Box &box)
 
 QString MachineHost::InputBox(const QString &prompt, const QString &title, const QString &proposal)
 {
+    // A single "&" would mark a key in a label that stands before a field.
+    const QString text = QString(prompt).replace(QLatin1Char('&'), QStringLiteral("&&"));
     bool confirmed = false;
-    const QString answer = QInputDialog::getText(QApplication::activeWindow(), title, prompt,
+    const QString answer = QInputDialog::getText(QApplication::activeWindow(), title, text,
                                                  QLineEdit::Normal, proposal, &confirmed);
     return confirmed ? answer : QString();
 }

@@ -9,12 +9,14 @@
 #include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QDirIterator>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
@@ -23,6 +25,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace platform;
 
@@ -54,6 +59,29 @@ template <typename Dialog> void WhenOpen(const QString &name, std::function<void
         if (dialog->isVisible())
             dialog->reject();
     });
+}
+
+const QString Markup = QStringLiteral("a<b>.ini & <i>c</i>");
+
+// Does something in the box that opens next, and puts it away.
+void WhenAnyIsOpen(const std::function<void(QDialog &)> &person)
+{
+    QTimer::singleShot(0, qApp, [person] {
+        auto *box = dynamic_cast<QDialog *>(QApplication::activeModalWidget());
+        QVERIFY(box != nullptr);
+        person(*box);
+        if (box->isVisible())
+            box->reject();
+    });
+}
+
+// The texts of a box as a screen reader tells them: without the marks that were taken for markup.
+QStringList TextsOf(QDialog &box)
+{
+    QStringList texts;
+    for (QLabel *label : box.findChildren<QLabel *>())
+        texts << QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name);
+    return texts;
 }
 
 void PressOk(QDialog &dialog)
@@ -299,6 +327,82 @@ private Q_SLOTS:
             QMetaObject::invokeMethod(&dialog, "accept");
         });
         QCOMPARE(machine.ChooseFile(question), file.fileName());
+    }
+
+    // --- Boxes show text, and never take it for markup ---
+
+    void aBoxShowsItsTextAsItStands()
+    {
+        MachineHost machine(m_home.path() + QLatin1Char('/'));
+        QStringList shown;
+        WhenAnyIsOpen([&](QDialog &box) { shown = TextsOf(box); });
+        machine.MessageBox({.Text = Markup});
+        QVERIFY2(shown.contains(Markup), qPrintable(shown.join(QLatin1Char('|'))));
+    }
+
+    void aQuestionShowsItsTextAsItStandsAndTheProposalIsThere()
+    {
+        MachineHost machine(m_home.path() + QLatin1Char('/'));
+        QStringList shown;
+        QString title;
+        QString proposal;
+        WhenAnyIsOpen([&](QDialog &box) {
+            shown = TextsOf(box);
+            title = box.windowTitle();
+            proposal = box.findChild<QLineEdit *>()->text();
+            box.accept();
+        });
+        QCOMPARE(machine.InputBox(Markup, QStringLiteral("<i>t</i>"), QStringLiteral("<b>p</b>")),
+                 QStringLiteral("<b>p</b>"));
+        QVERIFY2(shown.contains(Markup), qPrintable(shown.join(QLatin1Char('|'))));
+        QCOMPARE(title, QStringLiteral("<i>t</i>"));
+        QCOMPARE(proposal, QStringLiteral("<b>p</b>"));
+    }
+
+    void theQuestionBeforeAFileIsReplacedShowsItsNameAsItStands()
+    {
+        MachineHost machine(m_home.path() + QLatin1Char('/'));
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("a<b>.rpt")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.close();
+        QStringList shown;
+        WhenOpen<QFileDialog>(QStringLiteral("ChooseFile"), [&](QFileDialog &dialog) {
+            WhenAnyIsOpen([&](QDialog &box) { shown = TextsOf(box); });
+            dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
+                ->setText(QStringLiteral("a<b>.rpt"));
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        machine.ChooseFile({.Pattern = QStringLiteral("*.rpt"), .StartFolder = folder.path()});
+        QVERIFY2(!shown.filter(QStringLiteral("a<b>.rpt")).isEmpty(),
+                 qPrintable(shown.join(QLatin1Char('|'))));
+    }
+
+    void theBoxOfAnErrorThatEndsTheProgramShowsItsTextAsItStands()
+    {
+        MachineHost machine(m_home.path() + QLatin1Char('/'));
+        int ends[2] = {};
+        QCOMPARE(::pipe(ends), 0);
+        const pid_t child = ::fork();
+        if (child == 0) {
+            WhenAnyIsOpen([&](QDialog &box) {
+                const QByteArray text = TextsOf(box).join(QLatin1Char('|')).toUtf8();
+                static_cast<void>(
+                    ::write(ends[1], text.constData(), static_cast<size_t>(text.size())));
+            });
+            machine.FatalError(52, Markup);
+        }
+        ::close(ends[1]);
+        QByteArray shown;
+        char buffer[256];
+        for (ssize_t count = 0; (count = ::read(ends[0], buffer, sizeof buffer)) > 0;)
+            shown.append(buffer, count);
+        ::close(ends[0]);
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        QVERIFY(WIFEXITED(status));
+        QCOMPARE(WEXITSTATUS(status), 1);
+        QVERIFY2(shown.contains("52: " + Markup.toUtf8()), shown.constData());
     }
 
     void nothingIsLeftInThePersonsHome()
