@@ -5,6 +5,7 @@
 #include "exercises/exercise_table.h"
 #include "menu/form_menu.h"
 #include "platform/application.h"
+#include "platform/command_line.h"
 #include "platform/machine_host.h"
 #include "results/form_esercizi_eseguiti.h"
 #include "support/windows/form1.h"
@@ -33,6 +34,8 @@ void RegistraFinestre()
 
 int main(int argc, char **argv)
 {
+    if (const auto status = platform::AnswerCommandLine(argc, argv, MORLENE_VERSION))
+        return *status;
     platform::MachineHost machine(QStringLiteral(MORLENE_DRIVE_ROOT));
     platform::SetHost(&machine);
     platform::Application application(argc, argv);

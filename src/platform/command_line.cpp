@@ -1,0 +1,129 @@
+#include "platform/command_line.h"
+
+#include <QByteArray>
+#include <QByteArrayList>
+#include <QDir>
+#include <QFile>
+#include <QLibraryInfo>
+
+#include <algorithm>
+#include <cstdio>
+
+#ifdef MORLENE_XCB
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+#include <xcb/xcb.h>
+#endif
+
+namespace platform {
+
+namespace {
+
+constexpr int NoScreen = 1;
+constexpr int UnknownWord = 2;
+
+constexpr const char *Help =
+    "Uso: morlenekvt [--help | --version]\n"
+    "\n"
+    "Apre MorleneKVT, un programma didattico per bambini, a tutto schermo.\n"
+    "\n"
+    "  -h, --help     mostra questo aiuto\n"
+    "  -v, --version  mostra la versione\n";
+
+#ifdef MORLENE_XCB
+
+// The connection stays open until the process ends: a server that nobody else uses starts anew when
+// its last one goes, and would turn away the toolkit, which comes next.
+bool X11Answers()
+{
+    static xcb_connection_t *const connection = xcb_connect(nullptr, nullptr);
+    return xcb_connection_has_error(connection) == 0;
+}
+
+bool WaylandAnswers()
+{
+    // The toolkit shows nothing there without its plugin.
+    if (QDir(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms"))
+            .entryList({QStringLiteral("libqwayland*")}, QDir::Files)
+            .isEmpty())
+        return false;
+    if (qEnvironmentVariableIsSet("WAYLAND_SOCKET"))
+        return true;
+    QByteArray name = qgetenv("WAYLAND_DISPLAY");
+    if (name.isEmpty())
+        name = "wayland-0";
+    if (!name.startsWith('/'))
+        name = qgetenv("XDG_RUNTIME_DIR") + '/' + name;
+    sockaddr_un address = {};
+    if (name.size() >= qsizetype{sizeof address.sun_path})
+        return false;
+    address.sun_family = AF_UNIX;
+    std::copy(name.begin(), name.end(), address.sun_path);
+    const int number = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const bool answers = number >= 0 && ::connect(number, reinterpret_cast<sockaddr *>(&address),
+                                                  sizeof address) == 0;
+    if (number >= 0)
+        ::close(number);
+    return answers;
+}
+
+// The toolkit shows windows on the first of the platforms that are asked for, and off screen or on
+// a bare frame buffer it needs nobody to answer.
+bool HasScreen()
+{
+    QByteArray platforms = qgetenv("QT_QPA_PLATFORM");
+    if (platforms.isEmpty())
+        platforms = "xcb;wayland";
+    const QByteArrayList names = platforms.split(';');
+    return std::any_of(names.begin(), names.end(), [](const QByteArray &name) {
+        if (name.startsWith("xcb"))
+            return X11Answers();
+        return name.startsWith("wayland") ? WaylandAnswers() : true;
+    });
+}
+
+#else
+
+bool HasScreen()
+{
+    return true;
+}
+
+#endif
+
+} // namespace
+
+std::optional<int> AnswerCommandLine(int argc, char **argv, const char *version)
+{
+    for (int i = 1; i < argc; ++i) {
+        const QByteArray word = argv[i];
+        if (word == "--help" || word == "-h") {
+            std::fputs(Help, stdout);
+            return 0;
+        }
+        if (word == "--version" || word == "-v") {
+            std::printf("morlenekvt %s\n", version);
+            return 0;
+        }
+        // The desktop's session starts a program that was open with its mark.
+        if (word == "-session" && i + 1 < argc) {
+            ++i;
+            continue;
+        }
+        std::fprintf(stderr,
+                     "morlenekvt: opzione sconosciuta: %s (morlenekvt --help mostra l'aiuto)\n",
+                     argv[i]);
+        return UnknownWord;
+    }
+    if (HasScreen())
+        return {};
+    std::fprintf(stderr,
+                 "morlenekvt: manca uno schermo, perché né DISPLAY né WAYLAND_DISPLAY ne indicano "
+                 "uno che risponda; per vedere lo stesso il programma serve uno schermo virtuale, "
+                 "per esempio: xvfb-run -s '-screen 0 1366x768x24' %s\n",
+                 argv[0]);
+    return NoScreen;
+}
+
+} // namespace platform
