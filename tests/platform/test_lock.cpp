@@ -2,6 +2,7 @@
 #include "platform/machine_host.h"
 #include "platform/own_folder.h"
 #include "support/as_user.h"
+#include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QDir>
@@ -139,5 +140,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestLock)
+MORLENE_TEST(TestLock)
 #include "test_lock.moc"
