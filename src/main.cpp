@@ -1,44 +1,9 @@
-// The program: the table of its windows, and the start.
-#include "configuration/form_configura.h"
-#include "core/start.h"
-#include "core/windows.h"
-#include "exercises/exercise_table.h"
-#include "menu/form_menu.h"
-#include "platform/application.h"
-#include "platform/command_line.h"
+// The program on this machine.
 #include "platform/machine_host.h"
-#include "results/form_esercizi_eseguiti.h"
-#include "support/windows/form1.h"
-#include "support/windows/form_avvio.h"
-#include "support/windows/form_info.h"
-
-namespace {
-
-template <typename Finestra> platform::Form *Crea()
-{
-    return new Finestra;
-}
-
-void RegistraFinestre()
-{
-    RegistraFinestra(QStringLiteral("FormAvvio"), Crea<FormAvvio>);
-    RegistraFinestra(QStringLiteral("FormMenu"), Crea<FormMenu>);
-    RegistraFinestra(QStringLiteral("FormConfigura"), Crea<FormConfigura>);
-    RegistraFinestra(QStringLiteral("FormInfo"), Crea<FormInfo>);
-    RegistraFinestra(QStringLiteral("Form1"), Crea<Form1>);
-    RegistraFinestra(QStringLiteral("FormEserciziEseguiti"), Crea<FormEserciziEseguiti>);
-    RegistraEsercizi();
-}
-
-} // namespace
+#include "program.h"
 
 int main(int argc, char **argv)
 {
-    if (const auto status = platform::AnswerCommandLine(argc, argv, MORLENE_VERSION))
-        return *status;
     platform::MachineHost machine(QStringLiteral(MORLENE_DRIVE_ROOT));
-    platform::SetHost(&machine);
-    platform::Application application(argc, argv);
-    RegistraFinestre();
-    return application.Run(Main);
+    return RunProgram(argc, argv, machine);
 }

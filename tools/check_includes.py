@@ -12,7 +12,8 @@ import sys
 # row do not include each other.
 LAYERS = [
     ["platform"], ["language"], ["core"], ["support"], ["printing"], ["frame"], ["exercises"],
-    ["menu", "configuration", "results", "support/windows"], ["main.cpp"],
+    ["menu", "configuration", "results", "support/windows"],
+    ["program.h"], ["program.cpp", "main.cpp"],
 ]
 VALUE_TYPES = {"QString", "QStringList", "QList", "QByteArray"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)

@@ -3,7 +3,6 @@ only, and the program on it, read and worked from outside as a person does."""
 import os
 import re
 import subprocess
-import tempfile
 import time
 
 from PIL import ImageGrab
@@ -35,10 +34,8 @@ class Desktop:
     def __init__(self, size="1366x768"):
         self.size = size
         self.processes = []
-        self.folder = tempfile.TemporaryDirectory()
 
     def __enter__(self):
-        os.environ["XDG_RUNTIME_DIR"] = self.folder.name
         os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         os.environ["QT_QPA_PLATFORM"] = "xcb"
         os.environ["LC_ALL"] = "C.UTF-8"
@@ -51,7 +48,11 @@ class Desktop:
         self.start(["openbox", "--sm-disable"])
         return self
 
-    def __exit__(self, *_):
+    def __exit__(self, kind, *_):
+        if kind is not None:
+            seen = os.path.abspath(f"seen-at-the-failure-{os.getpid()}.png")
+            self.picture(seen)
+            print("the screen then:", seen, flush=True)
         for process in reversed(self.processes):
             if process.poll() is None:
                 process.terminate()
@@ -60,7 +61,6 @@ class Desktop:
                 process.wait(5)
             except subprocess.TimeoutExpired:
                 process.kill()
-        self.folder.cleanup()
 
     def start(self, command, **options):
         process = subprocess.Popen(command, stdin=subprocess.DEVNULL, **options)

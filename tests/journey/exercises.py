@@ -1,7 +1,7 @@
 """All eight exercises on all their levels, one task each, by mouse and by the three ways without
 one: from outside, by real events, with nothing known but what the screen shows.
 
-    dbus-run-session -- exercises.py PROGRAM DRIVE [MODE...]
+    alone exercises PROGRAM MODE
 """
 import sys
 import time
@@ -9,7 +9,7 @@ import time
 from desktop import Desktop, Failure, Program, figure, screen, wait_for
 from journey import counts, fresh_drive, panel
 from scanning import CHOOSE, LIT, STEP, is_lit, write_profile
-from sentences import COLOURS, sentence_holds, statement_holds
+from sentences import COLOURS, PALETTE, sentence_holds, statement_holds
 
 MOUSE, SWITCH, ARROWS = 0, 2, 3
 PARTS = ["comignolo", "tetto", "pareti", "finestre", "porta", "gradino", "fumo", "nuvole"]
@@ -225,16 +225,23 @@ def painted_as(sentence, part, parts):
 
 def colora(child, level):
     done = 0
+    clicks = 0  # each moves on to the next of the four colours, from whatever part to whatever part
     while done < 6:
         sentences = [line for line in child.text("Text1").split("\n") if line]
         if child.mode == MOUSE:
             for sentence in sentences:
                 part = next(p for p in PARTS if p in sentence.lower())
-                while not painted_as(sentence, part, child.wait_shown()):
-                    before = child.shown("ShockwaveFlash1")
+                for _ in PALETTE:
                     child.program.click_at(*child.spot("ShockwaveFlash1",
                                                        INSIDE[PARTS.index(part)]))
-                    may_come(lambda: child.shown("ShockwaveFlash1") != before)
+                    colour = PALETTE[clicks % len(PALETTE)]
+                    clicks += 1
+                    parts = wait_for(f"{colour} on {part}", lambda: (
+                        shown := child.shown("ShockwaveFlash1"))[part] == colour and shown)
+                    if painted_as(sentence, part, parts):
+                        break
+                else:
+                    raise Failure(f"no colour satisfies {sentence}")
             child.click("Command1(0)")
             if not child.answered():
                 raise Failure(f"{sentences} was judged wrong")
@@ -243,14 +250,6 @@ def colora(child, level):
             paint_by_scanning(child, sentences)
             done += 1
     next_task(child, 1)
-
-
-def may_come(look):
-    """A short wait for what need not come: the next colour may be the one that is there."""
-    try:
-        wait_for("nothing in particular", look, 0.4)
-    except Failure:
-        pass
 
 
 def paint_by_scanning(child, sentences):
@@ -406,7 +405,6 @@ def play_all(desktop, executable, drive, mode):
 if __name__ == "__main__":
     try:
         with Desktop() as shared:
-            for chosen in [int(word) for word in sys.argv[3:]] or [0, 1, 2, 3]:
-                play_all(shared, sys.argv[1], sys.argv[2], chosen)
+            play_all(shared, sys.argv[1], sys.argv[2], int(sys.argv[3]))
     except Failure as failure:
         sys.exit(f"FAILED: {failure}")

@@ -1,7 +1,7 @@
 """Two programs at once, and the start after a crash: a second one of the same user gets a box and
 changes nothing, another user's runs, and a lock whose owner was killed bars nobody.
 
-    dbus-run-session -- instances.py PROGRAM DRIVE
+    alone instances PROGRAM
 """
 import os
 import signal

@@ -1,7 +1,7 @@
 """A child's first visit, from outside: the real program in a real window, worked by real mouse
 events and read through the accessibility bus, until the profile stands on the disk.
 
-    dbus-run-session -- journey.py PROGRAM DRIVE
+    alone journey PROGRAM
 """
 import os
 import shutil

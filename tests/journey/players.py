@@ -2,7 +2,7 @@
 own; they are changed in the menu, and both files hold what was chosen, byte for byte, also after
 the program was started again.
 
-    dbus-run-session -- players.py PROGRAM DRIVE
+    alone players PROGRAM
 """
 import os
 import subprocess

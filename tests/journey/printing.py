@@ -2,7 +2,7 @@
 keyboard, warns at once of a print that leaves the sheet, and what comes out is looked at. Then the
 log of the exercises is saved, opened again and printed.
 
-    dbus-run-session -- printing.py PROGRAM DRIVE
+    alone printing PROGRAM
 """
 import os
 import pathlib

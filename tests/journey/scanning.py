@@ -1,7 +1,7 @@
 """The first exercise without a mouse: by two keys, by one switch and by the arrow keys, each by real
 key events alone, through a reward.
 
-    dbus-run-session -- scanning.py PROGRAM DRIVE
+    alone scanning PROGRAM
 """
 import os
 import sys
@@ -74,6 +74,10 @@ def is_lit(program, described):
     return item is not None and program.colour(item) == LIT
 
 
+def lit_buttons(program):
+    return {name for name in program.names("Command1(") if is_lit(program, name)}
+
+
 def bring_light_to(program, mode, described):
     """Waits for the light to come in mode 2, and asks for it by key in the others."""
     if mode == 2:
@@ -82,10 +86,11 @@ def bring_light_to(program, mode, described):
         wait_for("the light", lambda: is_lit(program, described))
         return
     for _ in range(12):
-        if is_lit(program, described):
+        before = lit_buttons(program)
+        if described in before:
             return
         program.key(STEP[mode])
-        wait_for("a step", lambda: True)
+        wait_for("a step", lambda: lit_buttons(program) != before)
     raise Failure(f"the light never came to {described}")
 
 

@@ -1,4 +1,5 @@
 """Reads the sentences as a child does."""
+PALETTE = ["00FF00", "FF0000", "0000FF", "FFFF00"]  # a new player's colours, in their order
 COLOURS = {
     "verde": "00FF00", "verdi": "00FF00", "rosso": "FF0000", "rossi": "FF0000", "rossa": "FF0000",
     "rosse": "FF0000", "blu": "0000FF", "giallo": "FFFF00", "gialli": "FFFF00",

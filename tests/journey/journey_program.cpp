@@ -1,0 +1,13 @@
+// The program with a drive of its own in the folder where it stands, for the tests that play it
+// from outside: each plays on a copy of that folder.
+#include "platform/machine_host.h"
+#include "program.h"
+
+#include <filesystem>
+
+int main(int argc, char **argv)
+{
+    const auto here = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+    platform::MachineHost machine(QString::fromStdString((here / "journey-drive/").string()));
+    return RunProgram(argc, argv, machine);
+}
