@@ -6,6 +6,9 @@
 
 #include <QByteArray>
 
+#include <algorithm>
+#include <iterator>
+
 using namespace platform;
 
 QString LinguaCorrente;
@@ -13,7 +16,10 @@ QString LinguaCorrente;
 namespace {
 
 // Beyond this many bytes a language file is scanned by lines.
-constexpr int64_t LimiteIni = 64000;
+constexpr qsizetype LimiteIni = 64000;
+
+// At the head of a text: what follows is UTF-8.
+constexpr char SegnoUtf8[] = "\xEF\xBB\xBF";
 
 QString Cartella()
 {
@@ -25,38 +31,22 @@ QString FileImpostazione()
     return Cartella() + QStringLiteral("LangSetting.ini");
 }
 
-// A file beyond the limit, kept while it stays as it is on disk: a window asks for hundreds of
-// keys.
-struct FileGrande {
-    QString Percorso;
-    FileState Stato;
-    QByteArray Contenuto; // without a byte order mark, lines ended by LF alone
-};
-
-const QByteArray &ContenutoGrande(const QString &file)
+// Where the line that begins at `riga` ends: before a CR or an LF, or with the file. Of CR LF the
+// LF ends an empty line, which no key begins.
+qsizetype FineRiga(const QByteArray &contenuto, qsizetype riga)
 {
-    static FileGrande ultimo;
-    const FileState stato = StateOfFile(file);
-    if (ultimo.Percorso != file || !(ultimo.Stato == stato)) {
-        ultimo = {};
-        ultimo.Contenuto = ReadFile(file);
-        if (ultimo.Contenuto.startsWith("\xEF\xBB\xBF"))
-            ultimo.Contenuto.remove(0, 3);
-        ultimo.Contenuto.replace("\r\n", "\n").replace('\r', '\n');
-        ultimo.Percorso = file;
-        ultimo.Stato = stato;
-    }
-    return ultimo.Contenuto;
+    const auto *fine = std::find_if(contenuto.cbegin() + riga, contenuto.cend(), [](char lettera) {
+        return lettera == '\n' || lettera == '\r';
+    });
+    return std::distance(contenuto.cbegin(), fine);
 }
 
 QString CercaPerRighe(const QByteArray &contenuto, const QString &chiave)
 {
     const QByteArray inizio = ToCodePage(chiave);
-    qsizetype riga = 0;
+    qsizetype riga = contenuto.startsWith(SegnoUtf8) ? qsizetype{3} : 0;
     while (riga < contenuto.size()) {
-        qsizetype fine = contenuto.indexOf('\n', riga);
-        if (fine < 0)
-            fine = contenuto.size();
+        const qsizetype fine = FineRiga(contenuto, riga);
         const QByteArrayView testo(contenuto.constData() + riga, fine - riga);
         if (testo.startsWith(inizio)) {
             // Behind the key and the letter that follows it, without the first and the last letter.
@@ -78,9 +68,10 @@ QString FileLinguaCorrente()
 
 QString MLSLeggiIni(const QString &file, const QString &sezione, const QString &chiave)
 {
-    if (FileLength(file) <= LimiteIni)
-        return ReadIni(file, sezione, chiave);
-    return CercaPerRighe(ContenutoGrande(file), chiave);
+    const std::shared_ptr<const IniFile> aperto = OpenIni(file);
+    if (aperto->Content().size() <= LimiteIni)
+        return aperto->Value(sezione, chiave);
+    return CercaPerRighe(aperto->Content(), chiave);
 }
 
 void MLSScriviIni(const QString &file, const QString &sezione, const QString &chiave,
@@ -92,8 +83,8 @@ void MLSScriviIni(const QString &file, const QString &sezione, const QString &ch
 void LeggiLinguaCorrente()
 {
     Skipping([] {
-        LinguaCorrente = MLSLeggiIni(FileImpostazione(), QStringLiteral("Language"),
-                                     QStringLiteral("CurrentLanguage"));
+        LinguaCorrente = NomeDaImpostazione(MLSLeggiIni(
+            FileImpostazione(), QStringLiteral("Language"), QStringLiteral("CurrentLanguage")));
     });
 }
 

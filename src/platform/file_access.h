@@ -23,7 +23,8 @@ struct Stamp {
     int64_t Modified = 0; // nanoseconds since 1970
     int64_t Changed = 0;  // of content or rights, likewise
     // Two changes in the same tick of the file system's clock leave the same stamp, so a file that
-    // changed just before it was looked at cannot be told from its next state.
+    // changed just before it was looked at cannot be told from its next state. Length and time of
+    // change alone would not do: a copy can bring both along.
     bool Settled = false;
 
     bool SameAs(const Stamp &other) const

@@ -166,7 +166,8 @@ Stamp StampOf(const Place &place)
     stamp.Size = what.st_size;
     stamp.Modified = Nanoseconds(what.st_mtim);
     stamp.Changed = Nanoseconds(what.st_ctim);
-    stamp.Settled = stamp.Modified < Nanoseconds(now) - SettleTime;
+    // Who changes a file may set its time back, but not the time of that.
+    stamp.Settled = std::max(stamp.Modified, stamp.Changed) < Nanoseconds(now) - SettleTime;
     return stamp;
 }
 

@@ -56,12 +56,6 @@ int64_t FileLength(const QString &path)
     return StampOf(Locate(path)).Size;
 }
 
-FileState StateOfFile(const QString &path)
-{
-    const Stamp stamp = StampOf(Locate(path));
-    return {stamp.Size, stamp.Modified};
-}
-
 void CreateFolder(const QString &path)
 {
     MakeFolder(Locate(path));

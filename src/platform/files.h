@@ -33,14 +33,6 @@ bool FileExists(const QString &path);    // a plain file
 bool FolderExists(const QString &path);  // false on any error too
 int64_t FileLength(const QString &path); // bytes; error 53 when it is not there
 
-// Tells one state of a file from another, so that what was read of it can be kept.
-struct FileState {
-    int64_t Length = -1; // bytes
-    int64_t Changed = 0; // time of the last change, nanoseconds
-    bool operator==(const FileState &other) const = default;
-};
-FileState StateOfFile(const QString &path); // error 53 when it is not there
-
 // Makes one folder, whose parent must exist; it takes the rights and the group of the parent.
 // Errors 70, 75, 76, 58 as the platform finds them, with the path as detail.
 void CreateFolder(const QString &path);

@@ -101,7 +101,7 @@ QByteArray WithoutMark(const QByteArray &content)
     return content.startsWith(ByteOrderMark) ? content.mid(sizeof ByteOrderMark - 1) : content;
 }
 
-using Values = QHash<QString, QString>; // by section, a line feed and key, in small letters
+using Values = QHash<QString, QString>;
 
 QString ValueName(const QString &section, const QString &key)
 {
@@ -135,7 +135,7 @@ Values Parse(const QByteArray &content)
 
 struct Kept {
     Stamp FileStamp;
-    Values Content;
+    std::shared_ptr<const IniFile> File;
 };
 
 QHash<QString, Kept> &KeptFiles()
@@ -195,7 +195,14 @@ bool BreaksLines(const QByteArray &text)
 
 } // namespace
 
-QString ReadIni(const QString &path, const QString &section, const QString &key)
+QString IniFile::Value(const QString &section, const QString &key) const
+{
+    if (!m_values)
+        m_values = Parse(m_content);
+    return m_values->value(ValueName(Folded(section), Folded(key)));
+}
+
+std::shared_ptr<const IniFile> OpenIni(const QString &path)
 {
     const Place place = Locate(path);
     // Taken before the content, so that a change in between shows at the next look-up.
@@ -203,10 +210,15 @@ QString ReadIni(const QString &path, const QString &section, const QString &key)
     Kept &file = KeptFiles()[place.Native()];
     if (!file.FileStamp.Settled || !file.FileStamp.SameAs(stamp)) {
         file = Kept();
-        file.Content = Parse(ReadAll(place));
+        file.File = std::make_shared<IniFile>(ReadAll(place));
         file.FileStamp = stamp;
     }
-    return file.Content.value(ValueName(Folded(section), Folded(key)));
+    return file.File;
+}
+
+QString ReadIni(const QString &path, const QString &section, const QString &key)
+{
+    return OpenIni(path)->Value(section, key);
 }
 
 bool WriteIni(const QString &path, const QString &section, const QString &key, const QString &value)

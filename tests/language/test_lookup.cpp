@@ -11,7 +11,9 @@
 #include <QElapsedTimer>
 #include <QTest>
 
+#include <fcntl.h>
 #include <memory>
+#include <sys/stat.h>
 
 using namespace platform;
 
@@ -204,6 +206,25 @@ private Q_SLOTS:
         QCOMPARE(Text("0005"), QStringLiteral("enorme"));
         m_folder->WriteLanguage("[Strings]\r\n0005=terzo\r\n");
         QCOMPARE(Text("0005"), QStringLiteral("terzo"));
+    }
+
+    // A copy brings length and time of change along.
+    void aFileReplacedByOneOfItsLengthAndTimeShowsAtTheNextLookUp()
+    {
+        for (const int size : {100, Limit + 1}) {
+            m_folder->WriteLanguage({});
+            for (const QByteArray text : {"uno", "due", "tre"}) {
+                const QString next = QStringLiteral("lngmorlene/copia");
+                m_folder->Write(next, Padded("[Strings]\r\n0005=\"" + text + "\"\r\n", size));
+                constexpr struct timespec LongAgo[2] = {{1'000'000, 0}, {1'000'000, 0}};
+                const QByteArray from = m_folder->Path(next).toUtf8();
+                const QByteArray to =
+                    m_folder->Path(QStringLiteral("lngmorlene/prova.lng")).toUtf8();
+                QCOMPARE(::utimensat(AT_FDCWD, from.constData(), LongAgo, 0), 0);
+                QCOMPARE(std::rename(from.constData(), to.constData()), 0);
+                QCOMPARE(Text("0005"), QString::fromLatin1(text));
+            }
+        }
     }
 
     void aFileThatVanishesFailsIntoEmptyTexts()

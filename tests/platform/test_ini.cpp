@@ -70,6 +70,7 @@ private Q_SLOTS:
     void aFolderInItsPlaceIsNotWritten();
     void aChangedFileShowsAtTheNextLookUp();
     void aReplacedFileShowsAtTheNextLookUp();
+    void aFileWhoseTimeIsSetBackShowsAtTheNextLookUp();
     void aVanishedFileIsAnErrorAgain();
     void aSettledFileIsNotReadAgain();
 };
@@ -247,6 +248,17 @@ void TestIni::aReplacedFileShowsAtTheNextLookUp()
         MakeOld(host.Outside(S("next")));
         QCOMPARE(std::rename(host.Outside(S("next")).toUtf8().constData(), native.constData()), 0);
         QCOMPARE(ReadIni(Path, S("A"), S("k")), S(value));
+    }
+}
+
+void TestIni::aFileWhoseTimeIsSetBackShowsAtTheNextLookUp()
+{
+    FolderHost host;
+    // One file, one length, one time, and many changes in one tick of the file system's clock.
+    for (int i = 100; i < 200; ++i) {
+        FolderHost::Put(host.Drive + S("a.ini"), "[A]\nk=" + QByteArray::number(i) + "\n");
+        MakeOld(host.Drive + S("a.ini"));
+        QCOMPARE(ReadIni(Path, S("A"), S("k")), QString::number(i));
     }
 }
 
