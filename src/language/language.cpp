@@ -31,6 +31,22 @@ QString FileImpostazione()
     return Cartella() + QStringLiteral("LangSetting.ini");
 }
 
+// The setting is a file of code page 1252. A name with other letters stands in it as UTF-8 behind
+// the mark; so does one whose first letters would be taken for the mark.
+QString NomePerImpostazione(const QString &nome)
+{
+    const QString segno = FromCodePage(SegnoUtf8);
+    if (FromCodePage(ToCodePage(nome)) == nome && !nome.startsWith(segno))
+        return nome;
+    return segno + FromCodePage(nome.toUtf8());
+}
+
+QString NomeDaImpostazione(const QString &valore)
+{
+    const QByteArray byte = ToCodePage(valore);
+    return byte.startsWith(SegnoUtf8) ? QString::fromUtf8(byte.mid(sizeof SegnoUtf8 - 1)) : valore;
+}
+
 // Where the line that begins at `riga` ends: before a CR or an LF, or with the file. Of CR LF the
 // LF ends an empty line, which no key begins.
 qsizetype FineRiga(const QByteArray &contenuto, qsizetype riga)
@@ -91,7 +107,7 @@ void LeggiLinguaCorrente()
 void SalvaLinguaCorrente()
 {
     MLSScriviIni(FileImpostazione(), QStringLiteral("Language"), QStringLiteral("CurrentLanguage"),
-                 LinguaCorrente);
+                 NomePerImpostazione(LinguaCorrente));
 }
 
 QStringList LingueInstallate()

@@ -36,5 +36,5 @@ QString FileLinguaCorrente();
 QStringList LingueInstallate();
 // Reads `LinguaCorrente` from the setting, also when it is known already.
 void LeggiLinguaCorrente();
-// Writes `LinguaCorrente` into the setting.
+// Writes `LinguaCorrente` into the setting, so that any name can be read back.
 void SalvaLinguaCorrente();

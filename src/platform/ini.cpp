@@ -188,6 +188,14 @@ QByteArray Changed(const QByteArray &content, const QString &section, const QByt
     return result;
 }
 
+// As it has to stand so that a look-up gives all of it back.
+QByteArray Written(const QString &value)
+{
+    const QByteArray bytes = ToCodePage(value);
+    const bool quotes = bytes.size() >= 2 && bytes.startsWith('"') && bytes.endsWith('"');
+    return quotes || Trimmed(bytes) != bytes ? '"' + bytes + '"' : bytes;
+}
+
 bool BreaksLines(const QByteArray &text)
 {
     return text.contains('\r') || text.contains('\n') || text.contains('\0');
@@ -223,7 +231,7 @@ QString ReadIni(const QString &path, const QString &section, const QString &key)
 
 bool WriteIni(const QString &path, const QString &section, const QString &key, const QString &value)
 {
-    const QByteArray assignment = ToCodePage(key) + '=' + ToCodePage(value);
+    const QByteArray assignment = ToCodePage(key) + '=' + Written(value);
     if (BreaksLines(ToCodePage(section)) || BreaksLines(assignment))
         return false;
     return Skipping([&] {

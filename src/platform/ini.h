@@ -35,7 +35,8 @@ std::shared_ptr<const IniFile> OpenIni(const QString &path);
 // One value of it.
 QString ReadIni(const QString &path, const QString &section, const QString &key);
 
-// Sets one key, keeps every other line, makes the file or the section when missing.
+// Sets one key, keeps every other line, makes the file or the section when missing. A value that
+// would lose blanks or quotes at its ends is put in quotes.
 // False when it could not be written; nothing is lost then.
 bool WriteIni(const QString &path, const QString &section, const QString &key,
               const QString &value);

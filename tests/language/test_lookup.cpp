@@ -192,6 +192,13 @@ private Q_SLOTS:
         QCOMPARE(Text("0005"), QString());
     }
 
+    void withoutALanguageTheFileHasAnEmptyName()
+    {
+        m_folder->Write(QStringLiteral("lngmorlene/.lng"), "[Strings]\r\n0005=senza nome\r\n");
+        QCOMPARE(Text("0005"), QStringLiteral("senza nome"));
+        QCOMPARE(LinguaCorrente, QString());
+    }
+
     void withoutAnyFolderATextIsEmpty() { QCOMPARE(Text("0005"), QString()); }
 
     void aChangedFileShowsAtTheNextLookUp()
@@ -277,6 +284,52 @@ private Q_SLOTS:
         LinguaCorrente.clear();
         LeggiLinguaCorrente();
         QCOMPARE(LinguaCorrente, QStringLiteral("francese"));
+    }
+
+    void aLanguageOfAnyNameOutlivesTheRun_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("written");
+        const auto row = [](const char *what, const char *name, const char *written) {
+            QTest::newRow(what) << QString::fromUtf8(name) << QByteArray(written);
+        };
+        row("plain", "english", "english");
+        row("of the code page", "français €",
+            "fran\xE7"
+            "ais \x80");
+        row("blank ahead", " italiano", "\" italiano\"");
+        row("blank behind", "italiano ", "\"italiano \"");
+        row("nothing but a blank", " ", "\" \"");
+        row("quotes", "\"x\"", "\"\"x\"\"");
+        row("one quote", "\"", "\"");
+        row("an equals sign and a remark", ";a=b", ";a=b");
+        row("Russian", "Русский", "\xEF\xBB\xBFРусский");
+        row("Russian with a blank behind", "Русский ", "\"\xEF\xBB\xBFРусский \"");
+        row("beyond 16 bits", "😀", "\xEF\xBB\xBF😀");
+        row("like the mark", "\u00EF\u00BB\u00BFx", "\xEF\xBB\xBF\u00EF\u00BB\u00BFx");
+    }
+    void aLanguageOfAnyNameOutlivesTheRun()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, written);
+        const QString setting = QStringLiteral("lngmorlene/LangSetting.ini");
+        m_folder->Write(setting, "[Language]\r\nCurrentLanguage=x\r\ny=\xE8\r\n");
+        LinguaCorrente = name;
+        SalvaLinguaCorrente();
+        LinguaCorrente.clear();
+        LeggiLinguaCorrente();
+        QCOMPARE(LinguaCorrente, name);
+        QFile file(m_folder->Path(setting));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), "[Language]\r\nCurrentLanguage=" + written + "\r\ny=\xE8\r\n");
+    }
+
+    void aNameThatIsNoUtf8BehindTheMarkFailsIntoEmptyTexts()
+    {
+        m_folder->WriteLanguage("[Strings]\r\n0005=uno\r\n");
+        m_folder->Write(QStringLiteral("lngmorlene/LangSetting.ini"),
+                        "[Language]\r\nCurrentLanguage=\xEF\xBB\xBF\xFF\xFE\r\n");
+        QCOMPARE(Text("0005"), QString());
     }
 
     void aChoiceThatCannotBeWrittenIsSilent()

@@ -171,8 +171,10 @@ void TestIni::aChangeKeepsEveryOtherByte_data()
 {
     QTest::addColumn<QByteArray>("before");
     QTest::addColumn<QByteArray>("after");
-    const auto row = [](const char *name, const char *before, const char *after) {
-        QTest::newRow(name) << QByteArray(before) << QByteArray(after);
+    QTest::addColumn<QByteArray>("value");
+    const auto row = [](const char *name, const char *before, const char *after,
+                        const char *value = "v") {
+        QTest::newRow(name) << QByteArray(before) << QByteArray(after) << QByteArray(value);
     };
     row("a value", "[A]\r\nk=old\r\nx=y\r\n", "[A]\r\nk=v\r\nx=y\r\n");
     row("line feeds", "[A]\nk=old\nx=y\n", "[A]\nk=v\nx=y\n");
@@ -191,6 +193,10 @@ void TestIni::aChangeKeepsEveryOtherByte_data()
     row("a key of no section", "k=x\r\n", "k=x\r\n[A]\r\nk=v\r\n");
     row("empty", "", "[A]\r\nk=v\r\n");
     row("byte order mark", "\xEF\xBB\xBF[A]\nk=x\n", "\xEF\xBB\xBF[A]\nk=v\n");
+    row("a value with a blank", "[A]\nk=1\n", "[A]\nk=\" v \"\n", " v ");
+    row("a value with a tab", "[A]\nk=1\n", "[A]\nk=\"v\t\"\n", "v\t");
+    row("a value in quotes", "[A]\nk=1\n", "[A]\nk=\"\"v\"\"\n", "\"v\"");
+    row("an empty value", "[A]\nk=1\n", "[A]\nk=\n", "");
     row("byte order mark alone", "\xEF\xBB\xBF", "\xEF\xBB\xBF[A]\r\nk=v\r\n");
 }
 
@@ -198,7 +204,8 @@ void TestIni::aChangeKeepsEveryOtherByte()
 {
     QFETCH(QByteArray, before);
     QFETCH(QByteArray, after);
-    QCOMPARE(AfterChange(before), after);
+    QFETCH(QByteArray, value);
+    QCOMPARE(AfterChange(before, "A", "k", value.constData()), after);
 }
 
 void TestIni::aNewFileIsMade()
