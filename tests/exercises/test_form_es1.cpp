@@ -306,6 +306,72 @@ private Q_SLOTS:
         QVERIFY(!player.Host.DrawsLeft());
     }
 
+    void levelThreeDrawsWhetherItDenies()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        player.Host.Expect({{2, 0}, {8, 4}, {2, 0}});
+        form.mnuLiv.OnClick(3);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("La porta è verde."));
+        player.Host.Expect({{2, 0}, {8, 4}, {2, 1}, {4, 1}});
+        form.mnuLiv.OnClick(3);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("La porta non è rossa."));
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
+    void aPairIsDrawnUntilItsPartsDifferAndItsFirstStatementIsFalse()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        // False; the roof, twice the roof again, the smoke; the first statement true twice, then
+        // false, the second true.
+        player.Host.Expect({{2, 1},
+                            {8, 1},
+                            {8, 1},
+                            {8, 1},
+                            {8, 6},
+                            {2, 0},
+                            {2, 1},
+                            {2, 0},
+                            {2, 1},
+                            {2, 1},
+                            {2, 0},
+                            {4, 0},
+                            {4, 3}});
+        form.mnuLiv.OnClick(4);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è giallo e c'è il fumo."));
+        QCOMPARE(form.IndiceEsatto, int16_t{1});
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
+    // Colours are compared by their numbers and not by their names.
+    void twoColoursOfOneNameMakeAFalseSentenceThatReadsTrue()
+    {
+        Player player;
+        SuoniAttivi = false;
+        Colori(2, 1) = Colori(1, 1);
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + FalseOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è verde."));
+        ClickOn(form.Command1(0));
+        QCOMPARE(Errati, int16_t{1});
+        ClickOn(form.Command1(1));
+        QCOMPARE(Esatti, 1);
+    }
+
+    void capitalsOfTheLanguageDoNotSurvive()
+    {
+        Player player;
+        Messaggi(1) = QStringLiteral("Il TETTO di Anna è ");
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        QCOMPARE(player.Open<FormEs1>().Label1.Caption(),
+                 QStringLiteral("Il tetto di anna è verde."));
+    }
+
     void windowsAndDoorTakeTheirOwnNegativePieces()
     {
         Player player;
