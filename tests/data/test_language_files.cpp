@@ -1,9 +1,9 @@
 // The language files as they lie on disk, read by their bytes: right for both ways in which the
 // program reads them, and complete.
+#include "support/language_file.h"
 #include "support/registered_tests.h"
 
-#include <QDir>
-#include <QRegularExpression>
+#include <QFile>
 #include <QSet>
 #include <QTest>
 
@@ -13,59 +13,9 @@ constexpr qsizetype LongestValue = 511;  // letters that the reader gives
 constexpr qsizetype LargestFile = 64000; // bytes; beyond, sections and unquoted values are lost
 const QByteArray LetterlessBytes = QByteArrayLiteral("\x81\x8D\x8F\x90\x9D");
 
-QString Folder()
-{
-    return QStringLiteral(SOURCE_DIR "/data/lngmorlene/");
-}
-
 QByteArray Content(const QString &name)
 {
-    QFile file(Folder() + name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-struct Entry {
-    QByteArray Section;
-    QByteArray Key;
-    QByteArray Value;
-};
-
-struct Language {
-    QList<QByteArray> Sections;
-    QList<Entry> Entries;
-    QList<QByteArray> Strange; // lines of no known form
-
-    QByteArray Text(const QByteArray &key) const
-    {
-        for (const Entry &entry : Entries)
-            if (entry.Section == "Strings" && entry.Key == key)
-                return entry.Value;
-        return {};
-    }
-};
-
-Language Read(const QString &name)
-{
-    static const QRegularExpression heading(QStringLiteral("^\\[(\\w+)\\]$"));
-    static const QRegularExpression entry(
-        QStringLiteral("^(\\d{4}|\\w+(?:\\(\\d+\\))?\\.[A-Z]\\w+(?:\\(\\d+\\))?)=\"([^\"]*)\"$"));
-    Language language;
-    QByteArray section;
-    for (const QByteArray &line : Content(name).replace("\r\n", "\n").split('\n')) {
-        if (line.isEmpty() || line.startsWith(';'))
-            continue;
-        const QString text = QString::fromLatin1(line);
-        if (const auto found = heading.match(text); found.hasMatch()) {
-            section = found.captured(1).toLatin1();
-            language.Sections << section;
-        } else if (const auto pair = entry.match(text); pair.hasMatch() && !section.isEmpty()) {
-            language.Entries << Entry{section, pair.captured(1).toLatin1(),
-                                      pair.captured(2).toLatin1()};
-        } else {
-            language.Strange << line;
-        }
-    }
-    return language;
+    return ReadLanguageFile(name).Content;
 }
 
 // The numbered texts that the program asks for; the numbers in between belong to nothing.
@@ -83,11 +33,6 @@ QList<QByteArray> Catalogue()
     return keys;
 }
 
-QByteArray Name(const Entry &entry)
-{
-    return entry.Section + ": " + entry.Key;
-}
-
 } // namespace
 
 class TestLanguageFiles : public QObject {
@@ -96,50 +41,43 @@ class TestLanguageFiles : public QObject {
 private Q_SLOTS:
     void theLanguageOfANewInstallationIsThere();
 
-    void linesEndInCarriageReturnAndLineFeed_data() { EachFile(); }
+    void linesEndInCarriageReturnAndLineFeed_data() { RowsOfLanguages(); }
     void linesEndInCarriageReturnAndLineFeed();
-    void everyByteIsALetterOfTheCodePage_data() { EachFile(); }
+    void everyByteIsALetterOfTheCodePage_data() { RowsOfLanguages(); }
     void everyByteIsALetterOfTheCodePage();
-    void theFileIsSmallEnoughToBeReadBySections_data() { EachFile(); }
+    void theFileIsSmallEnoughToBeReadBySections_data() { RowsOfLanguages(); }
     void theFileIsSmallEnoughToBeReadBySections();
-    void everyLineIsANoteAHeadingOrAQuotedValue_data() { EachFile(); }
+    void everyLineIsANoteAHeadingOrAQuotedValue_data() { RowsOfLanguages(); }
     void everyLineIsANoteAHeadingOrAQuotedValue();
-    void everyNumberedTextIsThere_data() { EachFile(); }
+    void everyNumberedTextIsThere_data() { RowsOfLanguages(); }
     void everyNumberedTextIsThere();
-    void noNumberedTextIsUnknown_data() { EachFile(); }
+    void noNumberedTextIsUnknown_data() { RowsOfLanguages(); }
     void noNumberedTextIsUnknown();
-    void noValueIsLongerThanTheReaderGives_data() { EachFile(); }
+    void noValueIsLongerThanTheReaderGives_data() { RowsOfLanguages(); }
     void noValueIsLongerThanTheReaderGives();
-    void noLanguageChangesATag_data() { EachFile(); }
+    void noLanguageChangesATag_data() { RowsOfLanguages(); }
     void noLanguageChangesATag();
-    void everyWindowHasATitle_data() { EachFile(); }
+    void everyWindowHasATitle_data() { RowsOfLanguages(); }
     void everyWindowHasATitle();
-    void noSectionAndNoKeyStandsTwice_data() { EachFile(); }
+    void noSectionAndNoKeyStandsTwice_data() { RowsOfLanguages(); }
     void noSectionAndNoKeyStandsTwice();
-    void noKeyBeginsAnother_data() { EachFile(); }
+    void noKeyBeginsAnother_data() { RowsOfLanguages(); }
     void noKeyBeginsAnother();
-    void piecesThatGetTheirBlanksFromTheProgramHaveNoneOfTheirOwn_data() { EachFile(); }
+    void piecesThatGetTheirBlanksFromTheProgramHaveNoneOfTheirOwn_data() { RowsOfLanguages(); }
     void piecesThatGetTheirBlanksFromTheProgramHaveNoneOfTheirOwn();
-    void openingsThatGetNoBlankEndInOne_data() { EachFile(); }
+    void openingsThatGetNoBlankEndInOne_data() { RowsOfLanguages(); }
     void openingsThatGetNoBlankEndInOne();
-    void theFiguresFindTheirVariable_data() { EachFile(); }
+    void theFiguresFindTheirVariable_data() { RowsOfLanguages(); }
     void theFiguresFindTheirVariable();
-    void everyLanguageNamesTheSameKeysAsItalian_data() { EachFile(); }
+    void everyLanguageNamesTheSameKeysAsItalian_data() { RowsOfLanguages(); }
     void everyLanguageNamesTheSameKeysAsItalian();
-
-private:
-    static void EachFile()
-    {
-        QTest::addColumn<QString>("name");
-        for (const QString &name : QDir(Folder()).entryList({QStringLiteral("*.lng")}))
-            QTest::newRow(qPrintable(name)) << name;
-    }
 };
 
 void TestLanguageFiles::theLanguageOfANewInstallationIsThere()
 {
-    QCOMPARE(Content(QStringLiteral("LangSetting.ini")),
-             QByteArray("[Language]\r\nCurrentLanguage=italiano\r\n"));
+    QFile setting(QStringLiteral(SOURCE_DIR "/data/lngmorlene/LangSetting.ini"));
+    QVERIFY(setting.open(QIODevice::ReadOnly));
+    QCOMPARE(setting.readAll(), QByteArray("[Language]\r\nCurrentLanguage=italiano\r\n"));
     QVERIFY(!Content(QStringLiteral("italiano.lng")).isEmpty());
 }
 
@@ -176,7 +114,7 @@ void TestLanguageFiles::theFileIsSmallEnoughToBeReadBySections()
 void TestLanguageFiles::everyLineIsANoteAHeadingOrAQuotedValue()
 {
     QFETCH(QString, name);
-    const Language language = Read(name);
+    const LanguageFile language = ReadLanguageFile(name);
     QVERIFY2(language.Strange.isEmpty(), language.Strange.join('\n').constData());
     QVERIFY(language.Sections.contains("Strings"));
 }
@@ -184,63 +122,55 @@ void TestLanguageFiles::everyLineIsANoteAHeadingOrAQuotedValue()
 void TestLanguageFiles::everyNumberedTextIsThere()
 {
     QFETCH(QString, name);
-    const Language language = Read(name);
+    const LanguageFile language = ReadLanguageFile(name);
     QCOMPARE(Catalogue().size(), 101);
     for (const QByteArray &key : Catalogue())
-        QVERIFY2(!language.Text(key).trimmed().isEmpty(), key.constData());
+        QVERIFY2(!language.Text("Strings", key).trimmed().isEmpty(), key.constData());
 }
 
 void TestLanguageFiles::noNumberedTextIsUnknown()
 {
     QFETCH(QString, name);
-    for (const Entry &entry : Read(name).Entries)
-        if (entry.Section == "Strings")
-            QVERIFY2(Catalogue().contains(entry.Key), entry.Key.constData());
+    for (const LanguageEntry &entry : ReadLanguageFile(name).EntriesOf("Strings"))
+        QVERIFY2(Catalogue().contains(entry.Key), entry.Key.constData());
 }
 
 void TestLanguageFiles::noValueIsLongerThanTheReaderGives()
 {
     QFETCH(QString, name);
-    for (const Entry &entry : Read(name).Entries)
-        QVERIFY2(entry.Value.size() <= LongestValue, Name(entry).constData());
+    for (const LanguageEntry &entry : ReadLanguageFile(name).Entries)
+        QVERIFY2(entry.Value.size() <= LongestValue, entry.Name().constData());
 }
 
 void TestLanguageFiles::noLanguageChangesATag()
 {
     QFETCH(QString, name);
-    for (const Entry &entry : Read(name).Entries)
-        QVERIFY2(!entry.Key.endsWith(".Tag"), Name(entry).constData());
+    for (const LanguageEntry &entry : ReadLanguageFile(name).Entries)
+        QVERIFY2(!entry.Key.endsWith(".Tag"), entry.Name().constData());
 }
 
 void TestLanguageFiles::everyWindowHasATitle()
 {
     // A title that the language does not give is emptied.
     QFETCH(QString, name);
-    const Language language = Read(name);
-    QVERIFY(language.Sections.size() > 1);
-    for (const QByteArray &section : language.Sections) {
-        if (section == "Strings")
-            continue;
-        QByteArray title;
-        for (const Entry &entry : language.Entries)
-            if (entry.Section == section && entry.Key == section + ".Caption")
-                title = entry.Value;
-        QVERIFY2(!title.isEmpty(), section.constData());
-    }
+    const LanguageFile language = ReadLanguageFile(name);
+    QVERIFY(!language.Windows().isEmpty());
+    for (const QByteArray &window : language.Windows())
+        QVERIFY2(!language.Text(window, window + ".Caption").isEmpty(), window.constData());
 }
 
 void TestLanguageFiles::noSectionAndNoKeyStandsTwice()
 {
     QFETCH(QString, name);
-    const Language language = Read(name);
+    const LanguageFile language = ReadLanguageFile(name);
     QSet<QByteArray> seen;
     for (const QByteArray &section : language.Sections) {
         QVERIFY2(!seen.contains(section.toLower()), section.constData());
         seen << section.toLower();
     }
-    for (const Entry &entry : language.Entries) {
-        QVERIFY2(!seen.contains(Name(entry).toLower()), Name(entry).constData());
-        seen << Name(entry).toLower();
+    for (const LanguageEntry &entry : language.Entries) {
+        QVERIFY2(!seen.contains(entry.Name().toLower()), entry.Name().constData());
+        seen << entry.Name().toLower();
     }
 }
 
@@ -248,9 +178,9 @@ void TestLanguageFiles::noKeyBeginsAnother()
 {
     // In a file that has grown large a key also finds a longer one that begins with it.
     QFETCH(QString, name);
-    const QList<Entry> entries = Read(name).Entries;
-    for (const Entry &entry : entries)
-        for (const Entry &other : entries)
+    const QList<LanguageEntry> entries = ReadLanguageFile(name).Entries;
+    for (const LanguageEntry &entry : entries)
+        for (const LanguageEntry &other : entries)
             QVERIFY2(entry.Key == other.Key || !other.Key.startsWith(entry.Key),
                      (entry.Key + " begins " + other.Key).constData());
 }
@@ -258,27 +188,27 @@ void TestLanguageFiles::noKeyBeginsAnother()
 void TestLanguageFiles::piecesThatGetTheirBlanksFromTheProgramHaveNoneOfTheirOwn()
 {
     QFETCH(QString, name);
-    const Language language = Read(name);
+    const LanguageFile language = ReadLanguageFile(name);
     for (int number = 4; number <= 40; ++number) {
         const QByteArray key = QByteArray::number(number).rightJustified(4, '0');
-        QCOMPARE(language.Text(key), language.Text(key).simplified());
+        QCOMPARE(language.Text("Strings", key), language.Text("Strings", key).simplified());
     }
-    QCOMPARE(language.Text("0105"), language.Text("0105").simplified());
+    QCOMPARE(language.Text("Strings", "0105"), language.Text("Strings", "0105").simplified());
 }
 
 void TestLanguageFiles::openingsThatGetNoBlankEndInOne()
 {
     QFETCH(QString, name);
-    const Language language = Read(name);
+    const LanguageFile language = ReadLanguageFile(name);
     for (const char *key :
          {"0074", "0082", "0083", "0084", "0085", "0086", "0087", "0088", "0089", "0090", "0092"})
-        QCOMPARE(language.Text(key), language.Text(key).simplified() + ' ');
+        QCOMPARE(language.Text("Strings", key), language.Text("Strings", key).simplified() + ' ');
 }
 
 void TestLanguageFiles::theFiguresFindTheirVariable()
 {
     QFETCH(QString, name);
-    QCOMPARE(Read(name).Text("0103"), QByteArray("TestoColore.QualeColore"));
+    QCOMPARE(ReadLanguageFile(name).Text("Strings", "0103"), QByteArray("TestoColore.QualeColore"));
 }
 
 void TestLanguageFiles::everyLanguageNamesTheSameKeysAsItalian()
@@ -286,8 +216,8 @@ void TestLanguageFiles::everyLanguageNamesTheSameKeysAsItalian()
     QFETCH(QString, name);
     const auto names = [](const QString &file) {
         QList<QByteArray> list;
-        for (const Entry &entry : Read(file).Entries)
-            list << Name(entry);
+        for (const LanguageEntry &entry : ReadLanguageFile(file).Entries)
+            list << entry.Name();
         return list;
     };
     const QList<QByteArray> own = names(name);
