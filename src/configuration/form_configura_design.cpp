@@ -123,6 +123,9 @@ void FormConfigura::Disegna()
                                                     "lettere",   "suoni",  "modi"};
     for (int i = 0; i < 6; ++i)
         TabStrip1.SetTabPicture(i + 1, Testo(figure.at(static_cast<size_t>(i))));
+    ListModificaUtente.SetSpokenName(Testo("Giocatori"));
+    TextNuovoUtente.SetSpokenName(Testo("Nome del nuovo giocatore"));
+    ShockwaveFlash1.SetSpokenName(Testo("Morlena nei colori scelti"));
     for (Frame *pagina :
          {&FrameUtente, &FrameMorlene, &FrameScelteDid, &FrameFonts, &FrameSuoni, &FramePunt})
         pagina->SetVisible(false);

@@ -27,6 +27,9 @@ Differenze::Differenze(const DisegnoEsercizio &disegno, const DisegnoDifferenze 
       m_primaPosizione(differenze.PrimaPosizione)
 {
     Pannello.SetVisible(false);
+    ShockwaveFlash1.SetSpokenName(QStringLiteral("Prima morlena"));
+    ShockwaveFlash2.SetSpokenName(QStringLiteral("Seconda morlena"));
+    Pannello.SetSpokenName(QStringLiteral("Istruzioni"));
     Label1.SetFramed(true);
     // The two buttons answer the mouse in every input mode: meant.
     Command1.OnClick = [this](int indice) {

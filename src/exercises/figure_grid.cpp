@@ -69,6 +69,7 @@ GrigliaFigure::GrigliaFigure(const DisegnoEsercizio &disegno, const QString &ist
         const Frame &modello = Frame5(i);
         MovieControl &figura = ShockwaveFlash1.Add(
             i, Place{modello.Left(), modello.Top(), modello.Width(), modello.Height()});
+        figura.SetSpokenName(QStringLiteral("Morlena %1").arg(i + 1));
         figura.OnFSCommand = [this, i](const QString &, const QString &) {
             if (ModoInput == 0)
                 FiguraCliccata(i);
@@ -82,6 +83,7 @@ GrigliaFigure::GrigliaFigure(const DisegnoEsercizio &disegno, const QString &ist
     Command1(Prossimo).SetPicture(QStringLiteral("prossimo"));
     Command1(Prossimo).SetSpokenName(QStringLiteral("Avanti"));
     Command1(Prossimo).SetMousePointer(platform::MousePointer::Custom);
+    Text1.SetSpokenName(QStringLiteral("Caratteristiche"));
     Label1.SetFontName(QStringLiteral("Verdana"));
     Label1.SetFontSize(16);
     Label1.SetTransparent(true);

@@ -70,6 +70,8 @@ FormEs2::FormEs2()
     Command1.Add(Secondo, Place{7800, 3120, 1260, 825}, QStringLiteral("Diversi"));
     Command1.Add(Prossimo, Place{7800, 4440, 1260, 735});
     VestiRisposte();
+    ShockwaveFlash1.SetSpokenName(QStringLiteral("Prima morlena"));
+    ShockwaveFlash2.SetSpokenName(QStringLiteral("Seconda morlena"));
 }
 
 // --- Making the task ---

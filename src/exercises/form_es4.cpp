@@ -59,6 +59,8 @@ FormEs4::FormEs4()
     Command1(Prossimo).SetPicture(QStringLiteral("prossimo"));
     Command1(Prossimo).SetSpokenName(QStringLiteral("Avanti"));
     Command1(Prossimo).SetEnabled(false);
+    ShockwaveFlash1.SetSpokenName(QStringLiteral("Morlena da colorare"));
+    Text1.SetSpokenName(QStringLiteral("Descrizione"));
     for (Button &pulsante : Command1)
         pulsante.SetMousePointer(platform::MousePointer::Custom);
 

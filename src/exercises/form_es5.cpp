@@ -56,6 +56,8 @@ FormEs5::FormEs5()
         const double giu = i / PostiPerFila * PassoVerticale; // NOLINT(bugprone-integer-division)
         ShockwaveFlash2.Add(i, Place{240 + destra, 360 + giu, 615, 855});
         ShockwaveFlash3.Add(i, Place{4320 + destra, 360 + giu, 615, 855});
+        ShockwaveFlash2(i).SetSpokenName(QStringLiteral("Morlena del sì %1").arg(i + 1));
+        ShockwaveFlash3(i).SetSpokenName(QStringLiteral("Morlena del no %1").arg(i + 1));
     }
     Command1.Add(Primo, Place{1560, 2640, 855, 735});
     Command1.Add(Secondo, Place{5640, 2640, 855, 735});
@@ -67,6 +69,7 @@ FormEs5::FormEs5()
     Command1(Prossimo).SetPicture(QStringLiteral("prossimo"));
     Command1(Prossimo).SetSpokenName(QStringLiteral("Avanti"));
     Command1(Prossimo).SetEnabled(false);
+    ShockwaveFlash1.SetSpokenName(QStringLiteral("Morlena"));
     for (Button &pulsante : Command1)
         pulsante.SetMousePointer(platform::MousePointer::Custom);
 

@@ -57,6 +57,7 @@ FormEs8::FormEs8()
     : Differenze(Disegno, DisegnoParti), Picture1({*this, "Picture1"}, {0, 5880, 10335, 615}),
       Image1(Picture1.Inside("Image1")), Shape1(Picture1.Inside("Shape1"))
 {
+    Picture1.SetSpokenName(QStringLiteral("Parti"));
     for (int i = 0; i < static_cast<int>(Immagini.size()); ++i) {
         const Immagine &immagine = Immagini.at(static_cast<size_t>(i));
         Image &figura = Image1.Add(i, Place{120 + PassoImmagine * i, 0, 615, 615},

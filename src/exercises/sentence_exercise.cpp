@@ -12,6 +12,7 @@ constexpr int TurniPerColorazione = 4;
 void EsercizioConFrase::VestiRisposte()
 {
     Command1(Prossimo).SetPicture(QStringLiteral("prossimo"));
+    Command1(Prossimo).SetSpokenName(QStringLiteral("Avanti"));
     Command1(Prossimo).SetEnabled(false);
     for (platform::Button &pulsante : Command1) {
         pulsante.SetFontSize(40);

@@ -48,6 +48,8 @@ FinestraEsercizio::FinestraEsercizio(const DisegnoEsercizio &disegno)
     for (int i = 1; i <= disegno.Livelli; ++i)
         mnuLiv.Add(i, mnuLivelli, QString::number(i), QStringLiteral("F%1").arg(i));
     mnuLiv(1).SetChecked(true);
+    PictureScansioneManuale.SetSpokenName(QStringLiteral("Tasti della scansione"));
+    PictureScansioneAutomatica.SetSpokenName(QStringLiteral("Sensore della scansione"));
 
     OnLoad = [this] { Carica(); };
     OnActivate = [this] { Attiva(); };

@@ -26,7 +26,7 @@ void MLSScriviIni(const QString &file, const QString &sezione, const QString &ch
 // The text of four digits such as "0042"; finds the current language on first use.
 QString MLSTesto(const QString &chiave);
 
-// Lays the current language over a window and its controls. Pending events pass
+// Lays the current language over a window and its controls, spoken names too. Pending events pass
 // at each control.
 void MLSCaricaForm(platform::Form &finestra);
 

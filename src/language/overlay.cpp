@@ -51,6 +51,28 @@ void CaricaControllo(const Form &finestra, Control &controllo)
     CaricaLinguette(finestra, controllo, nome);
 }
 
+// The spoken names stand in a section of their own, under window and control. An array may have one
+// name for all: its elements are counted from 1 behind it. What the language does not name is
+// called as designed again.
+void CaricaVoce(const Form &finestra, Control &controllo)
+{
+    if (controllo.SpokenName().isEmpty())
+        return;
+    const auto voce = [&](const QString &nome) {
+        return MLSLeggiIni(FileLinguaCorrente(), QStringLiteral("Voci"),
+                           finestra.Name() + QLatin1Char('.') + nome);
+    };
+    Skipping([&] {
+        QString nome = voce(controllo.Key());
+        if (nome.isEmpty() && controllo.Key() != controllo.Name()) {
+            nome = voce(controllo.Name());
+            if (!nome.isEmpty())
+                nome += QStringLiteral(" %1").arg(controllo.Index() + 1);
+        }
+        controllo.TranslateSpokenName(nome);
+    });
+}
+
 } // namespace
 
 void MLSCaricaForm(Form &finestra)
@@ -63,6 +85,7 @@ void MLSCaricaForm(Form &finestra)
     Skipping([&] { finestra.SetTag(Valore(finestra, nome + QStringLiteral(".Tag"))); });
     for (size_t i = 0; i < finestra.Controls().size(); ++i) {
         CaricaControllo(finestra, *finestra.Controls().at(i));
+        CaricaVoce(finestra, *finestra.Controls().at(i));
         DoEvents();
         // An event that was let through may have unloaded the window.
         if (riferimento.Get() == nullptr)

@@ -64,11 +64,14 @@ void FormMenu::Disegna()
     }
     Command1(0).SetMousePointer(platform::MousePointer::Custom);
     Combo1.SetVisible(false);
+    Combo1.SetSpokenName(QStringLiteral("Giocatore"));
     LabelDimensionaFont.SetAutoSize(true);
     LabelDimensionaFont.SetFontBold(true);
     LabelDimensionaFont.SetVisible(false);
     PictureScansioneAutomatica.SetVisible(false);
     PictureScansioneManuale.SetVisible(false);
+    PictureScansioneManuale.SetSpokenName(QStringLiteral("Tasti della scansione"));
+    PictureScansioneAutomatica.SetSpokenName(QStringLiteral("Sensore della scansione"));
     mnuLanguage.Add(0, mnuLanguages, QString());
 }
 

@@ -29,7 +29,6 @@ public:
     void SetCaption(const QString &caption)
     {
         Caption = caption;
-        setAccessibleName(QString(caption).remove(QLatin1Char('&')));
         setShortcut(QKeySequence::mnemonic(caption));
     }
     QString Caption;
@@ -108,6 +107,7 @@ Button::Button(const ControlId &id, const Place &place, const QString &caption)
 {
     TellsItsClicks();
     m_view->SetCaption(caption);
+    Button::Speak({});
     QObject::connect(m_view, &QPushButton::clicked, m_view, [this] { Click(); });
 }
 
@@ -119,6 +119,7 @@ QString Button::Caption() const
 void Button::SetCaption(const QString &caption)
 {
     m_view->SetCaption(caption);
+    Speak(m_spoken);
     Note("Caption", caption);
     m_view->update();
 }
@@ -129,9 +130,10 @@ void Button::SetPicture(const QString &name)
     m_view->update();
 }
 
-void Button::SetSpokenName(const QString &name)
+void Button::Speak(const QString &name)
 {
-    m_view->setAccessibleName(name);
+    m_spoken = name;
+    m_view->setAccessibleName(Caption().isEmpty() ? name : Caption().remove(QLatin1Char('&')));
 }
 
 void Button::SetTakesFocus(bool takes)

@@ -15,15 +15,16 @@ public:
     void SetCaption(const QString &caption) override;
     // A picture of the program by its name; empty takes it away.
     void SetPicture(const QString &name);
-    // What a screen reader says of a button that has only a picture.
-    void SetSpokenName(const QString &name);
     // Lets the button take the keyboard: Space and Enter press it then.
     void SetTakesFocus(bool takes);
 
 protected:
     void Refresh() override;
+    // A caption goes before it.
+    void Speak(const QString &name) override;
 
 private:
+    QString m_spoken;
     ButtonView *m_view;
 };
 

@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 #include <QFont>
+#include <QLabel>
 #include <QSignalBlocker>
 
 namespace platform {
@@ -66,6 +67,20 @@ QString ComboBox::Text() const
 void ComboBox::SetHeight(double)
 {
     throw RunTimeError(SetNotSupported, Key());
+}
+
+// The name of a drop-down list is its chosen text, whatever it was given; what it is for is told by
+// a label that belongs to it.
+void ComboBox::Speak(const QString &name)
+{
+    VisualControl::Speak(name);
+    if (m_spoken == nullptr) {
+        m_spoken = new QLabel(m_box->parentWidget());
+        m_spoken->setTextFormat(Qt::PlainText);
+        m_spoken->setBuddy(m_box);
+        m_spoken->hide();
+    }
+    m_spoken->setText(name);
 }
 
 void ComboBox::Refresh()

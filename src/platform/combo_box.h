@@ -7,6 +7,7 @@
 #include <QStringList>
 
 class QComboBox;
+class QLabel;
 
 namespace platform {
 
@@ -27,9 +28,11 @@ public:
 
 protected:
     void Refresh() override;
+    void Speak(const QString &name) override;
 
 private:
     QComboBox *m_box;
+    QLabel *m_spoken = nullptr; // never shown
 };
 
 } // namespace platform

@@ -27,6 +27,17 @@ int Control::Index() const
     return m_index;
 }
 
+void Control::SetSpokenName(const QString &name)
+{
+    m_spokenName = name;
+    Speak(name);
+}
+
+void Control::TranslateSpokenName(const QString &name)
+{
+    Speak(name.isEmpty() ? m_spokenName : name);
+}
+
 void Control::Note(const char *property, const QString &value) const
 {
     if (host().Watches())

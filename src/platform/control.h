@@ -59,6 +59,12 @@ public:
     virtual int Tabs() const { throw RunTimeError(NoSuchProperty); }
     virtual void SetTabCaption(int, const QString &) { throw RunTimeError(NoSuchProperty); }
 
+    // What a screen reader calls a control that shows no text of its own. The name by design is
+    // Italian; a translation stands before it until an empty one gives it back.
+    const QString &SpokenName() const { return m_spokenName; }
+    void SetSpokenName(const QString &name);
+    void TranslateSpokenName(const QString &name);
+
     virtual bool Enabled() const { throw RunTimeError(NoSuchProperty); }
     virtual void SetEnabled(bool) { throw RunTimeError(NoSuchProperty); }
     virtual bool Visible() const { throw RunTimeError(NoSuchProperty); }
@@ -74,6 +80,8 @@ public:
     virtual void SetHeight(double) { throw RunTimeError(NoSuchProperty); }
 
 protected:
+    // The spoken name is another one now.
+    virtual void Speak(const QString &) {}
     // Tells the host that a property shown to the person has changed.
     void Note(const char *property, const QString &value) const;
     void Note(const char *property, bool value) const;
@@ -83,6 +91,7 @@ private:
     QString m_name;
     QString m_key;
     QString m_tag;
+    QString m_spokenName; // by design
     int m_index;
 };
 

@@ -98,11 +98,6 @@ void PictureBox::SetPicture(const QString &name)
     m_view->update();
 }
 
-void PictureBox::SetSpokenName(const QString &name)
-{
-    m_view->setAccessibleName(name);
-}
-
 void PictureBox::SetBordered(bool bordered)
 {
     m_view->Bordered = bordered;

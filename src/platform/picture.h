@@ -19,7 +19,6 @@ class PictureBox : public VisualControl {
 public:
     PictureBox(const ControlId &id, const Place &place, const QString &picture = {});
     void SetPicture(const QString &name);
-    void SetSpokenName(const QString &name);
     // A line round it, one pixel wide.
     void SetBordered(bool bordered);
 

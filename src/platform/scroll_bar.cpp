@@ -87,11 +87,6 @@ void HScrollBar::SetChanges(int small, int large)
     View(*this).setPageStep(large);
 }
 
-void HScrollBar::SetSpokenName(const QString &name)
-{
-    View(*this).setAccessibleName(name);
-}
-
 void HScrollBar::Refresh()
 {
     View(*this).Back = BackColor();

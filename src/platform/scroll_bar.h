@@ -15,8 +15,6 @@ public:
     void SetValue(int value); // error 380 outside the ends
     // Steps of the arrow keys, and of a click beside the knob.
     void SetChanges(int small, int large);
-    // What a screen reader calls it: it has no caption.
-    void SetSpokenName(const QString &name);
 
     std::function<void()> OnChange;
 

@@ -26,17 +26,16 @@ UpDown::UpDown(const ControlId &id, const Place &place, TextBox &buddy, int min,
 {
     TellsItsClicks();
     const auto wire = [this](QToolButton *button, Qt::ArrowType arrow, const char *name,
-                             const QString &spoken, int direction) {
+                             int direction) {
         button->setArrowType(arrow);
         button->setAutoRepeat(true);
         button->setFocusPolicy(Qt::NoFocus);
         button->setAccessibleDescription(Key() + QLatin1Char('.') + QLatin1String(name));
-        button->setAccessibleName(spoken);
         QObject::connect(button, &QToolButton::clicked, button,
                          [this, direction] { Step(direction); });
     };
-    wire(m_up, Qt::UpArrow, "Up", QStringLiteral("Aumenta"), 1);
-    wire(m_down, Qt::DownArrow, "Down", QStringLiteral("Diminuisci"), -1);
+    wire(m_up, Qt::UpArrow, "Up", 1);
+    wire(m_down, Qt::DownArrow, "Down", -1);
     UpDown::PutInPlace();
 }
 
@@ -53,6 +52,12 @@ void UpDown::Step(int direction)
     m_buddy.SetText(QString::number(static_cast<int>(value)));
     if (OnChange)
         OnChange();
+}
+
+void UpDown::Speak(const QString &name)
+{
+    m_up->setAccessibleName(name.section(QStringLiteral(" / "), 0, 0));
+    m_down->setAccessibleName(name.section(QStringLiteral(" / "), 1));
 }
 
 void UpDown::PutInPlace()

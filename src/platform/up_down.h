@@ -1,4 +1,5 @@
-// Two arrows that raise and lower the number in a text box.
+// Two arrows that raise and lower the number in a text box. Their spoken name is that of both, with
+// " / " between them: "Più copie / Meno copie".
 #pragma once
 
 #include "platform/text_box.h"
@@ -22,6 +23,7 @@ public:
 
 protected:
     void PutInPlace() override;
+    void Speak(const QString &name) override;
 
 private:
     void Step(int direction);

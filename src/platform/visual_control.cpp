@@ -66,6 +66,11 @@ void VisualControl::Refresh()
     m_widget->update();
 }
 
+void VisualControl::Speak(const QString &name)
+{
+    m_widget->setAccessibleName(name);
+}
+
 void VisualControl::SetLeft(double twips)
 {
     m_place.Left = twips;

@@ -85,6 +85,7 @@ protected:
     virtual void PutInPlace();
     // Colours, font or enabled state changed.
     virtual void Refresh();
+    void Speak(const QString &name) override;
     // An event of the widget before it gets it itself; true when it ends here.
     virtual bool Event(QEvent *event);
     void Click();

@@ -122,6 +122,21 @@ void FrmStampa::Disegna()
     cmdScalaOK.SetPicture(QStringLiteral("avanti"));
     cmdScalaOK.SetSpokenName(QStringLiteral("Applica la scala"));
     imgPrinter.SetSpokenName(QStringLiteral("Una stampante"));
+    cboPrinterNames.SetSpokenName(QStringLiteral("Stampante"));
+    picPreview.SetSpokenName(QStringLiteral("Anteprima del foglio"));
+    txtPrX.SetSpokenName(QStringLiteral("Margine sinistro in millimetri"));
+    txtPrY.SetSpokenName(QStringLiteral("Margine superiore in millimetri"));
+    txtPrW.SetSpokenName(QStringLiteral("Larghezza della stampa in millimetri"));
+    txtPrH.SetSpokenName(QStringLiteral("Altezza della stampa in millimetri"));
+    txtNCopies.SetSpokenName(QStringLiteral("Numero di copie"));
+    txtScala.SetSpokenName(QStringLiteral("Scala: 1 a"));
+    updPrX.SetSpokenName(
+        QStringLiteral("Aumenta il margine sinistro / Riduci il margine sinistro"));
+    updPrY.SetSpokenName(
+        QStringLiteral("Aumenta il margine superiore / Riduci il margine superiore"));
+    updPrW.SetSpokenName(QStringLiteral("Aumenta la larghezza / Riduci la larghezza"));
+    updPrH.SetSpokenName(QStringLiteral("Aumenta l'altezza / Riduci l'altezza"));
+    updNCopies.SetSpokenName(QStringLiteral("Una copia in più / Una copia in meno"));
     for (TextBox *campo : {&txtPrX, &txtPrY, &txtPrW, &txtPrH, &txtNCopies, &txtScala})
         campo->SetBackColor(SystemWindow);
     for (Button *pulsante : {&cmdProprieta, &cmdOrigine, &cmdMax, &cmdStampa, &cmdOK, &cmdChiudi})

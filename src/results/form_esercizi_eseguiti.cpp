@@ -69,6 +69,7 @@ FormEserciziEseguiti::FormEserciziEseguiti()
     Label1.SetFontBold(true);
     Label2.SetFontBold(true);
     MSFlexGrid1.SetFontSize(11);
+    MSFlexGrid1.SetSpokenName(QStringLiteral("Tabella degli esercizi eseguiti"));
 
     OnLoad = [this] { CaricaFinestra(*this); };
     OnResize = RidimensionaFinestra;

@@ -21,6 +21,35 @@ const platform::Control *Find(const platform::Form &window, const QString &key)
     return nullptr;
 }
 
+// "FormEs1.Command1(2)": the window and the control that a spoken name is for.
+QString WindowOf(const LanguageEntry &voice)
+{
+    return QString::fromLatin1(voice.Key).section(QLatin1Char('.'), 0, 0);
+}
+QString ControlOf(const LanguageEntry &voice)
+{
+    return QString::fromLatin1(voice.Key).section(QLatin1Char('.'), 1);
+}
+
+// The key that names it: its own, or that of its array; none without one.
+const LanguageEntry *VoiceOf(const platform::Control &control, const QList<LanguageEntry> &voices)
+{
+    for (const QString &name : {control.Key(), control.Name()})
+        for (const LanguageEntry &voice : voices)
+            if (WindowOf(voice) == control.Parent().Name() && ControlOf(voice) == name)
+                return &voice;
+    return nullptr;
+}
+
+// What the program then says.
+QString Spoken(const LanguageEntry &voice, const platform::Control &control)
+{
+    const QString name = platform::FromCodePage(voice.Value);
+    return ControlOf(voice) == control.Key()
+               ? name
+               : name + QStringLiteral(" %1").arg(control.Index() + 1);
+}
+
 } // namespace
 
 class TestLanguageWindows : public QObject {
@@ -77,6 +106,46 @@ private Q_SLOTS:
                     });
                 QVERIFY2(named, qPrintable(QString::fromLatin1(section) + QStringLiteral(": ") +
                                            control->Key()));
+            }
+        }
+    }
+
+    void everySpokenNameIsThatOfAControlWithoutACaption_data() { RowsOfLanguages(); }
+    void everySpokenNameIsThatOfAControlWithoutACaption()
+    {
+        QFETCH(QString, name);
+        const Player player;
+        const QList<LanguageEntry> voices = ReadLanguageFile(name).EntriesOf("Voci");
+        QVERIFY(!voices.isEmpty());
+        for (const LanguageEntry &voice : voices) {
+            QVERIFY2(!voice.Value.trimmed().isEmpty(), voice.Name().constData());
+            const auto window = MakeWindow(WindowOf(voice));
+            QVERIFY2(window, voice.Name().constData());
+            int named = 0;
+            for (const platform::Control *control : window->Controls())
+                if (VoiceOf(*control, {voice}) != nullptr) {
+                    QVERIFY2(!control->SpokenName().isEmpty(), voice.Name().constData());
+                    ++named;
+                }
+            QVERIFY2(named > 0, voice.Name().constData());
+        }
+    }
+
+    void everySpokenNameOfTheDesignHasAKeyAndItalianSaysIt()
+    {
+        const Player player;
+        const QList<LanguageEntry> voices =
+            ReadLanguageFile(QStringLiteral("italiano.lng")).EntriesOf("Voci");
+        for (const QString &name : WindowNames()) {
+            const auto window = MakeWindow(name);
+            for (const platform::Control *control : window->Controls()) {
+                // A square of the palette is called by its six digits in every language.
+                if (control->SpokenName().isEmpty() ||
+                    control->Name() == QStringLiteral("CasellaColorata"))
+                    continue;
+                const LanguageEntry *voice = VoiceOf(*control, voices);
+                QVERIFY2(voice != nullptr, qPrintable(name + QLatin1Char('.') + control->Key()));
+                QCOMPARE(Spoken(*voice, *control), control->SpokenName());
             }
         }
     }
