@@ -12,6 +12,7 @@
 #include "language/language.h"
 #include "support/application_folder.h"
 #include "support/exercise_fixture.h"
+#include "support/registered_tests.h"
 
 #include <QSet>
 #include <QTest>
@@ -329,5 +330,5 @@ private Q_SLOTS:
     void aDescriptionToGuessIsMadeOfItsOwnPieces() { DescribesTheFigure<FormEs7>(81); }
 };
 
-MORLENE_TEST_MAIN(TestMarkedSentences)
+MORLENE_TEST(TestMarkedSentences)
 #include "test_marked_sentences.moc"

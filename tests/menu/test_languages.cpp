@@ -5,6 +5,7 @@
 #include "menu/form_menu.h"
 #include "support/application_folder.h"
 #include "support/exercise_fixture.h"
+#include "support/registered_tests.h"
 
 #include <QAction>
 #include <QMenu>
@@ -144,5 +145,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestLanguages)
+MORLENE_TEST(TestLanguages)
 #include "test_languages.moc"

@@ -11,6 +11,7 @@
 #include "support/application_folder.h"
 #include "support/exercise_fixture.h"
 #include "support/language_file.h"
+#include "support/registered_tests.h"
 #include "support/windows.h"
 
 #include <QAccessible>
@@ -218,5 +219,5 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestSpokenNames)
+MORLENE_TEST(TestSpokenNames)
 #include "test_spoken_names.moc"
