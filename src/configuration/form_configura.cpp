@@ -112,7 +112,8 @@ void FormConfigura::ImpostaConfigurazioni()
             ConvertiLetterale(ColoriWebLetterali.at(static_cast<size_t>(casella.Index()))));
     for (OptionButton &riga : Option2)
         riga.SetBackColor(ToColor(ColoreSfondo));
-    CommandSceltaColoreBottoni.SetBackColor(ToColor(ColoreBottoni));
+    // The button for the buttons' colour and the sample's ground keep the design's until a dialog
+    // was open: meant.
     Command1.SetBackColor(ToColor(ColorePulsantiSelezionati));
     if (ColoriVari) {
         OptionColoreCasualeFisso(0).SetValue(true);
@@ -138,7 +139,6 @@ void FormConfigura::ImpostaConfigurazioni()
                                 ? InMaiuscolo(campione.Caption())
                                 : InMinuscolo(campione.Caption()));
     }
-    LabelFontSelezionato(0).SetBackColor(ToColor(ColoreSfondoTesto));
     HScroll3.SetVisible(ModoInput == 2);
     Label7.SetVisible(ModoInput == 2);
     CheckDisabilitaMousePersonalizzato.SetVisible(ModoInput == 0);

@@ -365,6 +365,24 @@ private Q_SLOTS:
         QCOMPARE(window.LabelFontSelezionato(0).BackColor(), Color{0x00102034});
     }
 
+    void onlyTheButtonOfTheLitOnesShowsItsColourFromTheStart()
+    {
+        Adult adult;
+        ColorePulsantiSelezionati = 0x00112233;
+        ColoreBottoni = 0x00445566;
+        ColoreSfondoTesto = 0x00778899;
+        const FormConfigura &window = adult.OpenWindow();
+        ClickOn(window.maiuscolo);
+        QCOMPARE(window.Command1.BackColor(), Color{0x00112233});
+        QCOMPARE(window.CommandSceltaColoreBottoni.BackColor(), SystemButtonFace);
+        QCOMPARE(window.LabelFontSelezionato(0).BackColor(), Color{0x00FFFFFF});
+        QCOMPARE(window.LabelFontSelezionato(1).BackColor(), Color{0x00FFFFFF});
+        // Closing the dialog shows it, cancelled or not.
+        adult.Host.ExpectColor(std::nullopt);
+        ClickOn(window.CommandSceltaColoreBottoni);
+        QCOMPARE(window.CommandSceltaColoreBottoni.BackColor(), Color{0x00445566});
+    }
+
     void systemColoursSurviveTheDialogs()
     {
         Adult adult;
