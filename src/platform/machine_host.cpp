@@ -15,6 +15,7 @@
 #include <QLocale>
 #include <QLockFile>
 #include <QMessageBox>
+#include <QProcess>
 #include <QScreen>
 #include <QTimer>
 #include <QUrl>
@@ -137,8 +138,19 @@ void MachineHost::PlaySound(const QString &nativePath)
 
 void MachineHost::OpenDocument(const QString &nativePath)
 {
-    if (QFileInfo::exists(nativePath))
-        QDesktopServices::openUrl(QUrl::fromLocalFile(nativePath));
+    if (!QFileInfo::exists(nativePath))
+        return;
+#ifdef Q_OS_LINUX
+    // Not the toolkit's own way, which complains on standard error where nothing opens documents.
+    QProcess viewer;
+    viewer.setProgram(QStringLiteral("xdg-open"));
+    viewer.setArguments({nativePath});
+    viewer.setStandardOutputFile(QProcess::nullDevice());
+    viewer.setStandardErrorFile(QProcess::nullDevice());
+    viewer.startDetached();
+#else
+    QDesktopServices::openUrl(QUrl::fromLocalFile(nativePath));
+#endif
 }
 
 QString MachineHost::ApplicationFolder()

@@ -74,10 +74,10 @@ class Desktop:
 class Program:
     """The running program, seen through the accessibility bus."""
 
-    def __init__(self, desktop, path):
+    def __init__(self, desktop, path, **options):
         import pyatspi
         self.bus = pyatspi
-        self.process = desktop.start([path])
+        self.process = desktop.start([path], **options)
 
     def application(self):
         desktop = self.bus.Registry.getDesktop(0)

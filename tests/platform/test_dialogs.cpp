@@ -405,6 +405,36 @@ private Q_SLOTS:
         QVERIFY2(shown.contains("52: " + Markup.toUtf8()), shown.constData());
     }
 
+    // --- Documents ---
+
+    void aDocumentIsOpenedByTheDesktopAndOneThatIsNotThereByNobody()
+    {
+        MachineHost machine(m_home.path() + QLatin1Char('/'));
+        const QTemporaryDir folder;
+        const QString document = folder.filePath(QStringLiteral("la guida.pdf"));
+        const QString told = folder.filePath(QStringLiteral("told"));
+        const auto write = [&](const QString &path, const QByteArray &content) {
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(content);
+            file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        };
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", QFile::encodeName(folder.path()));
+        write(document, "%PDF");
+        machine.OpenDocument(document); // nothing opens documents yet
+        write(folder.filePath(QStringLiteral("xdg-open")),
+              "#!/bin/sh\necho \"$#: $1\" >>'" + QFile::encodeName(told) + "'\n");
+        machine.OpenDocument(document + QStringLiteral(".missing"));
+        machine.OpenDocument(document);
+        const auto content = [&] {
+            QFile file(told);
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        };
+        QTRY_COMPARE(content(), "1: " + QFile::encodeName(document) + '\n');
+        qputenv("PATH", path);
+    }
+
     void nothingIsLeftInThePersonsHome()
     {
         QStringList left;
