@@ -1,6 +1,6 @@
 """The real program where it shows no window: without a screen, and with words behind its name.
 
-    command_line.py PROGRAM DRIVE VERSION
+    alone command_line PROGRAM VERSION
 """
 import os
 import subprocess

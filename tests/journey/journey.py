@@ -20,7 +20,7 @@ def fresh_drive(drive):
     os.makedirs(os.path.join(drive, "windows", "fonts"))
 
 
-def put_away_the_font_message(program):
+def press_ok(program):
     """A click that comes while the window manager still moves the box goes beside it."""
     button = program.named("OK", "push button")
     if button:
@@ -31,7 +31,7 @@ def put_away_the_font_message(program):
 def come_to_the_menu(program, first_time):
     if first_time:
         wait_for("the splash",
-                 lambda: program.find("Command1") or put_away_the_font_message(program))
+                 lambda: program.find("Command1") or press_ok(program))
     program.click(program.await_object("Command1"))
     return program.await_object("Command1(8)")
 
