@@ -97,6 +97,9 @@ void FormEs4::GeneraEsercizio()
         CambiaLivello([] {});
     Command1(Verifica).SetEnabled(true);
     Command1(Prossimo).SetEnabled(false);
+    // The part of a task that is given up must not stay marked beside the next one.
+    if (ModoInput != 0 && QualeParte != 0)
+        DeColoraContorno();
     Fatte = 0;
     ColoreCorrente = 0;
     for (int parte = 1; parte <= PartiDipinte; ++parte)

@@ -4,9 +4,12 @@
 #include "support/exercise_fixture.h"
 #include "support/expected_text.h"
 #include "support/fair_tasks.h"
+#include "support/hands.h"
 #include "support/registered_tests.h"
 #include "support/sentence_reader.h"
 
+#include <QImage>
+#include <QPixmap>
 #include <QSet>
 #include <QTest>
 
@@ -42,13 +45,13 @@ QList<ScriptedDraw> Order(const QList<int> &parts)
     return draws;
 }
 
-void Click(FormEs4 &form, int part)
+void Click(const FormEs4 &form, int part)
 {
-    form.ShockwaveFlash1.OnFSCommand(QString::number(part), QString());
+    ClickOnPart(form.ShockwaveFlash1, part);
 }
 
 // Clicks until the part has the colour, one of four.
-void Paint(FormEs4 &form, int part, int colour)
+void Paint(const FormEs4 &form, int part, int colour)
 {
     while (form.Colorati(part) != colour)
         Click(form, part);
@@ -105,7 +108,7 @@ private Q_SLOTS:
         QCOMPARE(ColourShown(form, 2), QStringLiteral("00FF00"));
         Click(form, 5);
         QCOMPARE(ColourShown(form, 5), QStringLiteral("FF0000"));
-        // Smoke and clouds cannot be painted and move nothing.
+        // Smoke and clouds, which are not there, take no click at all.
         Click(form, 7);
         Click(form, 8);
         Click(form, 3);
@@ -209,7 +212,7 @@ private Q_SLOTS:
         player.Host.Expect(Task(AllGreen) + Order({1}));
         auto &form = player.Open<FormEs4>();
         player.Host.Expect(Task({4, 4, 4, 4, 4, 4}) + Order({4}));
-        form.mnuLiv.OnClick(2);
+        ChooseLevel(form, 2);
         QCOMPARE(form.Text1.Text(), QStringLiteral("Le finestre non sono gialle."));
         for (int colour = 1; colour <= 4; ++colour)
             QCOMPARE(form.Soluzioni(colour, 4), colour != 4);
@@ -218,7 +221,7 @@ private Q_SLOTS:
         for (int part = 1; part <= 6; ++part)
             mixed << ScriptedDraw{2, part % 2} << ScriptedDraw{4, 0};
         player.Host.Expect(mixed + Order({5}));
-        form.mnuLiv.OnClick(3);
+        ChooseLevel(form, 3);
         QCOMPARE(form.Text1.Text(), QStringLiteral("La porta non è verde."));
         QVERIFY(!form.Soluzioni(1, 5));
         QVERIFY(form.Soluzioni(1, 6));
@@ -231,7 +234,7 @@ private Q_SLOTS:
         player.Host.Expect(Task(AllGreen) + Order({1}));
         auto &form = player.Open<FormEs4>();
         player.Host.Expect(Task({1, 2, 3, 4, 1, 2}) + Order({6, 1, 1, 2, 5, 3, 4}));
-        form.mnuLiv.OnClick(4);
+        ChooseLevel(form, 4);
         QCOMPARE(form.Text1.Text(),
                  QStringLiteral("Il gradino è rosso.\r\nIl comignolo è verde.\r\nIl tetto è "
                                 "rosso.\r\nLa porta è verde.\r\nLe pareti sono blu.\r\nLe "
@@ -268,7 +271,7 @@ private Q_SLOTS:
         player.Host.Expect(Task(AllGreen) + Order({1}));
         auto &form = player.Open<FormEs4>();
         player.Host.Expect(Task(AllGreen) + Order({1, 2, 3, 4, 5, 6}));
-        form.mnuLiv.OnClick(5);
+        ChooseLevel(form, 5);
         Paint(form, 1, 1); // "not green": wrong
         Paint(form, 2, 2);
         player.Host.TakeEvents();
@@ -284,17 +287,17 @@ private Q_SLOTS:
     {
         Player player;
         SuoniAttivi = false;
-        PassaggioLivelli = true;
         player.Host.Seed(5);
         auto &form = player.Open<FormEs4>();
-        form.mnuLiv.OnClick(4);
+        ChooseLevel(form, 4);
+        PassaggioLivelli = true;
         for (int task = 1; task <= 3; ++task) {
             QCOMPARE(form.Livello, int16_t{4});
             for (int part = 1; part <= 6; ++part)
                 Paint(form, part, form.ColoreParte(part));
-            form.Command1.OnClick(0);
+            ClickOn(form.Command1(0));
             QCOMPARE(Esatti, 6 * task);
-            form.Command1.OnClick(1);
+            ClickOn(form.Command1(1));
         }
         QCOMPARE(form.Livello, int16_t{5});
     }
@@ -387,7 +390,7 @@ private Q_SLOTS:
         ModoInput = 2;
         player.Host.Seed(3);
         auto &form = player.Open<FormEs4>();
-        form.mnuLiv.OnClick(level);
+        ChooseLevel(form, level);
         for (int part = 1; part <= 6; ++part) {
             QCOMPARE(Esatti, part - 1);
             do
@@ -410,18 +413,57 @@ private Q_SLOTS:
         QCOMPARE(Esatti, 6);
     }
 
-    void theMouseHasNoPartInScanning()
+    // A child that changes its mind in mid-task, or is given another level.
+    void aLevelChosenInMidTaskLeavesOneOutlineLit_data() { RowsOfModes({1, 2, 3}); }
+    void aLevelChosenInMidTaskLeavesOneOutlineLit()
+    {
+        QFETCH(int, mode);
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = static_cast<int16_t>(mode);
+        ColorePulsantiSelezionati = 0x00FF00FF;
+        player.Host.Expect(Task(AllGreen) + Order({5}));
+        auto &form = player.Open<FormEs4>();
+        const auto seen = [&] { return form.ShockwaveFlash1.Widget()->grab().toImage(); };
+        const QImage door = seen();
+        player.Host.Expect(Task(AllGreen) + Order({2}));
+        ChooseLevel(form, 1);
+        const QImage roof = seen();
+        QVERIFY(roof != door);
+        // Back at the first part the house looks as at first, and so it does on a high level.
+        player.Host.Expect(Task(AllGreen) + Order({5}));
+        ChooseLevel(form, 1);
+        QVERIFY(seen() == door);
+        player.Host.Expect(Task(AllGreen) + Order({1, 2, 3, 4, 5, 6, 2}));
+        ChooseLevel(form, 4);
+        QVERIFY(seen() == roof);
+        player.Host.Expect(Task(AllGreen) + Order({1, 2, 3, 4, 5, 6, 5}));
+        ChooseLevel(form, 5);
+        QVERIFY(seen() == door);
+    }
+
+    void aQuickSecondCheckCountsLikeTheFirst()
     {
         Player player;
         SuoniAttivi = false;
-        ModoInput = 1;
-        player.Host.Seed(3);
+        player.Host.Expect(Task(AllGreen) + Order({2}));
+        auto &form = player.Open<FormEs4>();
+        Paint(form, 2, 3);
+        ClickTwiceQuickly(form.Command1(0));
+        QCOMPARE(Errati, int16_t{2});
+    }
+
+    void aMessageThatIsNoPaintedPartMovesNothing()
+    {
+        Player player;
+        player.Host.Expect(Task(AllGreen) + Order({2}));
         auto &form = player.Open<FormEs4>();
         player.Host.TakeEvents();
-        Click(form, 2);
-        form.Command1.OnClick(0);
-        form.Command1.OnClick(1);
+        for (const char *number : {"7", "8", "9", "99"})
+            form.ShockwaveFlash1.OnFSCommand(QLatin1String(number), QString());
         QCOMPARE(player.Host.TakeEvents(), QStringList());
+        Click(form, 2);
+        QCOMPARE(ColourShown(form, 2), QStringLiteral("00FF00"));
     }
 
     void theLightGoesOutOverTheSentences()
@@ -431,7 +473,7 @@ private Q_SLOTS:
         auto &form = player.Open<FormEs4>();
         MoveOver(form.Command1(0));
         QCOMPARE(form.Command1(0).BackColor(), ToColor(ColorePulsantiSelezionati));
-        form.Text1.OnMouseMove();
+        MoveOver(form.Text1);
         QCOMPARE(form.Command1(0).BackColor(), ToColor(ColoreBottoni));
     }
 
@@ -446,7 +488,7 @@ private Q_SLOTS:
         TipoCarattere = QStringLiteral("minuscolo");
         Colori(1, 1) = QStringLiteral("verde Nilo");
         player.Host.Expect(Task(AllGreen) + Order({2}));
-        form.mnuLiv.OnClick(1);
+        ChooseLevel(form, 1);
         QCOMPARE(form.Text1.Text(), QStringLiteral("Il tetto è verde Nilo."));
     }
 
@@ -496,7 +538,7 @@ private Q_SLOTS:
                         Click(form, partOf(first));
                     while (holds(first));
                     const int errors = Errati;
-                    form.Command1.OnClick(0);
+                    ClickOn(form.Command1(0));
                     QVERIFY2(Errati == errors + 1, qPrintable(first));
                     ++wrongOnes;
                     do
@@ -505,13 +547,13 @@ private Q_SLOTS:
                 }
                 const int right = Esatti;
                 const int errors = Errati;
-                form.Command1.OnClick(0);
+                ClickOn(form.Command1(0));
                 QVERIFY2(Esatti == right + (level <= 3 ? 1 : 6) && Errati == errors,
                          qPrintable(first));
                 player.Host.TakeEvents();
             }
             Errati = 0;
-            form.Command1.OnClick(1);
+            ClickOn(form.Command1(1));
             player.Host.TakeEvents();
         }
         qInfo("%d tasks painted, %d parts made wrong on purpose", FairTasks, wrongOnes);
@@ -528,7 +570,7 @@ private Q_SLOTS:
         for (int level = 1; level <= 6; ++level) {
             QSet<QString> seen;
             for (int task = 0; task < 400; ++task) {
-                form.mnuLiv.OnClick(level);
+                ChooseLevel(form, level);
                 NumeroEserciziEseguiti = 1;
                 for (const QString &sentence :
                      form.Text1.Text().split(QStringLiteral("\r\n"), Qt::SkipEmptyParts))
