@@ -18,7 +18,9 @@ class Differenze : public FinestraEsercizio {
 public:
     Colorazione ColoriFigura1;
     Colorazione ColoriFigura2;
-    Colorazione ParteDiversa;       // 1 for a part in which the task was made to differ
+    // 1 for a part in which the task was made to differ. A movie may name 9, which no part has and
+    // which so never differs; a number beyond it is error 9.
+    Vettore<int16_t, 9> ParteDiversa;
     int16_t DifferenzeTrovate = 0;  // right answers in this task
     int16_t PosizioneScansione = 0; // a part, or the next-task button behind the last one
 

@@ -1,11 +1,15 @@
 // "Uguali - 2°": differences that are found on the houses themselves.
 #include "exercises/form_es3.h"
 
+#include "platform/application.h"
 #include "support/exercise_fixture.h"
 #include "support/fair_tasks.h"
+#include "support/hands.h"
 #include "support/registered_tests.h"
 #include "support/sentence_reader.h"
 
+#include <QImage>
+#include <QPixmap>
 #include <QTest>
 
 using namespace platform;
@@ -22,11 +26,6 @@ QList<ScriptedDraw> Task(const QList<ScriptedDraw> &differences)
 
 const QList<ScriptedDraw> RedRoof = {{8, 1}, {4, 1}};
 
-void Click(MovieControl &figure, int part)
-{
-    figure.OnFSCommand(QString::number(part), QStringLiteral("unused"));
-}
-
 // Part numbers in which the two figures differ, by what is shown.
 QList<int> DifferencesShown(const FormEs3 &form)
 {
@@ -37,6 +36,17 @@ QList<int> DifferencesShown(const FormEs3 &form)
         if (one.at(i) != other.at(i))
             parts << i + 1;
     return parts;
+}
+
+// On that figure, or on the other one where smoke or clouds are there only.
+void ClickOnDifference(const FormEs3 &form, int part, bool first)
+{
+    const MovieControl &wanted = first ? form.ShockwaveFlash1 : form.ShockwaveFlash2;
+    const MovieControl &other = first ? form.ShockwaveFlash2 : form.ShockwaveFlash1;
+    const bool there =
+        wanted.Shown().split(QStringLiteral(", ")).at(part - 1).section(QLatin1Char(' '), 1) !=
+        QStringLiteral("0");
+    ClickOnPart(there ? wanted : other, part);
 }
 
 } // namespace
@@ -95,7 +105,7 @@ private Q_SLOTS:
             auto &form = player.Open<FormEs3>();
             player.Host.TakeEvents();
             player.Host.Expect({{6, 0}});
-            Click(first ? form.ShockwaveFlash1 : form.ShockwaveFlash2, 2);
+            ClickOnPart(first ? form.ShockwaveFlash1 : form.ShockwaveFlash2, 2);
             QVERIFY(DifferencesShown(form).isEmpty());
             const QString roof =
                 QStringLiteral("tetto %1")
@@ -112,8 +122,8 @@ private Q_SLOTS:
                                   QStringLiteral("Command1(0).Enabled=True"),
                                   QStringLiteral("suono si/1.wav")}));
             // The task is done: a click does nothing, right or wrong.
-            Click(form.ShockwaveFlash1, 2);
-            Click(form.ShockwaveFlash2, 5);
+            ClickOnPart(form.ShockwaveFlash1, 2);
+            ClickOnPart(form.ShockwaveFlash2, 5);
             QCOMPARE(player.Host.TakeEvents(), QStringList());
         }
     }
@@ -126,11 +136,11 @@ private Q_SLOTS:
         const QString one = form.ShockwaveFlash1.Shown();
         player.Host.TakeEvents();
         player.Host.Expect({{4, 1}, {4, 1}});
-        Click(form.ShockwaveFlash1, 3);
+        ClickOnPart(form.ShockwaveFlash1, 3);
         QCOMPARE(player.Host.TakeEvents(),
                  QStringList({QStringLiteral("suono no/2.wav"),
                               QStringLiteral("StatusBar1.Panels(2)=1 Errati")}));
-        Click(form.ShockwaveFlash2, 8);
+        ClickOnPart(form.ShockwaveFlash2, 4);
         QCOMPARE(Errati, int16_t{2});
         QCOMPARE(form.ShockwaveFlash1.Shown(), one);
     }
@@ -142,9 +152,81 @@ private Q_SLOTS:
         player.Host.Expect(Task({{8, 6}, {2, 0}, {2, 1}}));
         auto &form = player.Open<FormEs3>();
         QVERIFY(form.ShockwaveFlash2.Shown().contains(QStringLiteral("fumo 1")));
-        Click(form.ShockwaveFlash2, 7);
+        // The first house has no smoke to click, and neither house has clouds.
+        ClickOnPart(form.ShockwaveFlash1, 7);
+        ClickOnPart(form.ShockwaveFlash1, 8);
+        ClickOnPart(form.ShockwaveFlash2, 8);
+        QCOMPARE(Esatti + Errati, 0);
+        ClickOnPart(form.ShockwaveFlash2, 7);
         QVERIFY(form.ShockwaveFlash2.Shown().contains(QStringLiteral("fumo 0")));
         QVERIFY(form.Command1(0).Enabled());
+        player.Host.Expect(Task({{8, 6}, {2, 1}}));
+        ClickOn(form.Command1(0));
+        // Clicked where it is, on the second house again; the first gets what the second has.
+        ClickOnPart(form.ShockwaveFlash2, 7);
+        QCOMPARE(Esatti, 2);
+    }
+
+    // A movie that an artist drew may report what it likes.
+    void aNumberThatIsNoPartIsAMissAndOneOutOfBoundsIsFatal()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs3>();
+        for (const char *number : {"9", "0"})
+            form.ShockwaveFlash1.OnFSCommand(QLatin1String(number), QString());
+        QCOMPARE(Errati, int16_t{2});
+        for (const char *number : {"10", "-1"}) {
+            player.Host.FatalNumber = 0;
+            Guarded([&] { form.ShockwaveFlash2.OnFSCommand(QLatin1String(number), QString()); });
+            QCOMPARE(player.Host.FatalNumber, 9);
+        }
+    }
+
+    void anErrorInTheColouringLeavesTheTaskAsFarAsItWasBuilt()
+    {
+        Player player;
+        SuoniAttivi = false;
+        // The roof is to differ, and its colour cannot be drawn.
+        player.Host.Expect(Task({{8, 1}, {4, 70000}}));
+        auto &form = player.Open<FormEs3>();
+        QCOMPARE(form.MousePointer(), platform::MousePointer::Hourglass);
+        QVERIFY(!IsPainted(form.ShockwaveFlash1.Shown()));
+        QVERIFY(!IsPainted(form.ShockwaveFlash2.Shown()));
+        QVERIFY(!form.Command1(0).Enabled());
+        ClickOnPart(form.ShockwaveFlash1, 2);
+        QCOMPARE(Esatti, 1);
+        QVERIFY(form.Command1(0).Enabled());
+        player.Host.Expect(Task(RedRoof));
+        ClickOn(form.Command1(0));
+        QCOMPARE(form.MousePointer(), platform::MousePointer::Default);
+        QVERIFY(IsPainted(form.ShockwaveFlash1.Shown()));
+    }
+
+    void aHeldSwitchFreezesTheOutlineAndChoosesWhenItIsReleased()
+    {
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = 2;
+        player.Host.Expect(Colouring(AllGreen, 0, 0) + QList<ScriptedDraw>{{6, 2}, {4, 1}});
+        auto &form = player.Open<FormEs3>();
+        player.Host.Advance(1900);
+        QCOMPARE(form.PosizioneScansione, int16_t{2});
+        QTest::keyPress(form.PictureScansioneAutomatica.Widget(), Qt::Key_Space);
+        const QImage frozen = form.ShockwaveFlash2.Widget()->grab().toImage();
+        player.Host.Advance(9000);
+        QCOMPARE(form.PosizioneScansione, int16_t{2});
+        QCOMPARE(form.ShockwaveFlash2.Widget()->grab().toImage(), frozen);
+        QCOMPARE(Esatti + Errati, 0);
+        QTest::keyRelease(form.PictureScansioneAutomatica.Widget(), Qt::Key_Space);
+        QCOMPARE(Errati, int16_t{1});
+        // The next step comes a full interval after the release.
+        player.Host.Advance(999);
+        QCOMPARE(form.PosizioneScansione, int16_t{2});
+        player.Host.Advance(1);
+        QCOMPARE(form.PosizioneScansione, int16_t{3});
+        QVERIFY(form.ShockwaveFlash2.Widget()->grab().toImage() != frozen);
     }
 
     void byPointerARepairedPartGoesOnBeingRight()
@@ -154,10 +236,10 @@ private Q_SLOTS:
         player.Host.Expect(Task(RedRoof));
         auto &form = player.Open<FormEs3>();
         player.Host.Expect(Task({{8, 1}, {4, 1}, {8, 1}, {8, 0}, {4, 1}}));
-        form.mnuLiv.OnClick(2);
+        ChooseLevel(form, 2);
         QCOMPARE(DifferencesShown(form), QList<int>({1, 2}));
-        Click(form.ShockwaveFlash1, 2);
-        Click(form.ShockwaveFlash1, 2);
+        ClickOnPart(form.ShockwaveFlash1, 2);
+        ClickOnPart(form.ShockwaveFlash1, 2);
         QCOMPARE(Esatti, 2);
         QVERIFY(form.Command1(0).Enabled());
         QCOMPARE(DifferencesShown(form), QList<int>{1});
@@ -175,11 +257,17 @@ private Q_SLOTS:
             QVERIFY(form.Pannello.Visible());
             QVERIFY(form.Label1.Caption().startsWith(QStringLiteral("Guarda le due morlene.")));
             QCOMPARE(form.Label1.Caption().contains(QStringLiteral("Clicca")), mode == 0);
-            form.Label1.OnClick();
+            ClickOn(form.Label1);
             QVERIFY(!form.Pannello.Visible());
+            if (mode == 0)
+                for (int part = 1; part <= 8; ++part)
+                    if (form.ParteDiversa(part) == 1)
+                        ClickOnDifference(form, part, true);
             player.Host.TakeEvents();
-            form.Command1.OnClick(0);
-            QVERIFY(player.Host.TakeEvents().contains(QStringLiteral("FormEs3.MousePointer=11")));
+            ClickOn(form.Command1(0));
+            // In scanning it stays disabled, and only its colour tells.
+            QCOMPARE(player.Host.TakeEvents().contains(QStringLiteral("FormEs3.MousePointer=11")),
+                     mode == 0);
         }
     }
 
@@ -192,11 +280,13 @@ private Q_SLOTS:
             QStringLiteral("GUARDA LE DUE MORLENE.")));
     }
 
+    void inScanningSmokeAndCloudsAreAlwaysThereAndNeverDiffer_data() { RowsOfModes({1, 2, 3}); }
     void inScanningSmokeAndCloudsAreAlwaysThereAndNeverDiffer()
     {
+        QFETCH(int, mode);
         Player player;
         SuoniAttivi = false;
-        ModoInput = 1;
+        ModoInput = static_cast<int16_t>(mode);
         // They are drawn and overruled; the parts come of six.
         player.Host.Expect(Colouring(AllGreen, 0, 0) + QList<ScriptedDraw>{{6, 1}, {4, 1}});
         auto &form = player.Open<FormEs3>();
@@ -205,7 +295,7 @@ private Q_SLOTS:
         QVERIFY(!player.Host.DrawsLeft());
         player.Host.Seed(8);
         for (int task = 0; task < 200; ++task) {
-            form.mnuLiv.OnClick(4);
+            ChooseLevel(form, 4);
             NumeroEserciziEseguiti = 1;
             QCOMPARE(DifferencesShown(form).size(), 4);
             QVERIFY(DifferencesShown(form).last() <= 6);
@@ -254,7 +344,7 @@ private Q_SLOTS:
         auto &form = player.Open<FormEs3>();
         player.Host.Expect(Colouring(AllGreen, 0, 0) +
                            QList<ScriptedDraw>{{6, 1}, {4, 1}, {6, 2}, {4, 1}});
-        form.mnuLiv.OnClick(2);
+        ChooseLevel(form, 2);
         PictureBox &target =
             mode == 2 ? form.PictureScansioneAutomatica : form.PictureScansioneManuale;
         const auto step = [&] {
@@ -302,22 +392,9 @@ private Q_SLOTS:
         PressAndRelease(form.PictureScansioneManuale, Qt::Key_Return);
         QCOMPARE(form.PosizioneScansione, int16_t{9});
         player.Host.Seed(4);
-        form.mnuLiv.OnClick(1);
+        ChooseLevel(form, 1);
         QCOMPARE(form.PosizioneScansione, int16_t{1});
         QCOMPARE(form.Command1(0).BackColor(), ToColor(ColorePulsantiSelezionati));
-    }
-
-    void theMouseHasNoPartInScanning()
-    {
-        Player player;
-        ModoInput = 1;
-        player.Host.Seed(4);
-        auto &form = player.Open<FormEs3>();
-        player.Host.TakeEvents();
-        for (int part = 1; part <= 8; ++part)
-            Click(form.ShockwaveFlash2, part);
-        MoveOver(form.Command1(1));
-        QCOMPARE(player.Host.TakeEvents(), QStringList());
     }
 
     void eachLevelIsFairToTheChild_data() { RowsOfLevels(4); }
@@ -332,19 +409,19 @@ private Q_SLOTS:
             QCOMPARE(differ.size(), level);
             const int right = Esatti;
             int errors = Errati;
-            for (int part = 1; part <= 8; ++part)
+            for (int part = 1; part <= PartiDipinte; ++part)
                 if (!differ.contains(part)) {
-                    Click(form.ShockwaveFlash1, part);
+                    ClickOnPart(form.ShockwaveFlash1, part);
                     QCOMPARE(Errati, ++errors);
                     break;
                 }
             for (const int part : differ)
-                Click(task % 2 == 0 ? form.ShockwaveFlash1 : form.ShockwaveFlash2, part);
+                ClickOnDifference(form, part, task % 2 == 0);
             QCOMPARE(Esatti, right + level);
             QVERIFY(DifferencesShown(form).isEmpty());
             QVERIFY(form.Command1(0).Enabled());
             Errati = 0;
-            form.Command1.OnClick(0);
+            ClickOn(form.Command1(0));
             player.Host.TakeEvents();
         }
     }
