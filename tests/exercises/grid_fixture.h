@@ -3,6 +3,7 @@
 
 #include "exercises/figure_grid.h"
 #include "support/exercise_fixture.h"
+#include "support/hands.h"
 #include "support/sentence_reader.h"
 
 #include <algorithm>
@@ -23,7 +24,7 @@ inline QList<ScriptedDraw> GridTask(int figures, int described, const QList<int>
 
 inline void ClickOnFigure(GrigliaFigure &form, int figure)
 {
-    form.ShockwaveFlash1(figure).OnFSCommand(QStringLiteral("0"), QString());
+    ClickOn(form.ShockwaveFlash1(figure));
 }
 
 inline QList<int> FiguresShown(const GrigliaFigure &form)

@@ -49,7 +49,7 @@ private Q_SLOTS:
             form.Move(0, 0, size.width() * 15.0, size.height() * 15.0);
             QCoreApplication::processEvents();
             for (int level = 1; level <= 5; ++level) {
-                form.mnuLiv.OnClick(level);
+                ChooseLevel(form, level);
                 QCOMPARE(form.NumeroFigure, static_cast<int16_t>(figures.at(level - 1)));
                 QCOMPARE(FiguresShown(form).size(), figures.at(level - 1));
                 for (const int figure : FiguresShown(form)) {
@@ -153,7 +153,7 @@ private Q_SLOTS:
         QCOMPARE(form.PosizioneScansione, int16_t{0});
         key(Qt::Key_Left);
         QVERIFY(FrameIsOn(form, 1));
-        form.mnuLiv.OnClick(4);
+        ChooseLevel(form, 4);
         form.PosizioneScansione = 7;
         key(Qt::Key_Down);
         QCOMPARE(form.PosizioneScansione, int16_t{1});
@@ -170,7 +170,7 @@ private Q_SLOTS:
         QVERIFY(FrameIsOn(form, 0));
         key(Qt::Key_Down);
         QVERIFY(FrameIsOn(form, 6));
-        form.mnuLiv.OnClick(5);
+        ChooseLevel(form, 5);
         key(Qt::Key_Down);
         QVERIFY(FrameIsOn(form, 4));
         key(Qt::Key_Up);
@@ -187,7 +187,7 @@ private Q_SLOTS:
         ModoInput = 3;
         player.Host.Seed(1);
         GrigliaFigure &form = OpenGrid(player, exercise);
-        form.mnuLiv.OnClick(4);
+        ChooseLevel(form, 4);
         for (const int hidden : {1, 4, 7})
             form.ShockwaveFlash1(hidden).SetVisible(false);
         form.PosizioneScansione = 4;
@@ -247,12 +247,57 @@ private Q_SLOTS:
         GrigliaFigure &form = OpenGrid(player, exercise);
         form.Command1(0).SetBackColor(ToColor(ColorePulsantiSelezionati));
         player.Host.TakeEvents();
-        form.mnuLiv.OnClick(1);
+        ChooseLevel(form, 1);
         QVERIFY(player.Host.TakeEvents().filter(QStringLiteral("morlena0.swf")).isEmpty());
         QVERIFY(IsDoneByScanning(form));
         PressAndRelease(form.PictureScansioneManuale, Qt::Key_Return);
         QCOMPARE(Esatti + Errati, 0);
         QVERIFY(!IsDoneByScanning(form));
+    }
+
+    void anErrorInAColouringLeavesTheFiguresAsFarAsTheyWerePainted_data() { bothExercises_data(); }
+    void anErrorInAColouringLeavesTheFiguresAsFarAsTheyWerePainted()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        SuoniAttivi = false;
+        // The first figure is painted and described; the second has a colour that is in no table.
+        QList<ScriptedDraw> draws = {{2, 0}};
+        draws += Colouring({3, 3, 3, 3, 3, 3}, 0, 0) + Colouring({1, 10, 1, 1, 1, 1}, 1, 1);
+        for (int part = 0; part < 8; ++part)
+            draws << ScriptedDraw{8, part};
+        player.Host.Expect(draws);
+        GrigliaFigure &form = OpenGrid(player, exercise);
+        QVERIFY(!player.Host.DrawsLeft());
+        QCOMPARE(player.Host.FatalNumber, 0);
+        QCOMPARE(form.MousePointer(), platform::MousePointer::Hourglass);
+        QVERIFY(IsPainted(form.ShockwaveFlash1(0).Shown()));
+        QVERIFY(form.ShockwaveFlash1(1).Shown().startsWith(QStringLiteral("comignolo 00FF00")));
+        QVERIFY(!IsPainted(form.ShockwaveFlash1(1).Shown()));
+        QVERIFY(form.Text1.Text().startsWith(QStringLiteral("Il comignolo è blu.")));
+        // The task can be done all the same, and the next one has its pointer again.
+        ClickOnFigure(form, exercise == 6 ? 1 : 0);
+        QCOMPARE(Esatti, 1);
+        player.Host.Expect(GridTask(2, 1));
+        ClickOn(form.Command1(0));
+        QCOMPARE(form.MousePointer(), platform::MousePointer::Default);
+    }
+
+    void aLevelChosenWithAHeldSwitchStartsTheScanningAgain_data() { bothExercises_data(); }
+    void aLevelChosenWithAHeldSwitchStartsTheScanningAgain()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = 2;
+        player.Host.Seed(1);
+        GrigliaFigure &form = OpenGrid(player, exercise);
+        QTest::keyPress(form.PictureScansioneAutomatica.Widget(), Qt::Key_Space);
+        player.Host.Advance(3000);
+        QVERIFY(FrameIsOn(form, 0));
+        ChooseLevel(form, 2);
+        player.Host.Advance(1000);
+        QVERIFY(FrameIsOn(form, 1));
     }
 
     void thePicturesAreNeverShown_data() { bothExercises_data(); }
@@ -289,7 +334,7 @@ private Q_SLOTS:
             form.LockDrawing(true);
             QSet<QString> seen;
             for (int task = 0; task < 200; ++task) {
-                form.mnuLiv.OnClick(1);
+                ChooseLevel(form, 1);
                 NumeroEserciziEseguiti = 1;
                 for (const QString &line :
                      form.Text1.Text().split(QStringLiteral("\r\n"), Qt::SkipEmptyParts))

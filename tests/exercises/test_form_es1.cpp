@@ -3,6 +3,7 @@
 
 #include "support/exercise_fixture.h"
 #include "support/fair_tasks.h"
+#include "support/hands.h"
 #include "support/registered_tests.h"
 #include "support/sentence_reader.h"
 
@@ -106,6 +107,53 @@ private Q_SLOTS:
         QCOMPARE(Errati, int16_t{0});
     }
 
+    // Two presses within the toolkit's double-click time, too.
+    void aQuickSecondPressCountsLikeTheFirst()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + FalseOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        ClickTwiceQuickly(form.Command1(0));
+        QCOMPARE(Errati, int16_t{2});
+        // The first press closes the task, so the second one finds nothing to press.
+        ClickTwiceQuickly(form.Command1(1));
+        QCOMPARE(Esatti, 1);
+        QCOMPARE(Errati, int16_t{2});
+    }
+
+    void falseIsTheRightAnswerToAFalseSentence_data() { RowsOfModes({0, 1, 2, 3}); }
+    void falseIsTheRightAnswerToAFalseSentence()
+    {
+        QFETCH(int, mode);
+        Player player;
+        ModoInput = static_cast<int16_t>(mode);
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + FalseOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è rosso."));
+        if (mode == 2)
+            player.Host.Advance(form.Timer1.Interval());
+        else if (mode != 0)
+            PressAndRelease(form.PictureScansioneManuale,
+                            mode == 1 ? Qt::Key_Space : Qt::Key_Right);
+        player.Host.TakeEvents();
+        player.Host.Expect({{6, 3}});
+        if (mode == 0)
+            ClickOn(form.Command1(1));
+        else if (mode == 2)
+            PressAndRelease(form.PictureScansioneAutomatica, Qt::Key_Space);
+        else
+            PressAndRelease(form.PictureScansioneManuale, Qt::Key_Return);
+        QVERIFY(player.Host.TakeEvents().contains(QStringLiteral("suono si/4.wav")));
+        QCOMPARE(Esatti, 1);
+        QCOMPARE(Errati, int16_t{0});
+        QCOMPARE(form.StatusBar1.Panel(1), QStringLiteral("1 Esatti"));
+        // By pointer the next task can be pressed; by scanning the light waits on it.
+        QCOMPARE(form.Command1(2).Enabled(), mode == 0);
+        QCOMPARE(form.Command1(0).Enabled(), mode != 0);
+        QCOMPARE(form.Command1(2).BackColor() == ToColor(ColorePulsantiSelezionati), mode != 0);
+    }
+
     void aWrongAnswerKeepsTheTaskAndCountsEachMiss()
     {
         Player player;
@@ -185,7 +233,7 @@ private Q_SLOTS:
         auto &form = player.Open<FormEs1>();
         ClickOn(form.Command1(1));
         ClickOn(form.Command1(0));
-        form.mnuEsci.OnClick();
+        ClickInMenuBar(form, QStringLiteral("mnuEsci"));
         QCOMPARE(EserciziEseguiti(1, 1), QStringLiteral("1"));
         QCOMPARE(EserciziEseguiti(1, 2), QStringLiteral("1"));
         QCOMPARE(EserciziEseguiti(1, 3), QStringLiteral("1"));
@@ -201,7 +249,7 @@ private Q_SLOTS:
         player.Host.Seed(1);
         auto &form = player.Open<FormEs1>();
         NumeroEserciziEseguiti = 501;
-        form.mnuEsci.OnClick();
+        ClickInMenuBar(form, QStringLiteral("mnuEsci"));
         QCOMPARE(NumeroEserciziEseguiti, int16_t{502});
         QVERIFY(Form::Find(QStringLiteral("FormMenu")) != nullptr);
         QCOMPARE(player.Host.FatalNumber, 0);
@@ -237,16 +285,16 @@ private Q_SLOTS:
                 const bool holds = SentenceIsTrue(sentence, figure);
                 trueOnes += holds ? 1 : 0;
                 ++judged;
-                form.Command1.OnClick(holds ? 0 : 1);
+                ClickOn(form.Command1(holds ? 0 : 1));
                 QVERIFY2(Esatti == before + 1, qPrintable(sentence + figure));
                 QCOMPARE(Errati, int16_t{0});
             } else {
                 // After a reward the next three figures of a colouring are shown as the file has
                 // them: meant.
                 ++unpainted;
-                form.Command1.OnClick(form.IndiceEsatto);
+                ClickOn(form.Command1(form.IndiceEsatto));
             }
-            form.Command1.OnClick(2);
+            ClickOn(form.Command1(2));
             player.Host.TakeEvents();
         }
         // Both answers are equally likely: within five deviations.
@@ -264,7 +312,7 @@ private Q_SLOTS:
         SuoniAttivi = false;
         player.Host.Seed(5);
         auto &form = player.Open<FormEs1>();
-        form.mnuLiv.OnClick(4);
+        ChooseLevel(form, 4);
         int bothFalse = 0;
         int falseOnes = 0;
         for (int task = 0; task < 2000; ++task) {
@@ -276,13 +324,80 @@ private Q_SLOTS:
                 bothFalse += SentenceIsTrue(clauses.at(1), form.ShockwaveFlash1.Shown()) ? 0 : 1;
                 ++falseOnes;
             }
-            form.mnuLiv.OnClick(4);
+            ChooseLevel(form, 4);
             NumeroEserciziEseguiti = 1;
             player.Host.TakeEvents();
         }
         // The second statement is false or true with equal chance.
         QVERIFY(falseOnes > 800);
         QVERIFY(std::abs(bothFalse * 2 - falseOnes) < 250);
+    }
+
+    void theSecondStatementIsDrawnAgainUntilItSpeaksOfAnotherPart()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        player.Host.Expect({{2, 0}, {8, 1}, {8, 1}, {8, 1}, {8, 4}});
+        ChooseLevel(form, 4);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è verde e la porta è verde."));
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
+    // The second statement's outcome is drawn anew each time the first one came out true.
+    void aFalseDoubleSentenceDrawsBothOutcomesUntilTheFirstIsFalse()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        // False; chimney and roof; first true, second false: again; first false, second true.
+        player.Host.Expect({{2, 1}, {8, 0}, {8, 1}, {2, 0}, {2, 1}, {2, 1}, {2, 0}, {4, 2}});
+        ChooseLevel(form, 4);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il comignolo è blu e il tetto è verde."));
+        QVERIFY(!player.Host.DrawsLeft());
+        // First true twice; then both false.
+        player.Host.Expect({{2, 1},
+                            {8, 0},
+                            {8, 1},
+                            {2, 0},
+                            {2, 0},
+                            {2, 0},
+                            {2, 0},
+                            {2, 1},
+                            {2, 1},
+                            {4, 2},
+                            {4, 3}});
+        ChooseLevel(form, 4);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il comignolo è blu e il tetto è giallo."));
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
+    void ofSmokeThatIsNotThereAFalseSentenceSaysThatItIs()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Colouring(AllGreen, 0, 1) + QList<ScriptedDraw>{{2, 1}, {8, 6}});
+        auto &form = player.Open<FormEs1>();
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("C'è il fumo."));
+        player.Host.Expect({{2, 0}, {8, 6}});
+        ChooseLevel(form, 2);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Non c'è il fumo."));
+        player.Host.Expect({{2, 0}, {8, 7}});
+        ChooseLevel(form, 2);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Ci sono le nuvole."));
+        player.Host.Expect({{2, 1}, {8, 7}});
+        ChooseLevel(form, 1);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Non ci sono le nuvole."));
+    }
+
+    void theDoorTakesTheFeminineOfItsColour()
+    {
+        Player player;
+        player.Host.Expect(Colouring({1, 1, 1, 1, 2, 1}, 1, 0) +
+                           QList<ScriptedDraw>{{2, 0}, {8, 4}});
+        QCOMPARE(player.Open<FormEs1>().Label1.Caption(), QStringLiteral("La porta è rossa."));
     }
 
     void levelSixSpendsTheDrawsOfAStatementThatItThrowsAway()
@@ -294,13 +409,13 @@ private Q_SLOTS:
         // True; chimney and roof; first: positive drawn (no colour draw, as it is true), then the
         // negative one with its other colour; second: positive.
         player.Host.Expect({{2, 0}, {8, 0}, {8, 1}, {2, 0}, {4, 1}, {2, 0}});
-        form.mnuLiv.OnClick(6);
+        ChooseLevel(form, 6);
         QCOMPARE(form.Label1.Caption(),
                  QStringLiteral("Il comignolo non è rosso e il tetto è verde."));
         QVERIFY(!player.Host.DrawsLeft());
         // Now the drawn statement is negative too, and its colour draw is spent twice.
         player.Host.Expect({{2, 0}, {8, 0}, {8, 1}, {2, 1}, {4, 2}, {4, 0}, {4, 3}, {2, 0}});
-        form.mnuLiv.OnClick(6);
+        ChooseLevel(form, 6);
         QCOMPARE(form.Label1.Caption(),
                  QStringLiteral("Il comignolo non è giallo e il tetto è verde."));
         QVERIFY(!player.Host.DrawsLeft());
@@ -379,10 +494,10 @@ private Q_SLOTS:
         player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
         auto &form = player.Open<FormEs1>();
         player.Host.Expect({{2, 0}, {8, 3}, {4, 1}});
-        form.mnuLiv.OnClick(2);
+        ChooseLevel(form, 2);
         QCOMPARE(form.Label1.Caption(), QStringLiteral("Le finestre non sono rosse."));
         player.Host.Expect({{2, 1}, {8, 4}});
-        form.mnuLiv.OnClick(2);
+        ChooseLevel(form, 2);
         QCOMPARE(form.Label1.Caption(), QStringLiteral("La porta non è verde."));
     }
 
@@ -395,7 +510,7 @@ private Q_SLOTS:
         player.Host.Application = elsewhere.path() + QLatin1Char('/');
         auto &form = player.Open<FormEs1>();
         QVERIFY(form.ShockwaveFlash1.Shown().isEmpty());
-        form.Command1.OnClick(form.IndiceEsatto);
+        ClickOn(form.Command1(form.IndiceEsatto));
         QCOMPARE(Esatti, 1);
         QVERIFY(form.Command1(2).Enabled());
     }
@@ -410,7 +525,7 @@ private Q_SLOTS:
         QCOMPARE(form.Label1.Caption(), QStringLiteral("IL TETTO È VERDE."));
         TipoCarattere = QStringLiteral("corsivo");
         player.Host.Expect(TrueOnTheRoof);
-        form.mnuLiv.OnClick(1);
+        ChooseLevel(form, 1);
         QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è verde."));
     }
 };

@@ -5,6 +5,7 @@
 #include "support/exercise_fixture.h"
 #include "support/expected_text.h"
 #include "support/fair_tasks.h"
+#include "support/hands.h"
 #include "support/registered_tests.h"
 #include "support/sentence_reader.h"
 
@@ -31,6 +32,11 @@ QList<ScriptedDraw> AllAlike()
 }
 
 const QList<ScriptedDraw> OnTheRoof = {{8, 1}};
+
+void AnswerRight(const FormEs2 &form)
+{
+    ClickOn(form.Command1(form.Diverso(form.QualeParte)));
+}
 
 // As a child reads: says of a completed sentence whether it is true of the two figures.
 bool HoldsOf(const QString &completed, const QString &figure1, const QString &figure2)
@@ -126,6 +132,31 @@ private Q_SLOTS:
         QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è "));
     }
 
+    void aPartThatDiffersHasTheSecondAnswerAndInANegativeSentenceTheFirst()
+    {
+        Player player;
+        SuoniAttivi = false;
+        // All alike but the clouds, which only the second house has.
+        QList<ScriptedDraw> draws = AllAlike();
+        draws.resize(draws.size() - 2);
+        player.Host.Expect(draws + QList<ScriptedDraw>{{2, 1}, {2, 0}, {2, 1}, {8, 7}});
+        auto &form = player.Open<FormEs2>();
+        QVERIFY(form.ShockwaveFlash1.Shown().endsWith(QStringLiteral("nuvole 0")));
+        QVERIFY(form.ShockwaveFlash2.Shown().endsWith(QStringLiteral("nuvole 1")));
+        ClickOn(form.Command1(0));
+        QCOMPARE(Errati, int16_t{1});
+        ClickOn(form.Command1(1));
+        QCOMPARE(Esatti, 1);
+        // The same colouring, now denied of the smoke, which is alike.
+        player.Host.Expect({{8, 6}});
+        ChooseLevel(form, 2);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il fumo non è "));
+        ClickOn(form.Command1(0));
+        QCOMPARE(Errati, int16_t{1});
+        ClickOn(form.Command1(1));
+        QCOMPARE(Esatti, 1);
+    }
+
     void theRewardByPointerComesBeforePanelAndSound()
     {
         Player player;
@@ -133,12 +164,12 @@ private Q_SLOTS:
         player.Host.Seed(6);
         auto &form = player.Open<FormEs2>();
         for (int answer = 1; answer <= 9; ++answer) {
-            form.Command1.OnClick(form.Diverso(form.QualeParte));
-            form.Command1.OnClick(2);
+            ClickOn(form.Command1(form.Diverso(form.QualeParte)));
+            ClickOn(form.Command1(2));
         }
         const QString second = form.ShockwaveFlash2.Shown();
         player.Host.TakeEvents();
-        form.Command1.OnClick(form.Diverso(form.QualeParte));
+        ClickOn(form.Command1(form.Diverso(form.QualeParte)));
         QStringList names;
         for (const QString &event : player.Host.TakeEvents())
             names << event.section(QLatin1Char('='), 0, 0);
@@ -153,7 +184,7 @@ private Q_SLOTS:
         QVERIFY(form.Label1.Caption().isEmpty());
         QCOMPARE(form.ShockwaveFlash2.Shown(), second);
         // Both figures are opened again for the next task.
-        form.Command1.OnClick(2);
+        ClickOn(form.Command1(2));
         QVERIFY(form.ShockwaveFlash1.Movie().endsWith(QStringLiteral("morlene1.swf")));
         QVERIFY(IsPainted(form.ShockwaveFlash2.Shown()));
     }
@@ -196,7 +227,7 @@ private Q_SLOTS:
         player.Host.Expect(AllAlike() + OnTheRoof);
         auto &form = player.Open<FormEs2>();
         player.Host.Expect({{8, 3}});
-        form.mnuLiv.OnClick(2);
+        ChooseLevel(form, 2);
         QCOMPARE(form.Label1.Caption(), QStringLiteral("Le finestre non sono "));
         QCOMPARE(form.Command1(1).Caption(), QStringLiteral("diverse"));
         QCOMPARE(form.Diverso(4), int16_t{1});
@@ -205,13 +236,13 @@ private Q_SLOTS:
         QCOMPARE(form.Label1.Caption(), QStringLiteral("Le finestre non sono  diverse"));
         // Level 3 draws below ten: odd numbers deny.
         player.Host.Expect({{10, 7}, {8, 4}});
-        form.mnuLiv.OnClick(3);
+        ChooseLevel(form, 3);
         QCOMPARE(form.Label1.Caption(), QStringLiteral("La porta non è "));
         QCOMPARE(form.Command1(0).Caption(), QStringLiteral("uguale"));
         QCOMPARE(form.Command1(1).Caption(), QStringLiteral("diversa"));
         player.Host.Expect({{10, 4}, {8, 7}});
-        form.Command1.OnClick(1);
-        form.Command1.OnClick(2);
+        ClickOn(form.Command1(1));
+        ClickOn(form.Command1(2));
         QCOMPARE(form.Label1.Caption(), QStringLiteral("Il disegno delle nuvole è "));
         QVERIFY(!player.Host.DrawsLeft());
     }
@@ -225,10 +256,11 @@ private Q_SLOTS:
         PassaggioLivelli = true;
         player.Host.Expect(AllAlike() + OnTheRoof);
         auto &form = player.Open<FormEs2>();
+        ClickOn(form.Command1(0));
         Esatti = 7;
         player.Host.TakeEvents();
         player.Host.Expect({{8, 0}, {8, 2}});
-        form.Command1.OnClick(2);
+        ClickOn(form.Command1(2));
         QCOMPARE(form.Livello, int16_t{2});
         QCOMPARE(form.QualeParte, int16_t{3});
         QCOMPARE(form.Usata(1), int16_t{1});
@@ -239,13 +271,15 @@ private Q_SLOTS:
         QVERIFY(inner >= 0 && inner < panel && panel < outer);
         // Three turns are gone of the four: the next task is the last of this colouring.
         player.Host.Expect({{8, 4}});
-        form.Command1.OnClick(2);
+        AnswerRight(form);
+        ClickOn(form.Command1(2));
         player.Host.Expect(AllAlike() + QList<ScriptedDraw>{{8, 4}});
-        form.Command1.OnClick(2);
+        AnswerRight(form);
+        ClickOn(form.Command1(2));
         QVERIFY(!player.Host.DrawsLeft());
     }
 
-    void aRiseAtTheEndOfAColouringColoursTwiceInARow()
+    void aRiseAtTheEndOfAColouringPaintsForTheTaskThatIsShown()
     {
         Player player;
         SuoniAttivi = false;
@@ -254,13 +288,15 @@ private Q_SLOTS:
         auto &form = player.Open<FormEs2>();
         for (const int part : {0, 2}) {
             player.Host.Expect({{8, part}});
-            form.Command1.OnClick(2);
+            AnswerRight(form);
+            ClickOn(form.Command1(2));
         }
+        AnswerRight(form);
         Esatti = 7;
         // The inner task ends this colouring, the outer one starts the next.
         player.Host.Expect({{8, 3}});
         player.Host.Expect(AllAlike() + QList<ScriptedDraw>{{8, 3}});
-        form.Command1.OnClick(2);
+        ClickOn(form.Command1(2));
         QVERIFY(!player.Host.DrawsLeft());
         QCOMPARE(form.Livello, int16_t{2});
     }
@@ -300,15 +336,15 @@ private Q_SLOTS:
                 firstOnes += first ? 1 : 0;
                 ++judged;
                 const QString told = completed(0) + one + other;
-                form.Command1.OnClick(first ? 0 : 1);
+                ClickOn(form.Command1(first ? 0 : 1));
                 QVERIFY2(Esatti == before + 1, qPrintable(told));
                 QCOMPARE(Errati, int16_t{0});
             } else {
                 // Shown as the file has them, until the next colouring after a reward: meant.
                 ++unpainted;
-                form.Command1.OnClick(form.Diverso(form.QualeParte));
+                ClickOn(form.Command1(form.Diverso(form.QualeParte)));
             }
-            form.Command1.OnClick(2);
+            ClickOn(form.Command1(2));
             player.Host.TakeEvents();
         }
         QVERIFY2(std::abs(firstOnes - FairTasks / 2) < FiveDeviations(FairTasks),
@@ -329,7 +365,7 @@ private Q_SLOTS:
         for (int level = 1; level <= 3; ++level) {
             QSet<QString> seen;
             for (int task = 0; task < 600; ++task) {
-                form.mnuLiv.OnClick(level);
+                ChooseLevel(form, level);
                 NumeroEserciziEseguiti = 1;
                 for (const int answer : {0, 1})
                     seen << form.Label1.Caption() + Messaggi(0) + form.Command1(answer).Caption();

@@ -4,6 +4,7 @@
 #include "support/exercise_fixture.h"
 #include "support/expected_text.h"
 #include "support/fair_tasks.h"
+#include "support/hands.h"
 #include "support/registered_tests.h"
 #include "support/sentence_reader.h"
 
@@ -157,6 +158,123 @@ private Q_SLOTS:
         QVERIFY(!player.Host.DrawsLeft());
     }
 
+    void tenNoEndTheSeriesToo_data() { RowsOfModes({0, 1, 2, 3}); }
+    void tenNoEndTheSeriesToo()
+    {
+        QFETCH(int, mode);
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = static_cast<int16_t>(mode);
+        // "The roof is red" of a green one, nine times more.
+        player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 1}} + Figure(1, AllGreen, 0, 0));
+        auto &form = player.Open<FormEs5>();
+        PictureBox &target =
+            mode == 2 ? form.PictureScansioneAutomatica : form.PictureScansioneManuale;
+        if (mode == 2)
+            player.Host.Advance(form.Timer1.Interval());
+        else if (mode != 0)
+            PressAndRelease(target, mode == 1 ? Qt::Key_Space : Qt::Key_Right);
+        const auto no = [&] {
+            if (mode == 0)
+                ClickOn(form.Command1(1));
+            else
+                PressAndRelease(target, mode == 2 ? Qt::Key_Space : Qt::Key_Return);
+        };
+        for (int figure = 1; figure <= 9; ++figure) {
+            player.Host.Expect(Figure(1, AllGreen, 0, 0));
+            no();
+            QVERIFY(form.ShockwaveFlash3(figure - 1).Visible());
+            QVERIFY(form.ShockwaveFlash1.Visible());
+        }
+        no();
+        QCOMPARE(Esatti, 10);
+        QVERIFY(form.ShockwaveFlash3(9).Visible());
+        QVERIFY(!form.ShockwaveFlash2(0).Visible());
+        QVERIFY(!form.ShockwaveFlash1.Visible());
+        QVERIFY(form.Command1(2).Enabled());
+        QVERIFY(!form.Command1(0).Enabled());
+        QVERIFY(!form.Command1(1).Enabled());
+        const Color lit = ToColor(ColorePulsantiSelezionati);
+        QCOMPARE(form.Command1(2).BackColor() == lit, mode != 0);
+        QVERIFY(form.Command1(1).BackColor() != lit);
+        player.Host.Advance(5000);
+        player.Host.Expect(RedRoof());
+        if (mode == 0)
+            ClickOn(form.Command1(2));
+        else
+            no();
+        QVERIFY(form.ShockwaveFlash1.Visible());
+        QVERIFY(!form.ShockwaveFlash3(0).Visible());
+        QCOMPARE(form.Command1(0).BackColor() == lit, mode != 0);
+        QCOMPARE(Esatti, 10);
+    }
+
+    void aSeriesTakesMissesWithoutEnd()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        const QString figure = form.ShockwaveFlash1.Shown();
+        for (int pair = 0; pair < 20; ++pair)
+            ClickTwiceQuickly(form.Command1(1));
+        QCOMPARE(Errati, int16_t{40});
+        QCOMPARE(form.StatusBar1.Panel(2), QStringLiteral("40 Errati"));
+        QCOMPARE(form.ShockwaveFlash1.Shown(), figure);
+        QVERIFY(!form.ShockwaveFlash3(0).Visible());
+        QVERIFY(form.Command1(1).Enabled());
+    }
+
+    void aHoldingSentenceWithoutSmokeShowsNone()
+    {
+        Player player;
+        player.Host.Expect(QList<ScriptedDraw>{{8, 6}, {2, 0}} + Figure(0, AllGreen, 1, 1));
+        const auto &form = player.Open<FormEs5>();
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Non c'è il fumo."));
+        QVERIFY(form.ShockwaveFlash1.Shown().endsWith(QStringLiteral("fumo 0, nuvole 1")));
+    }
+
+    void cursiveWritesTheSentenceLikeSmallLetters()
+    {
+        for (const char *style : {"minuscolo", "corsivo"}) {
+            Player player;
+            TipoCarattere = QLatin1String(style);
+            player.Host.Expect(RedRoof());
+            QCOMPARE(player.Open<FormEs5>().Label1.Caption(), QStringLiteral("Il tetto è rosso."));
+        }
+        Player player;
+        TipoCarattere = QStringLiteral("maiuscolo");
+        player.Host.Expect(RedRoof());
+        QCOMPARE(player.Open<FormEs5>().Label1.Caption(), QStringLiteral("IL TETTO È ROSSO."));
+    }
+
+    // A figure that cannot be painted is not sent, and neither is its copy.
+    void anErrorInTheCopyLeavesItUnseenAndTheHourglass_data() { RowsOfModes({0, 1}); }
+    void anErrorInTheCopyLeavesItUnseenAndTheHourglass()
+    {
+        QFETCH(int, mode);
+        const int outcome = mode; // into the first set, or into the second
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        const QString before = form.ShockwaveFlash1.Shown();
+        // Colour 10 is in nobody's table.
+        player.Host.Expect(Figure(outcome, {10, 1, 1, 1, 1, 1}, 0, 0));
+        ClickOn(form.Command1(0));
+        QCOMPARE(form.ShockwaveFlash1.Shown(), before);
+        QCOMPARE(form.MousePointer(), platform::MousePointer::Hourglass);
+        player.Host.Expect(Figure(0, AllGreen, 0, 0));
+        ClickOn(form.Command1(outcome));
+        QCOMPARE(Esatti, 2);
+        QVERIFY(!form.ShockwaveFlash2(1).Visible());
+        QVERIFY(!form.ShockwaveFlash3(0).Visible());
+        QCOMPARE(outcome == 0 ? form.NumeroSi : form.NumeroNo, static_cast<int16_t>(2 - outcome));
+        // The next colouring puts the pointer back.
+        QCOMPARE(form.MousePointer(), platform::MousePointer::Default);
+        QCOMPARE(player.Host.FatalNumber, 0);
+    }
+
     void scanningWaitsOnTheNextSeries()
     {
         Player player;
@@ -194,14 +312,14 @@ private Q_SLOTS:
         // "The roof is red and the steps are blue": both are assigned, whatever was drawn.
         player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 1}, {8, 5}, {4, 2}} +
                            Figure(0, AllGreen, 0, 0));
-        form.mnuLiv.OnClick(2);
+        ChooseLevel(form, 2);
         QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è rosso e i gradini sono blu."));
         QVERIFY(form.ShockwaveFlash1.Shown().contains(QStringLiteral("tetto FF0000")));
         QVERIFY(form.ShockwaveFlash1.Shown().contains(QStringLiteral("gradino 0000FF")));
         // It fails: drawn true by chance, so both are drawn again, the first part first.
         player.Host.Expect(Figure(1, {1, 2, 1, 1, 1, 3}, 0, 0) +
                            QList<ScriptedDraw>{{4, 1}, {4, 2}, {4, 1}, {4, 0}});
-        form.Command1.OnClick(0);
+        ClickOn(form.Command1(0));
         QCOMPARE(form.IndiceEsatto, int16_t{1});
         QVERIFY(!player.Host.DrawsLeft());
     }
@@ -217,19 +335,42 @@ private Q_SLOTS:
         const QString before = form.ShockwaveFlash1.Shown();
         player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 2}, {8, 1}, {4, 0}, {9, 8}, {2, 1}} +
                            Figure(0, {4, 4, 4, 4, 4, 4}, 1, 1));
-        form.mnuLiv.OnClick(2);
+        ChooseLevel(form, 2);
         QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è blu."));
         QCOMPARE(form.ShockwaveFlash1.Shown(), before);
         QCOMPARE(form.MousePointer(), platform::MousePointer::Hourglass);
         QCOMPARE(form.IndiceEsatto, int16_t{0});
         // The copy shows what was never seen; both operands are looked at, so "fails" stops too.
         player.Host.Expect(Figure(1, AllGreen, 0, 0));
-        form.Command1.OnClick(0);
+        ClickOn(form.Command1(0));
         QVERIFY(form.ShockwaveFlash2(0).Shown().contains(QStringLiteral("comignolo FFFF00")));
         QCOMPARE(form.ShockwaveFlash1.Shown(), before);
         QCOMPARE(form.MousePointer(), platform::MousePointer::Hourglass);
         QCOMPARE(form.IndiceEsatto, int16_t{1});
+        // The other set copies what was not seen either.
+        player.Host.Expect(Figure(0, {2, 2, 2, 2, 2, 2}, 0, 0));
+        ClickOn(form.Command1(1));
+        QVERIFY(form.ShockwaveFlash3(0).Shown().contains(QStringLiteral("comignolo 00FF00")));
+        QCOMPARE(form.ShockwaveFlash1.Shown(), before);
         QCOMPARE(player.Host.FatalNumber, 0);
+    }
+
+    void onLevelThreeCloudsAreJoinedBothWays()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        for (const int there : {0, 1}) {
+            player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 0}, {8, 7}, {2, there}} +
+                               Figure(1, {3, 3, 3, 3, 3, 3}, 0, 1 - there));
+            ChooseLevel(form, 3);
+            QCOMPARE(form.Label1.Caption(),
+                     there != 0 ? QStringLiteral("Almeno una cosa è vera: che il tetto è verde o "
+                                                 "che ci sono le nuvole.")
+                                : QStringLiteral("Almeno una cosa è vera: che il tetto è verde o "
+                                                 "che non ci sono le nuvole."));
+        }
     }
 
     void aNinthPartBesideTheChimneyIsDrawnAgain()
@@ -241,7 +382,7 @@ private Q_SLOTS:
         player.Host.Expect(
             QList<ScriptedDraw>{{8, 0}, {4, 2}, {8, 0}, {4, 0}, {9, 8}, {2, 1}, {9, 2}, {4, 3}} +
             Figure(0, AllGreen, 0, 0));
-        form.mnuLiv.OnClick(2);
+        ChooseLevel(form, 2);
         QCOMPARE(form.Label1.Caption(),
                  QStringLiteral("Il comignolo è blu e le pareti sono gialle."));
     }
@@ -254,9 +395,15 @@ private Q_SLOTS:
         auto &form = player.Open<FormEs5>();
         player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 2}, {8, 1}, {4, 0}, {9, 6}, {4, 2}} +
                            Figure(0, AllGreen, 0, 0));
-        form.mnuLiv.OnClick(2);
+        ChooseLevel(form, 2);
         QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è blu e non c'è il fumo."));
         QVERIFY(form.ShockwaveFlash1.Shown().contains(QStringLiteral("fumo 1")));
+        // To fail, it needs nothing drawn again: no smoke has a colour.
+        player.Host.Expect(Figure(1, {1, 3, 1, 1, 1, 1}, 0, 0));
+        ClickOn(form.Command1(0));
+        QVERIFY(!player.Host.DrawsLeft());
+        QCOMPARE(form.IndiceEsatto, int16_t{1});
+        QVERIFY(form.ShockwaveFlash1.Shown().endsWith(QStringLiteral("fumo 0, nuvole 0")));
     }
 
     void orHoldsWithOneOrTheOtherOrBoth()
@@ -272,7 +419,7 @@ private Q_SLOTS:
         for (int which = 0; which < 3; ++which) {
             player.Host.Expect(sentence + Figure(0, blue, 0, 0) +
                                QList<ScriptedDraw>{{150, which + 3}});
-            form.mnuLiv.OnClick(3);
+            ChooseLevel(form, 3);
             QCOMPARE(form.Label1.Caption(), QStringLiteral("Almeno una cosa è vera: che il tetto è "
                                                            "verde o che la porta è verde."));
             const QString shown = form.ShockwaveFlash1.Shown();
@@ -282,7 +429,7 @@ private Q_SLOTS:
         // Before that neither may hold: drawn again while one does, also when it is to fail.
         player.Host.Expect(sentence + Figure(1, AllGreen, 0, 0) +
                            QList<ScriptedDraw>{{4, 2}, {4, 0}, {4, 1}, {4, 1}});
-        form.mnuLiv.OnClick(3);
+        ChooseLevel(form, 3);
         QVERIFY(!player.Host.DrawsLeft());
         QVERIFY(form.ShockwaveFlash1.Shown().contains(QStringLiteral("porta FF0000")));
     }
@@ -306,7 +453,7 @@ private Q_SLOTS:
                                 Case{1, 1, true, true}, Case{1, 0, false, false}}) {
             player.Host.Expect(sentence + Figure(one.Outcome, blue, 0, 0) +
                                QList<ScriptedDraw>{{100, one.Which}});
-            form.mnuLiv.OnClick(4);
+            ChooseLevel(form, 4);
             QCOMPARE(form.Label1.Caption(),
                      QStringLiteral("Una cosa sola è vera: il tetto è verde o il gradino è verde,  "
                                     "non tutte e due."));
@@ -324,7 +471,7 @@ private Q_SLOTS:
         auto &form = player.Open<FormEs5>();
         player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 0}, {8, 7}, {2, 1}} +
                            Figure(0, {3, 3, 3, 3, 3, 3}, 0, 0) + QList<ScriptedDraw>{{100, 0}});
-        form.mnuLiv.OnClick(4);
+        ChooseLevel(form, 4);
         QCOMPARE(form.Label1.Caption(), QStringLiteral("Una cosa sola è vera: il tetto è verde."));
         QVERIFY(form.ShockwaveFlash1.Shown().contains(QStringLiteral("nuvole 1")));
     }
@@ -338,15 +485,15 @@ private Q_SLOTS:
         const QList<int> blue = {3, 3, 3, 3, 3, 3};
         player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 0}, {8, 5}, {4, 1}} +
                            Figure(0, blue, 0, 0));
-        form.mnuLiv.OnClick(2);
+        ChooseLevel(form, 2);
         QVERIFY(form.Label1.Caption().contains(QStringLiteral("i gradini sono rossi")));
         player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 0}, {8, 5}, {4, 1}} +
                            Figure(0, blue, 0, 0) + QList<ScriptedDraw>{{150, 0}});
-        form.mnuLiv.OnClick(3);
+        ChooseLevel(form, 3);
         QVERIFY(form.Label1.Caption().contains(QStringLiteral("il gradino è rosso")));
         player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 0}, {8, 5}, {4, 1}} +
                            Figure(0, blue, 0, 0) + QList<ScriptedDraw>{{100, 0}});
-        form.mnuLiv.OnClick(4);
+        ChooseLevel(form, 4);
         QVERIFY(form.Label1.Caption().contains(QStringLiteral("il gradino è rossa")));
     }
 
@@ -358,14 +505,15 @@ private Q_SLOTS:
         player.Host.Seed(9);
         auto &form = player.Open<FormEs5>();
         Esatti = 19;
-        form.Command1.OnClick(2);
-        QCOMPARE(form.Livello, int16_t{1});
-        Esatti = 19;
-        form.Command1.OnClick(form.IndiceEsatto);
-        QCOMPARE(form.Livello, int16_t{1});
-        form.Command1.OnClick(2);
-        QCOMPARE(form.Livello, int16_t{2});
-        QCOMPARE(EserciziEseguiti(1, 2), QStringLiteral("20"));
+        while (!form.Command1(2).Enabled()) {
+            ClickOn(form.Command1(form.IndiceEsatto));
+            QCOMPARE(form.StatusBar1.Panel(3), QStringLiteral("1 Livello"));
+        }
+        QVERIFY(Esatti >= 29);
+        const int score = Esatti;
+        ClickOn(form.Command1(2));
+        QCOMPARE(form.StatusBar1.Panel(3), QStringLiteral("2 Livello"));
+        QCOMPARE(EserciziEseguiti(1, 2), QString::number(score));
     }
 
     void eachLevelIsFairToTheChild_data() { RowsOfLevels(4); }
@@ -382,7 +530,7 @@ private Q_SLOTS:
         int odd = 0;
         int trueOnes = 0;
         while (judged < FairTasks) {
-            form.mnuLiv.OnClick(level);
+            ChooseLevel(form, level);
             NumeroEserciziEseguiti = 1;
             player.Host.TakeEvents();
             if (IsOdd(form)) {
@@ -395,7 +543,7 @@ private Q_SLOTS:
                 trueOnes += holds ? 1 : 0;
                 ++judged;
                 const int before = Esatti;
-                form.Command1.OnClick(holds ? 0 : 1);
+                ClickOn(form.Command1(holds ? 0 : 1));
                 QVERIFY2(Esatti == before + 1, qPrintable(form.Label1.Caption() + shown));
                 QCOMPARE(Errati, int16_t{0});
             }
@@ -417,7 +565,7 @@ private Q_SLOTS:
             // What opens the sentence, and what joins the second clause to the first, apart.
             QSet<QString> seen;
             for (int task = 0; task < 6000; ++task) {
-                form.mnuLiv.OnClick(level);
+                ChooseLevel(form, level);
                 NumeroEserciziEseguiti = 1;
                 player.Host.TakeEvents();
                 const QString text = form.Label1.Caption();

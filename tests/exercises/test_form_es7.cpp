@@ -3,6 +3,7 @@
 
 #include "exercises/grid_fixture.h"
 #include "support/fair_tasks.h"
+#include "support/hands.h"
 #include "support/registered_tests.h"
 
 #include <QTest>
@@ -39,7 +40,7 @@ private Q_SLOTS:
         ClickOnFigure(form, 1);
         QCOMPARE(player.Host.TakeEvents(), QStringList());
         player.Host.Expect(GridTask(2, 0));
-        form.Command1.OnClick(0);
+        ClickOn(form.Command1(0));
         QVERIFY(!form.Shape1.Visible());
     }
 
@@ -58,7 +59,7 @@ private Q_SLOTS:
         player.Host.Expect(GridTask(2, 0));
         auto &form = player.Open<FormEs7>();
         player.Host.Expect(GridTask(4, 1));
-        form.mnuLiv.OnClick(2);
+        ChooseLevel(form, 2);
         PictureBox &target =
             mode == 2 ? form.PictureScansioneAutomatica : form.PictureScansioneManuale;
         const Qt::Key choose = mode == 2 ? Qt::Key_Space : Qt::Key_Return;
@@ -97,7 +98,7 @@ private Q_SLOTS:
         player.Host.Expect(GridTask(2, 0));
         auto &form = player.Open<FormEs7>();
         player.Host.Expect(GridTask(4, 1));
-        form.mnuLiv.OnClick(2);
+        ChooseLevel(form, 2);
         const auto key = [&](Qt::Key name) { PressAndRelease(form.PictureScansioneManuale, name); };
         key(Qt::Key_Right);
         key(Qt::Key_Return);
@@ -116,19 +117,6 @@ private Q_SLOTS:
         QVERIFY(IsDoneByScanning(form));
         QVERIFY(FrameIsOn(form, 1));
         QCOMPARE(FiguresShown(form), QList<int>{1});
-    }
-
-    void theMouseHasNoPartInScanning()
-    {
-        Player player;
-        ModoInput = 1;
-        player.Host.Seed(3);
-        auto &form = player.Open<FormEs7>();
-        player.Host.TakeEvents();
-        ClickOnFigure(form, 0);
-        ClickOnFigure(form, 1);
-        form.Command1.OnClick(0);
-        QCOMPARE(player.Host.TakeEvents(), QStringList());
     }
 
     void eachLevelIsFairToTheChild_data() { RowsOfLevels(5); }
@@ -154,7 +142,7 @@ private Q_SLOTS:
                 QCOMPARE(Errati, int16_t{0});
             }
             QVERIFY(form.Command1(0).Enabled());
-            form.Command1.OnClick(0);
+            ClickOn(form.Command1(0));
             player.Host.TakeEvents();
         }
         qInfo("%d tasks judged, %d with twins passed over", judged, twins);

@@ -3,6 +3,7 @@
 
 #include "support/exercise_fixture.h"
 #include "support/fair_tasks.h"
+#include "support/hands.h"
 #include "support/registered_tests.h"
 #include "support/sentence_reader.h"
 
@@ -40,6 +41,13 @@ QList<int> Framed(const FormEs8 &form)
     return lit;
 }
 
+// Right of the last picture.
+QPoint FreePlaceOnTheBar(const FormEs8 &form)
+{
+    const QRect last = form.Image1(7).Widget()->geometry();
+    return {last.right() + 4, last.center().y()};
+}
+
 } // namespace
 
 class TestFormEs8 : public QObject {
@@ -65,8 +73,12 @@ private Q_SLOTS:
         player.Host.Expect(Task(RedRoof));
         auto &form = player.Open<FormEs8>();
         QVERIFY(player.Host.Events.filter(QStringLiteral("GotoFrame")).isEmpty());
-        QVERIFY(!form.ShockwaveFlash1.OnFSCommand);
-        QVERIFY(!form.ShockwaveFlash2.OnFSCommand);
+        player.Host.TakeEvents();
+        for (int part = 1; part <= 8; ++part) {
+            ClickOnPart(form.ShockwaveFlash1, part);
+            ClickOnPart(form.ShockwaveFlash2, part);
+        }
+        QCOMPARE(player.Host.TakeEvents(), QStringList());
     }
 
     void theChosenPartIsRepairedOnTheSecondFigure()
@@ -125,12 +137,69 @@ private Q_SLOTS:
         player.Host.Expect(Task(RedRoof));
         auto &form = player.Open<FormEs8>();
         player.Host.Expect(Task({{8, 1}, {4, 1}, {8, 0}, {4, 1}}));
-        form.mnuLiv.OnClick(2);
-        ClickOn(form.Image1(1));
-        ClickOn(form.Image1(1));
+        ChooseLevel(form, 2);
+        ClickTwiceQuickly(form.Image1(1));
         QCOMPARE(Esatti, 2);
         QVERIFY(form.Command1(0).Enabled());
         QCOMPARE(DifferencesShown(form), QList<int>{1});
+    }
+
+    void inScanningARepairedPartIsNoDifferenceAnyMore_data() { RowsOfModes({1, 2, 3}); }
+    void inScanningARepairedPartIsNoDifferenceAnyMore()
+    {
+        QFETCH(int, mode);
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = static_cast<int16_t>(mode);
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs8>();
+        player.Host.Expect(Task({{8, 0}, {4, 1}, {8, 7}, {2, 1}}));
+        ChooseLevel(form, 2);
+        PictureBox &target =
+            mode == 2 ? form.PictureScansioneAutomatica : form.PictureScansioneManuale;
+        const Qt::Key choose = mode == 2 ? Qt::Key_Space : Qt::Key_Return;
+        QCOMPARE(Framed(form), QList<int>{0});
+        PressAndRelease(target, choose);
+        QCOMPARE(Esatti, 1);
+        QCOMPARE(DifferencesShown(form), QList<int>{8});
+        PressAndRelease(target, choose);
+        QCOMPARE(Esatti, 1);
+        QCOMPARE(Errati, int16_t{1});
+        QCOMPARE(form.StatusBar1.Panel(2), QStringLiteral("1 Errati"));
+        // The task is not done: the walk goes on.
+        if (mode == 2)
+            player.Host.Advance(form.Timer1.Interval());
+        else
+            PressAndRelease(target, mode == 1 ? Qt::Key_Space : Qt::Key_Right);
+        QCOMPARE(Framed(form), QList<int>{1});
+    }
+
+    void aPictureRepairsTheSecondHouseWhicheverHasTheSmoke()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + QList<ScriptedDraw>{{8, 6}, {2, 0}});
+        auto &form = player.Open<FormEs8>();
+        ClickOn(form.Image1(6));
+        QVERIFY(form.ShockwaveFlash1.Shown().contains(QStringLiteral("fumo 1")));
+        QVERIFY(form.ShockwaveFlash2.Shown().contains(QStringLiteral("fumo 1")));
+    }
+
+    void anErrorInTheColouringLeavesTheTaskAsFarAsItWasBuilt()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Task({{8, 1}, {4, 70000}}));
+        auto &form = player.Open<FormEs8>();
+        QCOMPARE(form.MousePointer(), platform::MousePointer::Hourglass);
+        QVERIFY(!IsPainted(form.ShockwaveFlash1.Shown()));
+        QVERIFY(!IsPainted(form.ShockwaveFlash2.Shown()));
+        ClickOn(form.Image1(1));
+        QCOMPARE(Esatti, 1);
+        player.Host.Expect(Task(RedRoof));
+        ClickOn(form.Command1(0));
+        QCOMPARE(form.MousePointer(), platform::MousePointer::Default);
+        QVERIFY(IsPainted(form.ShockwaveFlash2.Shown()));
     }
 
     void smokeAndCloudsMayDifferInScanningToo()
@@ -209,28 +278,34 @@ private Q_SLOTS:
         QCOMPARE(Framed(form), QList<int>{3});
         MoveOver(form.Image1(4));
         QCOMPARE(Framed(form), QList<int>{4});
-        form.Picture1.OnMouseMove();
+        MoveOver(form.Picture1, FreePlaceOnTheBar(form));
         QCOMPARE(Framed(form), QList<int>());
         MoveOver(form.Image1(0));
         MoveOver(form.Command1(1));
         QCOMPARE(form.Command1(1).BackColor(), ToColor(ColorePulsantiSelezionati));
-        form.OnMouseMove();
+        MoveOverWindow(form);
         QCOMPARE(Framed(form), QList<int>());
         QCOMPARE(form.Command1(1).BackColor(), ToColor(ColoreBottoni));
     }
 
+    void overTheBarThePointerWipesTheHighlightInEveryMode_data() { RowsOfModes({1, 2, 3}); }
     void overTheBarThePointerWipesTheHighlightInEveryMode()
     {
+        QFETCH(int, mode);
         Player player;
-        ModoInput = 2;
+        ModoInput = static_cast<int16_t>(mode);
         player.Host.Expect(Task(RedRoof));
         auto &form = player.Open<FormEs8>();
         MoveOver(form.Image1(3));
-        form.OnMouseMove();
+        MoveOverWindow(form);
         QCOMPARE(Framed(form), QList<int>{0});
-        form.Picture1.OnMouseMove();
+        MoveOver(form.Picture1, FreePlaceOnTheBar(form));
         QCOMPARE(Framed(form), QList<int>());
-        player.Host.Advance(form.Timer1.Interval());
+        if (mode == 2)
+            player.Host.Advance(form.Timer1.Interval());
+        else
+            PressAndRelease(form.PictureScansioneManuale,
+                            mode == 1 ? Qt::Key_Space : Qt::Key_Right);
         QCOMPARE(Framed(form), QList<int>{1});
         ClickOn(form.Image1(1));
         QCOMPARE(Esatti + Errati, 0);
@@ -248,9 +323,14 @@ private Q_SLOTS:
             QVERIFY(form.Label1.Caption().contains(QStringLiteral("Scegli qui sotto")));
             ClickOn(form.Label1);
             QVERIFY(!form.Pannello.Visible());
+            if (mode == 0)
+                for (const int part : DifferencesShown(form))
+                    ClickOn(form.Image1(part - 1));
             player.Host.TakeEvents();
-            form.Command1.OnClick(0);
-            QVERIFY(player.Host.TakeEvents().contains(QStringLiteral("FormEs8.MousePointer=11")));
+            ClickOn(form.Command1(0));
+            // In scanning it stays disabled, and only its colour tells.
+            QCOMPARE(player.Host.TakeEvents().contains(QStringLiteral("FormEs8.MousePointer=11")),
+                     mode == 0);
         }
     }
 
@@ -277,16 +357,16 @@ private Q_SLOTS:
             const int right = Esatti;
             for (int part = 1; part <= 8; ++part)
                 if (!differ.contains(part)) {
-                    form.Image1.OnClick(part - 1);
+                    ClickOn(form.Image1(part - 1));
                     QCOMPARE(Errati, int16_t{1});
                     break;
                 }
             for (const int part : differ)
-                form.Image1.OnClick(part - 1);
+                ClickOn(form.Image1(part - 1));
             QCOMPARE(Esatti, right + level);
             QVERIFY(DifferencesShown(form).isEmpty());
             Errati = 0;
-            form.Command1.OnClick(0);
+            ClickOn(form.Command1(0));
             player.Host.TakeEvents();
         }
     }

@@ -3,6 +3,7 @@
 
 #include "platform/application.h"
 #include "support/exercise_fixture.h"
+#include "support/hands.h"
 #include "support/registered_tests.h"
 
 #include <QTest>
@@ -29,11 +30,12 @@ public:
         Host.TakeEvents();
     }
 
-    void NextTask(int right, int wrong)
+    void NextTask(int right, int wrong) const
     {
+        ClickOn(Form->Command1(Form->IndiceEsatto));
         Esatti = right;
         Errati = static_cast<int16_t>(wrong);
-        Form->Command1.OnClick(2);
+        ClickOn(Form->Command1(2));
     }
 
     FormEs1 *Form;
@@ -152,8 +154,8 @@ private Q_SLOTS:
     {
         Child child(false);
         Esatti = 1;
-        child.Form->mnuLiv.OnClick(1);
-        child.Form->mnuLiv.OnClick(1);
+        ChooseLevel(*child.Form, 1);
+        ChooseLevel(*child.Form, 1);
         QCOMPARE(NumeroEserciziEseguiti, int16_t{3});
         QCOMPARE(Row(1).at(2), QStringLiteral("1"));
         QCOMPARE(Row(2).at(2), QStringLiteral("0"));
@@ -163,9 +165,9 @@ private Q_SLOTS:
     {
         Child child(false);
         NumeroEserciziEseguiti = 500;
-        child.Form->mnuLiv.OnClick(2);
+        ChooseLevel(*child.Form, 2);
         QCOMPARE(EserciziEseguiti(500, 1), QStringLiteral("1"));
-        Guarded([&] { child.Form->mnuLiv.OnClick(2); });
+        ChooseLevel(*child.Form, 2);
         QCOMPARE(child.Host.FatalNumber, 9);
     }
 
@@ -173,7 +175,7 @@ private Q_SLOTS:
     {
         Child child(true);
         NumeroEserciziEseguiti = 501;
-        Guarded([&] { child.NextTask(7, 0); });
+        child.NextTask(7, 0);
         QCOMPARE(child.Host.FatalNumber, 9);
     }
 
@@ -181,14 +183,14 @@ private Q_SLOTS:
     {
         Child child(false);
         Errati = 32767;
-        Guarded([&] { child.Form->Command1.OnClick(1 - child.Form->IndiceEsatto); });
+        ClickOn(child.Form->Command1(1 - child.Form->IndiceEsatto));
         QCOMPARE(child.Host.FatalNumber, 6);
     }
 
     void activationStartsAtLevelOneWithoutARowAndLeavesTheTick()
     {
         Child child(false);
-        child.Form->mnuLiv.OnClick(5);
+        ChooseLevel(*child.Form, 5);
         Esatti = 9;
         const int16_t row = NumeroEserciziEseguiti;
         child.Form->OnActivate();

@@ -31,6 +31,11 @@ public:
     Pictures() : Form("Form1", 3000, 3000) {}
 };
 
+void Press(const FormEs1 &exercise, Qt::Key withControl)
+{
+    QTest::keyClick(exercise.Window(), withControl, Qt::ControlModifier);
+}
+
 } // namespace
 
 class TestQuickPrint : public QObject {
@@ -43,7 +48,7 @@ private Q_SLOTS:
         FormEs1 &exercise = child.Open<FormEs1>();
         Esatti = 3;
         const QString before = exercise.Label1.Caption();
-        exercise.mnuStEserc.OnClick();
+        Press(exercise, Qt::Key_S);
         QCOMPARE(Esatti, 3);
         QCOMPARE(exercise.Label1.Caption(), before);
         QCOMPARE(child.Host.Printer.Documents.size(), qsizetype{1});
@@ -59,7 +64,7 @@ private Q_SLOTS:
     {
         Child child;
         FormEs1 &exercise = child.Open<FormEs1>();
-        exercise.mnuStEserc.OnClick();
+        Press(exercise, Qt::Key_S);
         const FakePage &page = child.Host.Printer.Documents.first().Pages.first();
         const DeviceRectangle place = page.Rectangles.first();
         QCOMPARE(place.X, 0);
@@ -75,7 +80,7 @@ private Q_SLOTS:
         Child child;
         child.Host.ScreenSizeNow = {480, 240};
         FormEs1 &exercise = child.Open<FormEs1>();
-        exercise.mnuStEserc.OnClick();
+        Press(exercise, Qt::Key_S);
         const DeviceRectangle place =
             child.Host.Printer.Documents.first().Pages.first().Rectangles.first();
         QCOMPARE(place.Width, 2540); // 5 inches
@@ -101,7 +106,7 @@ private Q_SLOTS:
         child.Host.ExpectBox(
             Box{.Text = MLSTesto(QStringLiteral("0098")), .Title = {}, .Icon = BoxIcon::Critical});
         const QString before = exercise.Label1.Caption();
-        exercise.mnuStEserc.OnClick();
+        Press(exercise, Qt::Key_S);
         QCOMPARE(exercise.Label1.Caption(), before);
         QCOMPARE(child.Host.Printer.Devices, 0);
         QCOMPARE(child.Host.Printer.Allocated(), 0);
@@ -132,26 +137,52 @@ private Q_SLOTS:
             QCOMPARE(Stampa.TitoloStampa, QString());
             // The whole window with its menu bar.
             QCOMPARE(Stampa.AltezzaImmagine, exercise.Window()->height());
-            dialog.cmdStampa.OnClick();
+            ClickOn(dialog.cmdStampa);
         });
-        (across ? exercise.mnuStOr : exercise.mnuStVer).OnClick();
+        Press(exercise, across ? Qt::Key_O : Qt::Key_V);
         QCOMPARE(child.Host.Printer.Documents.first().Mode.Orientation,
                  across ? int16_t{2} : int16_t{1});
         QCOMPARE(child.Host.Printer.Documents.first().Title, QString());
     }
 
+    void theExerciseBeginsAnewWhenTheDialogCloses_data()
+    {
+        QTest::addColumn<bool>("across");
+        QTest::addColumn<bool>("printed");
+        for (const bool across : {true, false})
+            for (const bool printed : {true, false})
+                QTest::addRow("%s, %s", across ? "across" : "upright",
+                              printed ? "printed" : "given up")
+                    << across << printed;
+    }
     void theExerciseBeginsAnewWhenTheDialogCloses()
     {
+        QFETCH(bool, across);
+        QFETCH(bool, printed);
         Child child;
         FormEs1 &exercise = child.Open<FormEs1>();
-        Esatti = 3;
-        exercise.Livello = 2;
-        child.Host.ExpectModal(
-            [](Form &form) { dynamic_cast<FrmStampa &>(form).cmdChiudi.OnClick(); });
-        exercise.mnuStVer.OnClick();
-        QCOMPARE(Esatti, 0);
-        QCOMPARE(exercise.Livello, int16_t{1});
-        QCOMPARE(NumeroEserciziEseguiti, int16_t{1}); // no row
+        QTest::keyClick(exercise.Window(), Qt::Key_F2);
+        const int16_t row = NumeroEserciziEseguiti;
+        ClickOn(exercise.Command1(1 - exercise.IndiceEsatto));
+        ClickOn(exercise.Command1(exercise.IndiceEsatto));
+        QVERIFY(exercise.Command1(2).Enabled());
+        child.Host.ExpectModal([&](Form &form) {
+            auto &dialog = dynamic_cast<FrmStampa &>(form);
+            child.Host.TakeEvents();
+            ClickOn(printed ? dialog.cmdStampa : dialog.cmdChiudi);
+        });
+        Press(exercise, across ? Qt::Key_O : Qt::Key_V);
+        QCOMPARE(child.Host.Printer.Documents.size(), qsizetype{printed ? 1 : 0});
+        QCOMPARE(exercise.StatusBar1.Panel(1), QStringLiteral("0 Esatti"));
+        QCOMPARE(exercise.StatusBar1.Panel(2), QStringLiteral("0 Errati"));
+        QCOMPARE(exercise.StatusBar1.Panel(3), QStringLiteral("1 Livello"));
+        QVERIFY(!exercise.Command1(2).Enabled());
+        QVERIFY(exercise.Command1(0).Enabled());
+        QVERIFY(!child.Host.TakeEvents().filter(QStringLiteral("Label1.Caption=")).isEmpty());
+        // What was lost has no row, and the level's tick stays.
+        QCOMPARE(NumeroEserciziEseguiti, row);
+        QCOMPARE(EserciziEseguiti(row, 1), QString());
+        QVERIFY(exercise.mnuLiv(2).Checked());
     }
 
     void withoutAPrinterTheExerciseGoesOn()
@@ -161,7 +192,7 @@ private Q_SLOTS:
         Esatti = 3;
         child.Host.Printer.Default.clear();
         child.Host.ExpectBox(QStringLiteral("Stampante di default non specificata."));
-        exercise.mnuStOr.OnClick();
+        Press(exercise, Qt::Key_O);
         QCOMPARE(Esatti, 3);
     }
 
@@ -175,7 +206,7 @@ private Q_SLOTS:
             QCOMPARE(form.Name(), QStringLiteral("Form1"));
             form.Unload();
         });
-        exercise.mnuCol.OnClick();
+        Press(exercise, Qt::Key_P);
         QCOMPARE(Esatti, 0);
     }
 };

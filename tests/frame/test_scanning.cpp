@@ -4,6 +4,7 @@
 #include "exercises/form_es1.h"
 #include "platform/application.h"
 #include "support/exercise_fixture.h"
+#include "support/hands.h"
 #include "support/registered_tests.h"
 
 #include <QMenuBar>
@@ -13,12 +14,19 @@ using namespace platform;
 
 namespace {
 
+// Something to choose from and to close.
+class Pictures : public platform::Form {
+public:
+    Pictures() : Form("Form1", 3000, 3000) {}
+};
+
 class Child : public Player {
 public:
-    explicit Child(int mode)
+    explicit Child(int mode, int16_t speed = 4)
     {
         SuoniAttivi = false;
         ModoInput = static_cast<int16_t>(mode);
+        VelocitaScansione = speed;
         Host.Seed(4);
         Form = &Open<FormEs1>();
         Host.TakeEvents();
@@ -137,18 +145,57 @@ private Q_SLOTS:
     void aHeldSwitchFreezesAndTheNextTickComesAFullIntervalAfterRelease()
     {
         Child child(2);
+        // A task in which the choice of the first button is a miss, so that the scanning goes on.
+        while (child.Form->IndiceEsatto == 0)
+            ChooseLevel(*child.Form, 1);
         child.Host.Advance(900);
         QTest::keyPress(child.Target().Widget(), Qt::Key_Space);
         child.Host.Advance(5000);
         QCOMPARE(child.Lit(), QList<int>{0});
+        QCOMPARE(Errati, int16_t{0});
         QTest::keyRelease(child.Target().Widget(), Qt::Key_Space);
-        const QList<int> after = child.Lit();
+        QCOMPARE(Errati, int16_t{1});
         child.Host.Advance(999);
-        QCOMPARE(child.Lit(), after);
-        if (after != QList<int>{2}) {
+        QCOMPARE(child.Lit(), QList<int>{0});
+        child.Host.Advance(1);
+        QCOMPARE(child.Lit(), QList<int>{1});
+    }
+
+    void theHighlightStaysAsManyQuartersOfASecondAsThePlayerWants_data()
+    {
+        QTest::addColumn<int>("speed");
+        for (const int speed : {1, 4, 7, 131})
+            QTest::addRow("%d quarters", speed) << speed;
+    }
+    void theHighlightStaysAsManyQuartersOfASecondAsThePlayerWants()
+    {
+        QFETCH(int, speed);
+        Child child(2, static_cast<int16_t>(speed));
+        for (int step = 1; step <= 4; ++step) {
+            child.Host.Advance(speed * 250 - 1);
+            QCOMPARE(child.Lit(), QList<int>{(step - 1) % 2});
             child.Host.Advance(1);
-            QVERIFY(child.Lit() != after);
+            QCOMPARE(child.Lit(), QList<int>{step % 2});
         }
+    }
+
+    void underAModalWindowTheTimerRunsAndTheKeyboardStays()
+    {
+        Child child(2);
+        RegistraFinestra(QStringLiteral("Form1"), []() -> Form * { return new Pictures; });
+        child.Target().Widget()->clearFocus();
+        child.Host.ExpectModal([&](Form &form) {
+            child.Host.Advance(1000);
+            QCOMPARE(child.Lit(), QList<int>{1});
+            QVERIFY(!child.Target().HasFocus());
+            QCOMPARE(child.Host.FatalNumber, 0);
+            form.Unload();
+        });
+        QTest::keyClick(child.Form->Window(), Qt::Key_P, Qt::ControlModifier);
+        // The exercise began anew, and the next tick takes the keyboard again.
+        QCOMPARE(child.Lit(), QList<int>{0});
+        child.Host.Advance(1000);
+        QVERIFY(child.Target().HasFocus());
     }
 
     void aSwitchReleasedElsewhereDoesNotStopTheScanning()
@@ -197,7 +244,7 @@ private Q_SLOTS:
     {
         const Child child(1);
         child.Answer(true);
-        child.Form->mnuLiv.OnClick(2);
+        ChooseLevel(*child.Form, 2);
         QCOMPARE(child.Lit(), QList<int>{2});
         child.Key(Qt::Key_Space);
         QCOMPARE(child.Lit(), QList<int>{2});

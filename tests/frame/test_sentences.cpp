@@ -4,6 +4,7 @@
 
 #include "exercises/form_es1.h"
 #include "support/exercise_fixture.h"
+#include "support/hands.h"
 #include "support/registered_tests.h"
 
 #include <QFile>
@@ -109,7 +110,7 @@ private Q_SLOTS:
         QSet<QString> seen;
         for (int level = 1; level <= 6; ++level)
             for (int task = 0; task < 2000; ++task) {
-                form.mnuLiv.OnClick(level);
+                ChooseLevel(form, level);
                 NumeroEserciziEseguiti = 1;
                 player.Host.TakeEvents();
                 const QString sentence = form.Label1.Caption();
