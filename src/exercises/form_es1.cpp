@@ -71,77 +71,39 @@ void FormEs1::ImpostaColori()
 
 void FormEs1::ScriviFrase()
 {
+    const auto afferma = [this] { ComponiFrase(false); };
+    const auto nega = [this] { ComponiFrase(true); };
+    const auto aCaso = [this] { ComponiFrase(Draw(2) != 0); };
     switch (Livello) {
     case 1:
-        return ScriviFrase1();
+        return ScriviFraseSemplice(afferma);
     case 2:
-        return ScriviFrase2();
+        return ScriviFraseSemplice(nega);
     case 3:
-        return ScriviFrase3();
+        return ScriviFraseSemplice(aCaso);
     case 4:
-        return ScriviFrase4();
+        return ScriviFraseDoppia(afferma, afferma);
     case 5:
-        return ScriviFrase5();
+        return ScriviFraseDoppia(nega, nega);
     case 6:
-        return ScriviFrase6();
+        // The first statement denies in any case; the drawn one only spends its draws: meant.
+        return ScriviFraseDoppia(
+            [&] {
+                aCaso();
+                nega();
+            },
+            aCaso);
     default:
         return;
     }
 }
 
-void FormEs1::ScriviFrase1()
+void FormEs1::ScriviFraseSemplice(const std::function<void()> &componi)
 {
     IndiceEsatto = Integer16(Draw(2));
     QualeParte = Integer16(Draw(8) + 1);
-    ComponiFrasePositiva();
+    componi();
     Frase = FraseComposta;
-}
-
-void FormEs1::ScriviFrase2()
-{
-    IndiceEsatto = Integer16(Draw(2));
-    QualeParte = Integer16(Draw(8) + 1);
-    ComponiFraseNegativa();
-    Frase = FraseComposta;
-}
-
-void FormEs1::ScriviFrase3()
-{
-    IndiceEsatto = Integer16(Draw(2));
-    QualeParte = Integer16(Draw(8) + 1);
-    if (Draw(2) != 0)
-        ComponiFraseNegativa();
-    else
-        ComponiFrasePositiva();
-    Frase = FraseComposta;
-}
-
-void FormEs1::ScriviFrase4()
-{
-    ScriviFraseDoppia([this] { ComponiFrasePositiva(); }, [this] { ComponiFrasePositiva(); });
-}
-
-void FormEs1::ScriviFrase5()
-{
-    ScriviFraseDoppia([this] { ComponiFraseNegativa(); }, [this] { ComponiFraseNegativa(); });
-}
-
-void FormEs1::ScriviFrase6()
-{
-    const auto aCaso = [this] {
-        if (Draw(2) != 0)
-            ComponiFraseNegativa();
-        else
-            ComponiFrasePositiva();
-    };
-    ScriviFraseDoppia(
-        [&] {
-            // The first statement is negative in any case; the drawn one only spends its draws:
-            // meant.
-            aCaso();
-            ComponiFraseNegativa();
-        },
-        aCaso);
 }
 
 void FormEs1::ScriviFraseDoppia(const std::function<void()> &prima,
@@ -187,24 +149,15 @@ int16_t FormEs1::AltroColore() const
     return colore;
 }
 
-void FormEs1::ComponiFrasePositiva()
+// One statement on `QualeParte`, true or false by `IndiceEsatto`.
+void FormEs1::ComponiFrase(bool nega)
 {
-    FraseComposta.clear();
     if (QualeParte > PartiDipinte)
         return ComponiFrasePresenza();
-    const QString apertura = AperturaPositiva(QualeParte);
-    const int16_t suo = ColoreParte(QualeParte);
-    FraseComposta = apertura + NomeColore(IndiceEsatto == 0 ? suo : AltroColore(), QualeParte);
-}
-
-void FormEs1::ComponiFraseNegativa()
-{
-    FraseComposta.clear();
-    if (QualeParte > PartiDipinte)
-        return ComponiFrasePresenza();
-    const QString apertura = AperturaNegativa(QualeParte);
-    const int16_t suo = ColoreParte(QualeParte);
-    FraseComposta = apertura + NomeColore(IndiceEsatto == 1 ? suo : AltroColore(), QualeParte);
+    const bool suo = (IndiceEsatto == 0) != nega;
+    const QString apertura = nega ? AperturaNegativa(QualeParte) : AperturaPositiva(QualeParte);
+    FraseComposta =
+        apertura + NomeColore(suo ? ColoreParte(QualeParte) : AltroColore(), QualeParte);
 }
 
 void FormEs1::ComponiFrasePresenza()

@@ -23,16 +23,12 @@ protected:
     void RispostaEsattaConPuntatore() override;
 
 private:
-    void ScriviFrase1();
-    void ScriviFrase2();
-    void ScriviFrase3();
-    void ScriviFrase4();
-    void ScriviFrase5();
-    void ScriviFrase6();
+    void ScriviFraseSemplice(const std::function<void()> &componi);
     void ScriviFraseDoppia(const std::function<void()> &prima,
                            const std::function<void()> &seconda);
-    void ComponiFrasePositiva();
-    void ComponiFraseNegativa();
+    void ComponiFrase(bool nega);
     void ComponiFrasePresenza();
     int16_t AltroColore() const;
+
+    QString FraseComposta; // the statement just composed
 };

@@ -114,38 +114,13 @@ void FormEs2::PreparaParte(int parte, int valori, int primo)
 
 void FormEs2::ScriviFrase()
 {
-    switch (Livello) {
-    case 1:
-        return ScriviFrase1();
-    case 2:
-        return ScriviFrase2();
-    case 3:
-        return ScriviFrase3();
-    default:
-        return;
-    }
-}
-
-void FormEs2::ScriviFrase1()
-{
+    const bool nega = Livello == 3 ? Draw(10) % 2 != 0 : Livello == 2;
     ScegliParte();
-    ComponiFrasePositiva();
-    Frase = FraseComposta;
-}
-
-void FormEs2::ScriviFrase2()
-{
-    ScegliParte();
-    ComponiFraseNegativa();
-    Frase = FraseComposta;
-}
-
-void FormEs2::ScriviFrase3()
-{
-    if (Draw(10) % 2 != 0)
-        ScriviFrase2();
-    else
-        ScriviFrase1();
+    Frase = Apertura(QualeParte, nega);
+    IntitolaRisposte();
+    // Stays turned round until the next colouring, and nobody asks the part again before it.
+    if (nega)
+        Diverso(QualeParte) = Diverso(QualeParte) == 0 ? 1 : 0;
 }
 
 // A part that has not been asked since the last colouring: four tasks share eight parts.
@@ -155,20 +130,6 @@ void FormEs2::ScegliParte()
         QualeParte = Integer16(Draw(8) + 1);
     while (Usata(QualeParte) == 1);
     Usata(QualeParte) = 1;
-}
-
-void FormEs2::ComponiFrasePositiva()
-{
-    FraseComposta = Apertura(QualeParte, false);
-    IntitolaRisposte();
-}
-
-void FormEs2::ComponiFraseNegativa()
-{
-    FraseComposta = Apertura(QualeParte, true);
-    IntitolaRisposte();
-    // Stays turned round until the next colouring, and nobody asks the part again before it.
-    Diverso(QualeParte) = Diverso(QualeParte) == 0 ? 1 : 0;
 }
 
 // The answers agree with the noun of the part.

@@ -27,11 +27,6 @@ protected:
 
 private:
     void PreparaParte(int parte, int valori, int primo);
-    void ScriviFrase1();
-    void ScriviFrase2();
-    void ScriviFrase3();
     void ScegliParte();
-    void ComponiFrasePositiva();
-    void ComponiFraseNegativa();
     void IntitolaRisposte();
 };

@@ -32,8 +32,6 @@ protected:
     // Counts towards the reward and gives it when it is due.
     void PremiaSeServe();
 
-    QString FraseComposta; // the statement just composed
-
 private:
     int16_t ContaPremio = 0; // right answers since the last reward; outlives levels and activation
     bool FiguraDaRicaricare = false;
