@@ -131,19 +131,14 @@ private Q_SLOTS:
         player.Host.Expect(Colouring(AllGreen, 1, 0) + FalseOnTheRoof);
         auto &form = player.Open<FormEs1>();
         QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è rosso."));
-        if (mode == 2)
-            player.Host.Advance(form.Timer1.Interval());
-        else if (mode != 0)
-            PressAndRelease(form.PictureScansioneManuale,
-                            mode == 1 ? Qt::Key_Space : Qt::Key_Right);
+        if (mode != 0)
+            Step(player.Host, form);
         player.Host.TakeEvents();
         player.Host.Expect({{6, 3}});
         if (mode == 0)
             ClickOn(form.Command1(1));
-        else if (mode == 2)
-            PressAndRelease(form.PictureScansioneAutomatica, Qt::Key_Space);
         else
-            PressAndRelease(form.PictureScansioneManuale, Qt::Key_Return);
+            Choose(form);
         QVERIFY(player.Host.TakeEvents().contains(QStringLiteral("suono si/4.wav")));
         QCOMPARE(Esatti, 1);
         QCOMPARE(Errati, int16_t{0});

@@ -1,6 +1,7 @@
 // "Uguali - 2°": differences that are found on the houses themselves.
 #include "exercises/form_es3.h"
 
+#include "exercises/differences_fixture.h"
 #include "platform/application.h"
 #include "support/exercise_fixture.h"
 #include "support/fair_tasks.h"
@@ -15,28 +16,6 @@
 using namespace platform;
 
 namespace {
-
-const QList<int> AllGreen = {1, 1, 1, 1, 1, 1};
-
-// All green without smoke and clouds; then the parts that differ with their colours on the second.
-QList<ScriptedDraw> Task(const QList<ScriptedDraw> &differences)
-{
-    return Colouring(AllGreen, 0, 0) + differences;
-}
-
-const QList<ScriptedDraw> RedRoof = {{8, 1}, {4, 1}};
-
-// Part numbers in which the two figures differ, by what is shown.
-QList<int> DifferencesShown(const FormEs3 &form)
-{
-    const QStringList one = form.ShockwaveFlash1.Shown().split(QStringLiteral(", "));
-    const QStringList other = form.ShockwaveFlash2.Shown().split(QStringLiteral(", "));
-    QList<int> parts;
-    for (int i = 0; i < one.size(); ++i)
-        if (one.at(i) != other.at(i))
-            parts << i + 1;
-    return parts;
-}
 
 // On that figure, or on the other one where smoke or clouds are there only.
 void ClickOnDifference(const FormEs3 &form, int part, bool first)
@@ -345,17 +324,8 @@ private Q_SLOTS:
         player.Host.Expect(Colouring(AllGreen, 0, 0) +
                            QList<ScriptedDraw>{{6, 1}, {4, 1}, {6, 2}, {4, 1}});
         ChooseLevel(form, 2);
-        PictureBox &target =
-            mode == 2 ? form.PictureScansioneAutomatica : form.PictureScansioneManuale;
-        const auto step = [&] {
-            if (mode == 2)
-                player.Host.Advance(form.Timer1.Interval());
-            else
-                PressAndRelease(target, mode == 1 ? Qt::Key_Space : Qt::Key_Right);
-        };
-        const auto choose = [&] {
-            PressAndRelease(target, mode == 2 ? Qt::Key_Space : Qt::Key_Return);
-        };
+        const auto step = [&] { Step(player.Host, form); };
+        const auto choose = [&] { Choose(form); };
         choose();
         QCOMPARE(Errati, int16_t{1});
         step();

@@ -312,17 +312,8 @@ private Q_SLOTS:
         ColorePulsantiSelezionati = 0x00AABBCC;
         player.Host.Expect(Task({2, 2, 2, 2, 2, 2}) + Order({2}));
         auto &form = player.Open<FormEs4>();
-        PictureBox &target =
-            mode == 2 ? form.PictureScansioneAutomatica : form.PictureScansioneManuale;
-        const auto step = [&] {
-            if (mode == 2)
-                player.Host.Advance(1000);
-            else
-                PressAndRelease(target, mode == 1 ? Qt::Key_Space : Qt::Key_Right);
-        };
-        const auto choose = [&] {
-            PressAndRelease(target, mode == 2 ? Qt::Key_Space : Qt::Key_Return);
-        };
+        const auto step = [&] { Step(player.Host, form); };
+        const auto choose = [&] { Choose(form); };
         QVERIFY(player.Host.Events.contains(
             QStringLiteral("ShockwaveFlash1.SetVariable=QualeOggetto tetto.contorno")));
         QVERIFY(player.Host.Events.contains(

@@ -168,17 +168,13 @@ private Q_SLOTS:
         // "The roof is red" of a green one, nine times more.
         player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 1}} + Figure(1, AllGreen, 0, 0));
         auto &form = player.Open<FormEs5>();
-        PictureBox &target =
-            mode == 2 ? form.PictureScansioneAutomatica : form.PictureScansioneManuale;
-        if (mode == 2)
-            player.Host.Advance(form.Timer1.Interval());
-        else if (mode != 0)
-            PressAndRelease(target, mode == 1 ? Qt::Key_Space : Qt::Key_Right);
+        if (mode != 0)
+            Step(player.Host, form);
         const auto no = [&] {
             if (mode == 0)
                 ClickOn(form.Command1(1));
             else
-                PressAndRelease(target, mode == 2 ? Qt::Key_Space : Qt::Key_Return);
+                Choose(form);
         };
         for (int figure = 1; figure <= 9; ++figure) {
             player.Host.Expect(Figure(1, AllGreen, 0, 0));

@@ -78,17 +78,8 @@ private Q_SLOTS:
         auto &form = player.Open<FormEs6>();
         player.Host.Expect(GridTask(4, 2));
         ChooseLevel(form, 2);
-        PictureBox &target =
-            mode == 2 ? form.PictureScansioneAutomatica : form.PictureScansioneManuale;
-        const auto step = [&] {
-            if (mode == 2)
-                player.Host.Advance(form.Timer1.Interval());
-            else
-                PressAndRelease(target, mode == 1 ? Qt::Key_Space : Qt::Key_Right);
-        };
-        const auto choose = [&] {
-            PressAndRelease(target, mode == 2 ? Qt::Key_Space : Qt::Key_Return);
-        };
+        const auto step = [&] { Step(player.Host, form); };
+        const auto choose = [&] { Choose(form); };
         choose();
         QCOMPARE(Esatti, 1);
         // The frame stands on the empty place, and a choice there is nothing.

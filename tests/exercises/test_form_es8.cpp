@@ -1,6 +1,7 @@
 // "Uguali - 1°": differences that are named by pictures in a row.
 #include "exercises/form_es8.h"
 
+#include "exercises/differences_fixture.h"
 #include "support/exercise_fixture.h"
 #include "support/fair_tasks.h"
 #include "support/hands.h"
@@ -12,25 +13,6 @@
 using namespace platform;
 
 namespace {
-
-const QList<int> AllGreen = {1, 1, 1, 1, 1, 1};
-const QList<ScriptedDraw> RedRoof = {{8, 1}, {4, 1}};
-
-QList<ScriptedDraw> Task(const QList<ScriptedDraw> &differences)
-{
-    return Colouring(AllGreen, 0, 0) + differences;
-}
-
-QList<int> DifferencesShown(const FormEs8 &form)
-{
-    const QStringList one = form.ShockwaveFlash1.Shown().split(QStringLiteral(", "));
-    const QStringList other = form.ShockwaveFlash2.Shown().split(QStringLiteral(", "));
-    QList<int> parts;
-    for (int i = 0; i < one.size(); ++i)
-        if (one.at(i) != other.at(i))
-            parts << i + 1;
-    return parts;
-}
 
 QList<int> Framed(const FormEs8 &form)
 {
@@ -155,22 +137,16 @@ private Q_SLOTS:
         auto &form = player.Open<FormEs8>();
         player.Host.Expect(Task({{8, 0}, {4, 1}, {8, 7}, {2, 1}}));
         ChooseLevel(form, 2);
-        PictureBox &target =
-            mode == 2 ? form.PictureScansioneAutomatica : form.PictureScansioneManuale;
-        const Qt::Key choose = mode == 2 ? Qt::Key_Space : Qt::Key_Return;
         QCOMPARE(Framed(form), QList<int>{0});
-        PressAndRelease(target, choose);
+        Choose(form);
         QCOMPARE(Esatti, 1);
         QCOMPARE(DifferencesShown(form), QList<int>{8});
-        PressAndRelease(target, choose);
+        Choose(form);
         QCOMPARE(Esatti, 1);
         QCOMPARE(Errati, int16_t{1});
         QCOMPARE(form.StatusBar1.Panel(2), QStringLiteral("1 Errati"));
         // The task is not done: the walk goes on.
-        if (mode == 2)
-            player.Host.Advance(form.Timer1.Interval());
-        else
-            PressAndRelease(target, mode == 1 ? Qt::Key_Space : Qt::Key_Right);
+        Step(player.Host, form);
         QCOMPARE(Framed(form), QList<int>{1});
     }
 
@@ -223,17 +199,8 @@ private Q_SLOTS:
         ModoInput = static_cast<int16_t>(mode);
         player.Host.Expect(Task({{8, 0}, {4, 1}}));
         auto &form = player.Open<FormEs8>();
-        PictureBox &target =
-            mode == 2 ? form.PictureScansioneAutomatica : form.PictureScansioneManuale;
-        const auto step = [&] {
-            if (mode == 2)
-                player.Host.Advance(form.Timer1.Interval());
-            else
-                PressAndRelease(target, mode == 1 ? Qt::Key_Space : Qt::Key_Down);
-        };
-        const auto choose = [&] {
-            PressAndRelease(target, mode == 2 ? Qt::Key_Space : Qt::Key_Return);
-        };
+        const auto step = [&] { Step(player.Host, form, Qt::Key_Down); };
+        const auto choose = [&] { Choose(form); };
         QCOMPARE(Framed(form), QList<int>{0});
         for (int picture = 1; picture <= 8; ++picture) {
             step();
@@ -301,11 +268,7 @@ private Q_SLOTS:
         QCOMPARE(Framed(form), QList<int>{0});
         MoveOver(form.Picture1, FreePlaceOnTheBar(form));
         QCOMPARE(Framed(form), QList<int>());
-        if (mode == 2)
-            player.Host.Advance(form.Timer1.Interval());
-        else
-            PressAndRelease(form.PictureScansioneManuale,
-                            mode == 1 ? Qt::Key_Space : Qt::Key_Right);
+        Step(player.Host, form);
         QCOMPARE(Framed(form), QList<int>{1});
         ClickOn(form.Image1(1));
         QCOMPARE(Esatti + Errati, 0);

@@ -4,6 +4,8 @@
 
 #include "frame/exercise_window.h"
 
+#include "support/scripted_host.h"
+
 #include <QAction>
 #include <QMenuBar>
 #include <QPoint>
@@ -93,4 +95,25 @@ inline void ClickInMenuBar(FinestraEsercizio &form, const QString &name)
             return;
         }
     QTest::qFail(qPrintable(name), __FILE__, __LINE__);
+}
+
+// Where the keys go in the input mode in force, one of those without a mouse.
+inline const platform::PictureBox &KeyTarget(const FinestraEsercizio &form)
+{
+    return ModoInput == 2 ? form.PictureScansioneAutomatica : form.PictureScansioneManuale;
+}
+
+// One step of the light: by itself after its time, by Space, or by an arrow.
+inline void Step(ScriptedHost &host, const FinestraEsercizio &form, Qt::Key arrow = Qt::Key_Right)
+{
+    if (ModoInput == 2)
+        host.Advance(form.Timer1.Interval());
+    else
+        QTest::keyClick(KeyTarget(form).Widget(), ModoInput == 1 ? Qt::Key_Space : arrow);
+}
+
+// The choice of what the light stands on.
+inline void Choose(const FinestraEsercizio &form)
+{
+    QTest::keyClick(KeyTarget(form).Widget(), ModoInput == 2 ? Qt::Key_Space : Qt::Key_Return);
 }
