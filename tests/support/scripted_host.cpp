@@ -122,7 +122,8 @@ void ScriptedHost::ExpectBox(const Box &box, BoxAnswer answer)
 
 void ScriptedHost::ExpectInput(const QString &prompt, const QString &answer)
 {
-    m_boxes.append({prompt, BoxAnswer::Ok, answer});
+    // Every question of the program has this title and proposes nothing.
+    m_boxes.append({prompt, BoxAnswer::Ok, answer, Box{prompt, QStringLiteral("Morlenekvt")}});
 }
 
 QStringList ScriptedHost::TakeEvents()
@@ -181,7 +182,13 @@ QString ScriptedHost::InputBox(const QString &prompt, const QString &title, cons
                      __FILE__, __LINE__);
         return {};
     }
-    return m_boxes.takeFirst().Input;
+    const ExpectedBox expected = m_boxes.takeFirst();
+    if (!expected.Whole || expected.Whole->Title != title || !proposal.isEmpty())
+        QTest::qFail(qPrintable(QStringLiteral("a question with another title or proposal: %1: %2 "
+                                               "[%3]")
+                                    .arg(title, prompt, proposal)),
+                     __FILE__, __LINE__);
+    return expected.Input;
 }
 
 void ScriptedHost::ExpectColor(std::optional<Color> answer)
