@@ -80,6 +80,7 @@ QString ColorOf(const FormConfigura &window, const QString &part)
     return {};
 }
 
+// The page that is shown, if it is one, and lies before everything else.
 int ShownPage(FormConfigura &window)
 {
     const Frame *pages[] = {&window.FrameUtente, &window.FrameMorlene, &window.FrameScelteDid,
@@ -87,7 +88,8 @@ int ShownPage(FormConfigura &window)
     int shown = 0;
     for (int i = 0; i < 6; ++i)
         if (pages[i]->Visible())
-            shown = shown == 0 ? i + 1 : -1;
+            shown =
+                shown == 0 && pages[i]->Widget() == window.Client()->children().last() ? i + 1 : -1;
     return shown;
 }
 

@@ -65,14 +65,18 @@ private Q_SLOTS:
         for (const ScreenSize size :
              {ScreenSize{1024, 768}, {1366, 768}, {1920, 1080}, {3840, 2160}}) {
             player.Host.ScreenSizeNow = size;
-            const FormMenu &menu = player.OpenMenu();
+            FormMenu &menu = player.OpenMenu();
             const double points = menu.Command1(0).Font().Size;
             QVERIFY(points >= 14);
             QVERIFY(points >= last);
+            QCOMPARE(menu.LabelDimensionaFont.Caption(), QStringLiteral("a DIFFERENZE  "));
             for (const Label &item : menu.Command1)
                 QCOMPARE(item.Font().Size, points);
             QVERIFY(menu.LabelDimensionaFont.Width() >= menu.Command1(0).Width());
             QCOMPARE(menu.Combo1.Font().Size, std::max(14.0, points - 10));
+            // The first size that is wide enough.
+            menu.LabelDimensionaFont.SetFontSize(points - 1);
+            QVERIFY(points == 14 || menu.LabelDimensionaFont.Width() < menu.Command1(0).Width());
             last = points;
             DropForms();
         }
