@@ -9,6 +9,7 @@ Each source is put back after each fault, also when the run is broken off. One l
 exit status 1 when one survived, 2 when the tests do not even pass without a fault.
 """
 import argparse
+import os
 import random
 import re
 import signal
@@ -133,7 +134,8 @@ def faults_in(path, source):
 
 
 def drawn(faults, generator):
-    """All of them in a drawn order, each kind as likely as the others."""
+    """All of them in a drawn order, each kind as likely as the others, so that constants, of which
+    there are most, do not stand for all."""
     by_kind = {kind: [fault for fault in faults if fault.kind == kind] for kind in KINDS}
     for of_kind in by_kind.values():
         generator.shuffle(of_kind)
@@ -144,7 +146,9 @@ def drawn(faults, generator):
 def run(command, seconds):
     """Status and output of a shell command; nothing for the status of one that does not end."""
     with subprocess.Popen(command, shell=True, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                          text=True, errors="replace", start_new_session=True) as process:
+                          text=True, errors="replace", start_new_session=True,
+                          # A crash need not be explained, which may take longer than all tests.
+                          env=dict(os.environ, QTEST_DISABLE_STACK_DUMP="1")) as process:
         try:
             output, _ = process.communicate(timeout=seconds)
             return process.returncode, output
@@ -165,9 +169,10 @@ def verdict(build, tests, seconds):
         status, output = run(test, seconds)
         if status == 0:
             continue
-        failed = re.findall(r"^FAIL!\s*: ([\w:]+)", output, re.MULTILINE)
+        failed = list(dict.fromkeys(re.findall(r"^FAIL!\s*: ([\w:]+)", output, re.MULTILINE)))
         if failed:
-            return "killed by " + ", ".join(dict.fromkeys(failed))
+            more = f" and {len(failed) - 3} more" if len(failed) > 3 else ""
+            return "killed by " + ", ".join(failed[:3]) + more
         return f"killed by {test}: " + ("no end" if status is None else f"status {status}")
     return "survived"
 
