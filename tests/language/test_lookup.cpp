@@ -229,7 +229,12 @@ private Q_SLOTS:
                     m_folder->Path(QStringLiteral("lngmorlene/prova.lng")).toUtf8();
                 QCOMPARE(::utimensat(AT_FDCWD, from.constData(), LongAgo, 0), 0);
                 QCOMPARE(std::rename(from.constData(), to.constData()), 0);
-                QCOMPARE(Text("0005"), QString::fromLatin1(text));
+                // Asked for until it is old enough to be kept.
+                QElapsedTimer timer;
+                timer.start();
+                do
+                    QCOMPARE(Text("0005"), QString::fromLatin1(text));
+                while (timer.elapsed() < 100);
             }
         }
     }
