@@ -7,6 +7,7 @@
 #include "language/language.h"
 #include "platform/errors.h"
 #include "platform/host.h"
+#include "platform/printing/printer_object.h"
 #include "results/print_report.h"
 #include "support/dialogs.h"
 #include "support/full_screen.h"
@@ -185,6 +186,7 @@ void FormEserciziEseguiti::StampaTabella()
                        .Title = TitoloRiquadri,
                        .Icon = BoxIcon::Information});
     if (Skipping([this] {
+            const Hourglass clessidra(*this);
             StampaResoconto(Titoli(), NomeUtente, MSFlexGrid1, Scostamento, Scostamento);
         }) != 0)
         Errore("0098");

@@ -59,6 +59,18 @@ private Q_SLOTS:
         QCOMPARE(document.Pages.size(), qsizetype{1});
     }
 
+    void aQuickPrintShowsTheHourglassAndThenTheFormerPointer()
+    {
+        Child child;
+        FormEs1 &exercise = child.Open<FormEs1>();
+        exercise.SetMousePointer(MousePointer::Custom);
+        child.Host.TakeEvents();
+        exercise.mnuStEserc.OnClick();
+        QCOMPARE(child.Host.TakeEvents().filter(QStringLiteral("FormEs1.MousePointer=")),
+                 QStringList({QStringLiteral("FormEs1.MousePointer=11"),
+                              QStringLiteral("FormEs1.MousePointer=99")}));
+    }
+
     // A sheet of 200 mm with 20 pixels each; 1366 logical pixels are 361 mm.
     void aQuickPrintBeginsAtTheCornerAndIsMadeToFit()
     {

@@ -15,6 +15,7 @@ import unittest
 from PIL import Image, ImageChops
 
 from printing_system import PrintingSystem, wait_for
+from relay import Relay
 
 PRINT_PROGRAM = ""
 APPLICATION_FOLDER = ""
@@ -23,6 +24,11 @@ MM_PER_INCH = 25.4
 EXACT = 0.5  # mm
 LONGEST_WAIT = 1000  # ms that a person may wait for a printing system that does not answer
 MARGINS = (20, 30, 10, 50)  # points: left, bottom, right, top of the upright sheet
+LONGEST_START = 6000  # the same for one that may just be starting
+MOST_REQUESTS = 12  # of the first print, with all that the dialog asks
+LONGEST_HAND_OVER = 31000  # ms until a document is given up
+NOT_PRINTED = (" Errore in frmStampaFPB/Print_Form|Il Form non viene stampato.\n"
+               "R1 = 1\nR2 = 400\nR3 = 1\nR4 = 0")
 DEFAULT_MISSING = " Errore in frmStampaFPB/GetDefPrinterName|Stampante di default non specificata."
 
 
@@ -66,6 +72,7 @@ class RealPrinting(unittest.TestCase):
         system = PrintingSystem()
         self.system = system.__enter__()
         self.addCleanup(system.__exit__)
+        self.relay = None
         self.program = None
         self.addCleanup(self.stop_program)
 
@@ -77,6 +84,8 @@ class RealPrinting(unittest.TestCase):
 
     def start_program(self):
         environment = {**self.system.environment, "QT_QPA_PLATFORM": "offscreen"}
+        if self.relay:
+            environment["CUPS_SERVER"] = f"127.0.0.1:{self.relay.port}"
         self.program = subprocess.Popen(
             [PRINT_PROGRAM, APPLICATION_FOLDER], env=environment, text=True, encoding="utf-8",
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
@@ -211,32 +220,104 @@ class RealPrinting(unittest.TestCase):
         """The dialog is open."""
         self.assertTrue(self.do("window 1 1 no hold Sospesa")["open"])
 
-    def test_a_system_that_freezes_behind_the_dialog_is_told_at_once_and_nothing_comes_later(self):
+    def test_a_system_that_freezes_behind_the_dialog_is_told_and_nothing_comes_later(self):
         self.system.add_printer("Stampante")
         self.hold()
         self.system.freeze()
-        boxes = self.do_at_once("")["boxes"]
-        self.assertEqual(boxes[-1], " Errore in frmStampaFPB/Print_Form|prhDC = 0")
+        said = self.do("")
+        self.assertEqual(said["boxes"], [NOT_PRINTED])
+        self.assertLess(said["milliseconds"], LONGEST_HAND_OVER)
         self.system.thaw()
         wait_for("the printers", lambda: self.do("printers")["printers"], 20)
-        self.assertEqual(self.system.jobs_left(), "")
+        wait_for("an empty queue", lambda: not self.system.jobs_left())
         self.assertEqual(self.system.documents(), [])
+        # The next one is a print like any other.
+        self.assertEqual(self.do("window 1 1 no go Dopo")["boxes"], [])
+        (_, title), = self.system.await_documents(1)
+        self.assertEqual(title, "Dopo")
 
     def test_a_printer_removed_behind_the_dialog_is_told(self):
         self.system.add_printer("Stampante")
         self.hold()
         self.system.remove_printer("Stampante")
-        boxes = self.do_at_once("")["boxes"]
-        self.assertEqual(len(boxes), 2)  # whether to shrink it to nothing, and that it failed
-        self.assertTrue(boxes[0].startswith(self.message("0097") + "|" + self.message("0093")))
-        self.assertEqual(boxes[1], " Errore in frmStampaFPB/Print_Form|prhDC = 0")
+        self.assertEqual(self.do_at_once("")["boxes"], [NOT_PRINTED])
 
     def test_a_printer_that_takes_no_documents_is_told(self):
         self.system.add_printer("Stampante")
         self.system.tool("cupsreject", "Stampante")
-        self.assertEqual(self.do_at_once("window 1 2 no go")["boxes"],
-                         [" Errore in frmStampaFPB/Print_Form|Il Form non viene stampato.\n"
-                          "R1 = 1\nR2 = 400\nR3 = 1\nR4 = 0"])
+        self.assertEqual(self.do_at_once("window 1 2 no go")["boxes"], [NOT_PRINTED])
+
+    # --- Printing systems that are slow ---
+
+    def slow(self, **late):
+        """The printing system is behind a relay from now on."""
+        self.system.add_printer("Stampante", MARGINS)
+        self.relay = Relay(self.system.port)
+        for name, seconds in late.items():
+            setattr(self.relay, name, seconds)
+        self.relay.__enter__()
+        self.addCleanup(self.relay.__exit__)
+
+    def assert_printed(self, title):
+        self.assertEqual(self.do(f"window 1 1 no go {title}")["boxes"], [])
+        self.assertEqual([found for _, found in self.system.await_documents(1)], [title])
+
+    def test_with_every_answer_late_all_is_printed_as_ever(self):
+        self.slow(answers_late=0.1)
+        self.assert_printed("Lenta")
+        (path, _), = self.system.documents()
+        left, top = millimetres(MARGINS[0]) + 10, millimetres(MARGINS[3]) + 10
+        self.assert_box(Page(path).printed(), (left, top, left + 100, top + 100))
+        self.assertEqual(self.do("printers")["printers"], ["Stampante"])
+        self.assertEqual(self.do("sheet 1")["sheet"],
+                         [round(210 - millimetres(MARGINS[0] + MARGINS[2])),
+                          round(297 - millimetres(MARGINS[1] + MARGINS[3]))])
+        self.assertEqual(self.do("quick")["boxes"], [])
+        self.assertEqual(len(self.do("report 3")["boxes"]), 2)
+        self.system.await_documents(3)
+
+    def test_a_print_asks_few_times(self):
+        self.slow()
+        self.assert_printed("Prima")
+        self.assertLess(self.relay.requests, MOST_REQUESTS)
+
+    def test_a_first_answer_that_is_late_fails_no_print(self):
+        self.slow(first_answer_late=1.5)
+        self.assert_printed("Prima")
+
+    def test_a_late_answer_to_the_document_fails_no_print(self):
+        for late in (1.5, 5):
+            with self.subTest(late):
+                self.system.clear()
+                if not self.relay:
+                    self.slow()
+                self.relay.document_answer_late = late
+                said = self.do(f"window 1 1 no go Lenta {late}")
+                self.assertEqual(said["boxes"], [])
+                self.assertGreater(said["milliseconds"], 1000 * late)
+                self.assertEqual([title for _, title in self.system.await_documents(1)],
+                                 [f"Lenta {late}"])
+
+    def test_a_document_that_is_given_up_is_cancelled(self):
+        self.slow(document_answer_late=1000)
+        self.system.tool("cupsdisable", "Stampante")
+        said = self.do("window 1 1 no go Persa")
+        self.assertEqual(said["boxes"], [NOT_PRINTED])
+        self.assertLess(said["milliseconds"], LONGEST_HAND_OVER)
+        wait_for("an empty queue", lambda: not self.system.jobs_left())
+        self.system.tool("cupsenable", "Stampante")
+        self.assert_printed("Dopo")
+
+    def test_what_is_frozen_from_the_start_is_told_once_and_then_at_once(self):
+        self.slow()
+        self.relay.freeze()
+        said = self.do("window 1 1 no go Persa")
+        self.assertEqual(said["boxes"], [DEFAULT_MISSING])
+        self.assertLess(said["milliseconds"], LONGEST_START)
+        self.assertEqual(self.do_at_once("window 1 1 no go Persa")["boxes"], [DEFAULT_MISSING])
+        self.relay.thaw()
+        wait_for("the printers", lambda: self.do("printers")["printers"], 20)
+        self.assert_printed("Dopo")
 
 
 if __name__ == "__main__":

@@ -1,17 +1,16 @@
-// A printer of the machine as a device: what its sheet is like, and documents sent to it.
+// A printer of the machine as a device: what its sheet is like, and documents for it. Nothing is
+// asked and nothing waits until a document has ended, which is then handed over.
 #pragma once
 
 #include "platform/printing/printing.h"
-
-class QPrinter;
+#include "platform/printing/spooler.h"
 
 namespace platform {
 
-// Nothing when the printer is not there or does not answer.
-std::unique_ptr<PrintDevice> MakeMachineDevice(const QString &name, const DeviceMode &mode);
+// The paper of a record, or the printer's own when it does not know that one.
+const PrinterPaper &PaperFor(const PrinterPapers &papers, const DeviceMode &mode);
 
-// Only in the thread that asks the printing system: a printer set up for a record, nothing when it
-// is not there.
-std::shared_ptr<QPrinter> SetUpPrinter(const QString &name, const DeviceMode &mode);
+std::unique_ptr<PrintDevice> MakeMachineDevice(const QString &name, const PrinterPapers &papers,
+                                               const DeviceMode &mode);
 
 } // namespace platform

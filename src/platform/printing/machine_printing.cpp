@@ -1,35 +1,22 @@
 #include "platform/printing/machine_printing.h"
 
 #include "platform/form.h"
-#include "platform/printing/deadline.h"
 #include "platform/printing/machine_device.h"
 #include "platform/printing/properties_dialog.h"
 
 #include <QPageSize>
-#include <QPrinterInfo>
 
 namespace platform {
 
+using std::chrono::milliseconds;
+
 namespace {
 
-// What a driver's own dialog can ask of a printer.
-struct Choices {
-    QList<QPageSize> Papers;
-    QPageSize OwnPaper;
-};
+constexpr milliseconds OneOpening(2000);
+constexpr milliseconds OneSitting(60000);
+constexpr milliseconds Ever = milliseconds::max();
 
-std::optional<Choices> ChoicesOf(const QString &name)
-{
-    return AskWithDeadline<std::optional<Choices>>([name]() -> std::optional<Choices> {
-               if (!QPrinterInfo::availablePrinterNames().contains(name))
-                   return {};
-               const QPrinterInfo info = QPrinterInfo::printerInfo(name);
-               return Choices{info.supportedPageSizes(), info.defaultPageSize()};
-           })
-        .value_or(std::nullopt);
-}
-
-DeviceMode Judged(const QString &name, const Choices &choices, const DeviceMode &in)
+DeviceMode Judged(const QString &name, const PrinterPapers &papers, const DeviceMode &in)
 {
     DeviceMode out = in;
     out.DeviceName = name;
@@ -37,52 +24,72 @@ DeviceMode Judged(const QString &name, const Choices &choices, const DeviceMode 
         out.Orientation = 1;
     if (out.Copies < 1)
         out.Copies = 1;
-    bool known = false;
-    for (const QPageSize &paper : choices.Papers)
-        known = known || paper.key() == in.Paper;
-    if (!known)
-        out.Paper = choices.OwnPaper.key();
+    out.Paper = PaperFor(papers, in).Size.key();
     return out;
 }
 
 } // namespace
 
+const PrinterList &MachinePrinting::List(milliseconds oldest)
+{
+    if (m_listed && Clock::now() - *m_listed < oldest)
+        return m_list;
+    const auto list = AskPrinterList();
+    m_list = list.value_or(PrinterList());
+    m_listed.reset();
+    if (list)
+        m_listed = Clock::now();
+    return m_list;
+}
+
+const PrinterPapers *MachinePrinting::Papers(const QString &name, milliseconds oldest)
+{
+    const auto known = m_papers.constFind(name);
+    if (known != m_papers.constEnd() && (oldest == Ever || Clock::now() - known->Asked < oldest))
+        return &known->Papers;
+    if (const auto papers = AskPrinterPapers(name))
+        return &m_papers.insert(name, {*papers, Clock::now()})->Papers;
+    // The former ones are better than none: paper seldom changes.
+    return known != m_papers.constEnd() ? &known->Papers : nullptr;
+}
+
 QStringList MachinePrinting::Printers()
 {
-    return AskWithDeadline<QStringList>([] { return QPrinterInfo::availablePrinterNames(); })
-        .value_or(QStringList());
+    return List(OneOpening).Names;
 }
 
 QString MachinePrinting::DefaultPrinter()
 {
-    return AskWithDeadline<QString>([] { return QPrinterInfo::defaultPrinterName(); })
-        .value_or(QString());
+    return List(milliseconds(0)).Default;
 }
 
 uint64_t MachinePrinting::OpenPrinter(const QString &name)
 {
-    return Printers().contains(name) ? ++m_lastPrinter : 0;
+    return List(OneOpening).Names.contains(name) ? ++m_lastPrinter : 0;
 }
 
 void MachinePrinting::ClosePrinter(uint64_t) {}
 
 int MachinePrinting::JudgeMode(uint64_t, const QString &name, const DeviceMode &in, DeviceMode &out)
 {
-    const auto choices = ChoicesOf(name);
-    if (!choices)
+    const PrinterPapers *papers = Papers(name, OneSitting);
+    if (papers == nullptr)
         return -1;
-    out = Judged(name, *choices, in);
+    out = Judged(name, *papers, in);
     return 1;
 }
 
 int MachinePrinting::AskMode(Form &owner, uint64_t, const QString &name, const DeviceMode &in,
                              DeviceMode &out)
 {
-    const auto choices = ChoicesOf(name);
-    if (!choices)
+    const PrinterPapers *papers = Papers(name, OneSitting);
+    if (papers == nullptr)
         return -1;
-    DeviceMode mode = Judged(name, *choices, in);
-    if (!AskPrinterProperties(owner, choices->Papers, mode))
+    DeviceMode mode = Judged(name, *papers, in);
+    QList<QPageSize> sizes;
+    for (const PrinterPaper &paper : papers->All)
+        sizes << paper.Size;
+    if (!AskPrinterProperties(owner, sizes, mode))
         return 2;
     out = mode;
     return 1;
@@ -91,7 +98,8 @@ int MachinePrinting::AskMode(Form &owner, uint64_t, const QString &name, const D
 std::unique_ptr<PrintDevice> MachinePrinting::CreateDevice(const QString &name,
                                                            const DeviceMode &mode)
 {
-    return MakeMachineDevice(name, mode);
+    const PrinterPapers *papers = Papers(name, Ever);
+    return papers == nullptr ? nullptr : MakeMachineDevice(name, *papers, mode);
 }
 
 } // namespace platform

@@ -2,6 +2,11 @@
 #pragma once
 
 #include "platform/printing/printing.h"
+#include "platform/printing/spooler.h"
+
+#include <QMap>
+
+#include <chrono>
 
 namespace platform {
 
@@ -22,7 +27,21 @@ public:
     std::shared_ptr<QByteArray> Allocate(qsizetype bytes) override;
 
 private:
+    using Clock = std::chrono::steady_clock;
+    struct KnownPapers {
+        PrinterPapers Papers;
+        Clock::time_point Asked;
+    };
+
+    // Answers are kept, since each may come late: a list for one opening of the dialog, papers for
+    // longer, and for a device that is about to print always.
+    const PrinterList &List(std::chrono::milliseconds oldest);
+    const PrinterPapers *Papers(const QString &name, std::chrono::milliseconds oldest);
+
     uint64_t m_lastPrinter = 0;
+    PrinterList m_list;
+    std::optional<Clock::time_point> m_listed;
+    QMap<QString, KnownPapers> m_papers;
 };
 
 } // namespace platform

@@ -1,7 +1,6 @@
 #include "platform/printing/printer_object.h"
 
 #include "platform/errors.h"
-#include "platform/form.h"
 #include "platform/host.h"
 #include "platform/printing/printer_font.h"
 
@@ -113,8 +112,19 @@ void PrinterObject::EndDoc()
     Demand(m_device->EndPage() > 0 && m_device->EndDocument() > 0);
 }
 
+Hourglass::Hourglass(Form &form) : m_form(form), m_former(form.MousePointer())
+{
+    form.SetMousePointer(MousePointer::Hourglass);
+}
+
+Hourglass::~Hourglass()
+{
+    m_form.SetMousePointer(m_former);
+}
+
 void PrintForm(Form &form)
 {
+    const Hourglass hourglass(form);
     const auto device = DefaultDevice({});
     const auto source = host().Printers().SourceOfClient(form);
     Bitmap bitmap{.Width = source->Width(),

@@ -2,6 +2,7 @@
 // and sizes are twips.
 #pragma once
 
+#include "platform/form.h"
 #include "platform/printing/printing.h"
 
 #include <memory>
@@ -38,6 +39,19 @@ public:
 
 private:
     std::unique_ptr<PrintDevice> m_device;
+};
+
+// The hourglass over a form while it lives: handing over a document may take a while.
+class Hourglass {
+public:
+    explicit Hourglass(Form &form);
+    ~Hourglass();
+    Hourglass(const Hourglass &) = delete;
+    Hourglass &operator=(const Hourglass &) = delete;
+
+private:
+    Form &m_form;
+    MousePointer m_former;
 };
 
 // The client area of a form at 96 pixels an inch, from the printable corner, made smaller to fit,
