@@ -2,6 +2,7 @@
 
 #include "platform/errors.h"
 #include "platform/form.h"
+#include "platform/held_keys.h"
 #include "platform/host.h"
 #include "platform/x11_keyboard.h"
 
@@ -9,6 +10,7 @@
 #include <QDialog>
 #include <QFile>
 #include <QFont>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLibraryInfo>
 #include <QSettings>
@@ -74,12 +76,35 @@ public:
         if (event->type() == QEvent::Polish)
             if (const auto *box = dynamic_cast<QDialog *>(receiver))
                 ShowAsItStands(*box);
+        Watch(*receiver, *event);
         bool taken = true;
         Guarded([&] { taken = QApplication::notify(receiver, event); });
         return taken;
     }
 
     QTranslator Buttons;
+
+private:
+    // What is down belongs to the keyboard: seen here for all windows, dialogs and menus.
+    static void Watch(const QObject &receiver, const QEvent &event)
+    {
+        switch (event.type()) {
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+            // The window hands it on to a widget.
+            if (receiver.isWidgetType())
+                WatchKey(static_cast<const QKeyEvent &>(event));
+            return;
+        case QEvent::FocusIn:
+            if (receiver.isWindowType())
+                KeyboardGoesToAWindow(KeysDownNow());
+            return;
+        case QEvent::ApplicationActivate:
+            return KeyboardComesBack(KeysDownNow());
+        default:
+            return;
+        }
+    }
 };
 
 Application::Application(int &argc, char **argv)

@@ -1,6 +1,7 @@
 #include "platform/visual_control.h"
 
 #include "platform/form_window.h"
+#include "platform/held_keys.h"
 #include "platform/keys.h"
 #include "platform/picture.h"
 
@@ -12,8 +13,6 @@
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QWidget>
-
-#include <algorithm>
 
 namespace platform {
 
@@ -46,6 +45,7 @@ VisualControl::VisualControl(const ControlId &id, const Place &place, QWidget *w
 
 VisualControl::~VisualControl()
 {
+    LetKeysGo(*this);
     if (m_alive.isNull())
         return;
     m_widget->removeEventFilter(m_tap.get());
@@ -237,7 +237,7 @@ bool VisualControl::Event(QEvent *event)
     case QEvent::KeyRelease:
         return KeyEvent(event);
     case QEvent::FocusOut:
-        m_keysDown.clear();
+        LetKeysGo(*this);
         if (OnLostFocus)
             OnLostFocus();
         return false;
@@ -280,20 +280,13 @@ bool VisualControl::KeyEvent(QEvent *event)
     auto *key = static_cast<QKeyEvent *>(event);
     const int code = ClassicKey(*key);
     if (event->type() == QEvent::KeyPress) {
-        // A held key acts once: repeats, flagged or not, are no presses.
-        if (key->isAutoRepeat() ||
-            std::find(m_keysDown.begin(), m_keysDown.end(), code) != m_keysDown.end())
-            return OnKeyDown != nullptr;
-        m_keysDown.push_back(code);
-        if (!OnKeyDown)
-            return false;
-        OnKeyDown(code, ShiftState(*key));
-        return true;
+        // A held key acts once.
+        if (TakePress(*this) && OnKeyDown)
+            OnKeyDown(code, ShiftState(*key));
+        return static_cast<bool>(OnKeyDown);
     }
-    if (key->isAutoRepeat())
-        return OnKeyUp != nullptr;
-    // A release whose press went to a menu or a dialog is none of ours.
-    if (std::erase(m_keysDown, code) == 0 || !OnKeyUp)
+    // A release whose press went to another window, a menu or a dialog is none of ours.
+    if (!TakeRelease(*this) || !OnKeyUp)
         return false;
     OnKeyUp(code, ShiftState(*key));
     return true;

@@ -11,7 +11,6 @@
 #include <QPointer>
 
 #include <memory>
-#include <vector>
 
 class QWidget;
 class QEvent;
@@ -110,7 +109,6 @@ private:
     platform::Color m_foreColor = SystemButtonText;
     platform::Font m_font;
     platform::MousePointer m_pointer = platform::MousePointer::Default;
-    std::vector<int> m_keysDown;
 };
 
 } // namespace platform

@@ -2,6 +2,9 @@
 
 #include <QGuiApplication>
 
+#include <cstdlib>
+#include <memory>
+
 #ifdef MORLENE_XCB
 #include <xcb/xcb.h>
 // The header uses a C++ keyword as a name.
@@ -12,17 +15,49 @@
 
 namespace platform {
 
+#ifdef MORLENE_XCB
+namespace {
+
+xcb_connection_t *Connection()
+{
+    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    // Off screen there is an interface without a connection.
+    return x11 == nullptr ? nullptr : x11->connection();
+}
+
+} // namespace
+#endif
+
 void AskForDetectableAutoRepeat()
 {
 #ifdef MORLENE_XCB
-    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    // Off screen there is an interface without a connection.
-    xcb_connection_t *connection = x11 == nullptr ? nullptr : x11->connection();
+    xcb_connection_t *connection = Connection();
     if (connection == nullptr)
         return;
     const uint32_t flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
     xcb_xkb_per_client_flags(connection, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0);
     xcb_flush(connection);
+#endif
+}
+
+KeysDown KeysDownNow()
+{
+#ifdef MORLENE_XCB
+    xcb_connection_t *connection = Connection();
+    if (connection == nullptr)
+        return {};
+    const std::unique_ptr<xcb_query_keymap_reply_t, decltype(&std::free)> reply(
+        xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr), &std::free);
+    if (!reply)
+        return {};
+    // One bit a key, by its number.
+    std::vector<int> down;
+    for (int key = 0; key < 256; ++key)
+        if ((reply->keys[key / 8] >> (key % 8) & 1) != 0)
+            down.push_back(key);
+    return down;
+#else
+    return {};
 #endif
 }
 

@@ -1,9 +1,14 @@
+// The keyboard of an X server; silent on other systems.
 #pragma once
+
+#include "platform/held_keys.h"
 
 namespace platform {
 
 // The X server sends a release and a press for each repeat of a held key, which cannot be told from
 // real ones; asked for detectable auto-repeat it sends presses only. Nothing on other systems.
 void AskForDetectableAutoRepeat();
+
+KeysDown KeysDownNow();
 
 } // namespace platform
