@@ -1,6 +1,5 @@
 #include "platform/application.h"
 
-#include "platform/errors.h"
 #include "platform/form.h"
 #include "platform/held_keys.h"
 #include "platform/host.h"
@@ -20,17 +19,6 @@
 #include <optional>
 
 namespace platform {
-
-void Guarded(const std::function<void()> &code)
-{
-    try {
-        code();
-    } catch (const RunTimeError &error) {
-        host().FatalError(error.Number(), error.Text());
-    } catch (const std::exception &error) {
-        host().FatalError(0, QString::fromLocal8Bit(error.what()));
-    }
-}
 
 namespace {
 

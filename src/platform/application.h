@@ -1,6 +1,8 @@
 // The running application: the event dispatch that ends the program on an error nothing trapped.
 #pragma once
 
+#include "platform/event_handler.h"
+
 #include <functional>
 #include <memory>
 
@@ -21,8 +23,5 @@ private:
     class Impl;
     std::unique_ptr<Impl> m_impl;
 };
-
-// Runs code as an event does: an error that leaves it goes to `Host::FatalError`. For tests too.
-void Guarded(const std::function<void()> &code);
 
 } // namespace platform

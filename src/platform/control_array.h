@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/control.h"
+#include "platform/event_handler.h"
 
 #include <map>
 #include <memory>
@@ -26,15 +27,9 @@ public:
                                            std::forward<Args>(args)...);
         T &control = *element;
         m_elements[index] = std::move(element);
-        control.OnClick = [this, index] {
-            if (OnClick)
-                OnClick(index);
-        };
+        control.OnClick = [this, index] { OnClick(index); };
         if constexpr (requires { control.OnMouseMove; })
-            control.OnMouseMove = [this, index] {
-                if (OnMouseMove)
-                    OnMouseMove(index);
-            };
+            control.OnMouseMove = [this, index] { OnMouseMove(index); };
         return control;
     }
 
@@ -50,8 +45,8 @@ public:
 
     int Count() const { return static_cast<int>(m_elements.size()); }
 
-    std::function<void(int)> OnClick;
-    std::function<void(int)> OnMouseMove;
+    EventHandler<void(int)> OnClick;
+    EventHandler<void(int)> OnMouseMove;
 
     // Elements in the order of their indexes.
     class Iterator {

@@ -158,8 +158,7 @@ void Form::Load()
         m_window->resize(ToPixels(m_scaleWidth),
                          ToPixels(m_scaleHeight) + m_window->MenuBarHeight());
     m_window->LayOut();
-    if (OnLoad)
-        OnLoad();
+    OnLoad();
 }
 
 void Form::Show()
@@ -184,7 +183,7 @@ void Form::Show()
     m_window->activateWindow();
     m_shown = true;
     Resized();
-    if (!m_unloaded && OnActivate)
+    if (!m_unloaded)
         OnActivate();
 }
 
@@ -211,14 +210,13 @@ void Form::ShowModal()
     m_window->activateWindow();
     m_shown = true;
     Resized();
-    if (!m_unloaded && OnActivate)
+    if (!m_unloaded)
         OnActivate();
     if (!m_unloaded && m_shown)
         host().WaitForModal(*this);
     if (Form *under = opener.Get()) {
         under->m_window->activateWindow();
-        if (under->OnActivate)
-            under->OnActivate();
+        under->OnActivate();
     }
 }
 
@@ -245,16 +243,14 @@ void Form::Resized()
     for (Control *control : m_controls)
         if (auto *bar = dynamic_cast<StatusBar *>(control))
             bar->Dock();
-    if (OnResize)
-        OnResize();
+    OnResize();
 }
 
 void Form::Unload()
 {
     if (m_unloaded)
         return;
-    if (OnUnload)
-        OnUnload();
+    OnUnload();
     Drop();
     if (loaded.empty())
         host().EndProgram();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/colors.h"
+#include "platform/event_handler.h"
 
 #include <QString>
 
@@ -84,11 +85,11 @@ public:
     static const std::vector<Form *> &Loaded();
     static Form *Find(const QString &name);
 
-    std::function<void()> OnLoad;
-    std::function<void()> OnActivate;
-    std::function<void()> OnResize;
-    std::function<void()> OnUnload;
-    std::function<void()> OnMouseMove;
+    EventHandler<void()> OnLoad;
+    EventHandler<void()> OnActivate;
+    EventHandler<void()> OnResize;
+    EventHandler<void()> OnUnload;
+    EventHandler<void()> OnMouseMove;
 
     // For the controls of this layer and for tests that send real events.
     QWidget *Window() const;

@@ -34,7 +34,7 @@ void ClientArea::paintEvent(QPaintEvent *)
 
 void ClientArea::mouseMoveEvent(QMouseEvent *)
 {
-    if (!m_form.Unloaded() && m_form.OnMouseMove)
+    if (!m_form.Unloaded())
         m_form.OnMouseMove();
 }
 

@@ -37,7 +37,7 @@ void MenuItem::Wire()
         // The tick is the program's to set.
         if (m_action->isCheckable())
             m_action->setChecked(!m_action->isChecked());
-        if (!Parent().Unloaded() && OnClick)
+        if (!Parent().Unloaded())
             OnClick();
     });
 }

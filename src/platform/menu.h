@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/control.h"
+#include "platform/event_handler.h"
 
 class QAction;
 class QMenu;
@@ -27,7 +28,7 @@ public:
     bool Checked() const;
     void SetChecked(bool checked);
 
-    std::function<void()> OnClick;
+    EventHandler<void()> OnClick;
 
 private:
     void Wire();

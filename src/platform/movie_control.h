@@ -6,6 +6,9 @@
 
 #include "platform/host.h"
 
+class QMouseEvent;
+class QPointF;
+
 namespace platform {
 
 class MovieReader;
@@ -20,8 +23,8 @@ public:
     // that is not there, or that no reader knows, leaves the control empty.
     void SetMovie(const QString &path);
     const QString &Movie() const { return m_path; }
-    // 0 and 1: the whole figure takes the click; 2 and 3: its parts, with the movie's own pointer
-    // (2) or the system's (3).
+    // 0 and 1: the whole figure takes the click, with the window's pointer (0) or a hand (1); 2 and
+    // 3: its parts, with a hand over what takes a click (2) or the window's pointer (3).
     void GotoFrame(int frame);
     // RRGGBB; belongs to the control and outlives the movie.
     void SetBGColor(const QString &color);
@@ -35,7 +38,7 @@ public:
     QString Shown() const;
 
     // A click on the movie: the part's number in frames 2 and 3, "0" in frames 0 and 1.
-    std::function<void(const QString &command, const QString &arguments)> OnFSCommand;
+    EventHandler<void(const QString &command, const QString &arguments)> OnFSCommand;
 
 protected:
     bool Event(QEvent *event) override;
@@ -44,6 +47,11 @@ private:
     friend class MovieView;
     void Describe();
     void Play();
+    void Pressed(const QMouseEvent &mouse);
+    int PartAt(const QPointF &place) const;
+    // Frame 2: a hand over the parts that take a click.
+    void FollowPointer();
+    void ShowPointer(platform::MousePointer pointer);
 
     MovieView *m_view;
     std::unique_ptr<MovieReader> m_reader;

@@ -56,7 +56,7 @@ HScrollBar::HScrollBar(const ControlId &id, const Place &place, int min, int max
     SetChanges(1, 1);
     QObject::connect(&View(*this), &QSlider::valueChanged, Widget(), [this] {
         Note("Value", QString::number(Value()));
-        if (!Parent().Unloaded() && OnChange)
+        if (!Parent().Unloaded())
             OnChange();
     });
 }

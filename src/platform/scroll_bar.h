@@ -16,7 +16,7 @@ public:
     // Steps of the arrow keys, and of a click beside the knob.
     void SetChanges(int small, int large);
 
-    std::function<void()> OnChange;
+    EventHandler<void()> OnChange;
 
 protected:
     void Refresh() override;

@@ -120,7 +120,7 @@ void TextBox::Changed()
     if (Text() == m_known)
         return;
     m_known = Text();
-    if (!Parent().Unloaded() && OnChange)
+    if (!Parent().Unloaded())
         OnChange();
 }
 

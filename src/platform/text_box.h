@@ -17,10 +17,10 @@ public:
     // Raises Change when the text differs, as typing does.
     void SetText(const QString &text);
 
-    std::function<void()> OnChange;
+    EventHandler<void()> OnChange;
     // False drops a letter that a person types, pastes or drops, or that an aid to reading writes;
     // where all are dropped nothing changes. Code writes what it likes.
-    std::function<bool(QChar letter)> OnKeyPress;
+    EventHandler<bool(QChar letter)> OnKeyPress;
 
 protected:
     void Refresh() override;

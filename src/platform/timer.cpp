@@ -34,10 +34,7 @@ void Timer::Start()
     m_ticker.reset();
     if (!m_enabled || m_stopped || m_interval == 0)
         return;
-    m_ticker = host().StartTicker(m_interval, [this] {
-        if (OnTimer)
-            OnTimer();
-    });
+    m_ticker = host().StartTicker(m_interval, [this] { OnTimer(); });
 }
 
 } // namespace platform

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/control.h"
+#include "platform/event_handler.h"
 #include "platform/host.h"
 
 namespace platform {
@@ -17,7 +18,7 @@ public:
     // Starts the interval anew, also with the value it has.
     void SetInterval(int milliseconds);
 
-    std::function<void()> OnTimer;
+    EventHandler<void()> OnTimer;
 
     // Takes the ticks away for good: the form is unloaded.
     void Stop();

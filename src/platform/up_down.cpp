@@ -50,8 +50,7 @@ void UpDown::Step(int direction)
     if (value == known)
         return;
     m_buddy.SetText(QString::number(static_cast<int>(value)));
-    if (OnChange)
-        OnChange();
+    OnChange();
 }
 
 void UpDown::Speak(const QString &name)

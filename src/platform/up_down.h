@@ -19,7 +19,7 @@ public:
     void Up() { Step(1); }
     void Down() { Step(-1); }
 
-    std::function<void()> OnChange;
+    EventHandler<void()> OnChange;
 
 protected:
     void PutInPlace() override;

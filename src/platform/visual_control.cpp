@@ -221,7 +221,7 @@ void VisualControl::BringToFront()
 
 void VisualControl::Click()
 {
-    if (!Parent().Unloaded() && OnClick)
+    if (!Parent().Unloaded())
         OnClick();
 }
 
@@ -238,8 +238,7 @@ bool VisualControl::Event(QEvent *event)
         return KeyEvent(event);
     case QEvent::FocusOut:
         LetKeysGo(*this);
-        if (OnLostFocus)
-            OnLostFocus();
+        OnLostFocus();
         return false;
     default:
         return false;
@@ -252,9 +251,8 @@ bool VisualControl::MouseEvent(QEvent *event)
     if (event->type() == QEvent::MouseMove) {
         // Over a disabled control the pointer is over the window.
         if (!m_enabled) {
-            if (Parent().OnMouseMove)
-                Parent().OnMouseMove();
-        } else if (OnMouseMove) {
+            Parent().OnMouseMove();
+        } else {
             OnMouseMove();
         }
         return false;
@@ -270,7 +268,7 @@ bool VisualControl::MouseEvent(QEvent *event)
     }
     // A quick child's second press is a press like the first.
     m_pressed = true;
-    if (event->type() == QEvent::MouseButtonDblClick && OnDblClick)
+    if (event->type() == QEvent::MouseButtonDblClick)
         OnDblClick();
     return m_mouseClicks;
 }
@@ -281,7 +279,7 @@ bool VisualControl::KeyEvent(QEvent *event)
     const int code = ClassicKey(*key);
     if (event->type() == QEvent::KeyPress) {
         // A held key acts once.
-        if (TakePress(*this) && OnKeyDown)
+        if (TakePress(*this))
             OnKeyDown(code, ShiftState(*key));
         return static_cast<bool>(OnKeyDown);
     }

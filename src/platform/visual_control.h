@@ -4,6 +4,7 @@
 
 #include "platform/colors.h"
 #include "platform/control.h"
+#include "platform/event_handler.h"
 #include "platform/font.h"
 #include "platform/form.h"
 
@@ -67,12 +68,12 @@ public:
     // The id of a control that lies in this one, with places counted from its corner.
     ControlId Inside(const char *name) { return {Parent(), name, -1, this}; }
 
-    std::function<void()> OnClick;
-    std::function<void()> OnDblClick;
-    std::function<void()> OnMouseMove;
-    std::function<void(int key, int shift)> OnKeyDown;
-    std::function<void(int key, int shift)> OnKeyUp;
-    std::function<void()> OnLostFocus;
+    EventHandler<void()> OnClick;
+    EventHandler<void()> OnDblClick;
+    EventHandler<void()> OnMouseMove;
+    EventHandler<void(int key, int shift)> OnKeyDown;
+    EventHandler<void(int key, int shift)> OnKeyUp;
+    EventHandler<void()> OnLostFocus;
 
     QWidget *Widget() const { return m_widget; }
 
