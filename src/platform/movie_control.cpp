@@ -2,6 +2,7 @@
 
 #include "platform/movies/movie_reader.h"
 
+#include <QCursor>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWidget>
@@ -21,6 +22,7 @@ protected:
             Owner->m_reader->Paint(painter, rect());
         // Told when it is seen, and once for the many calls that paint a figure.
         Owner->Describe();
+        Owner->FollowPointer();
     }
 };
 
@@ -45,6 +47,7 @@ void MovieControl::SetMovie(const QString &path)
     m_ticker.reset();
     m_path = path;
     m_frame = 0;
+    ShowPointer(platform::MousePointer::Default);
     m_reader = OpenMovie(path);
     Note("Movie", path);
     if (m_reader && m_reader->Duration() > 0)
@@ -72,8 +75,8 @@ void MovieControl::GotoFrame(int frame)
     m_frame = frame;
     m_reader->GotoFrame(frame);
     Note("GotoFrame", QString::number(frame));
-    SetMousePointer(frame == 1 || frame == 2 ? platform::MousePointer::Custom
-                                             : platform::MousePointer::Default);
+    ShowPointer(frame == 1 ? platform::MousePointer::Custom : platform::MousePointer::Default);
+    FollowPointer();
 }
 
 void MovieControl::SetBGColor(const QString &color)
@@ -114,16 +117,48 @@ void MovieControl::Describe()
         m_view->setAccessibleDescription(told);
 }
 
+int MovieControl::PartAt(const QPointF &place) const
+{
+    return m_reader->Hit(place, m_view->rect());
+}
+
+void MovieControl::ShowPointer(platform::MousePointer pointer)
+{
+    if (pointer != MousePointer())
+        SetMousePointer(pointer);
+}
+
+void MovieControl::FollowPointer()
+{
+    if (m_frame != 2 || !m_view->underMouse())
+        return;
+    const QPoint place = m_view->mapFromGlobal(QCursor::pos());
+    ShowPointer(PartAt(place) != 0 ? platform::MousePointer::Custom
+                                   : platform::MousePointer::Default);
+}
+
+void MovieControl::Pressed(const QMouseEvent &mouse)
+{
+    if (!m_reader || !Enabled() || mouse.button() != Qt::LeftButton)
+        return;
+    const bool parts = m_frame == 2 || m_frame == 3;
+    const int part = parts ? PartAt(mouse.position()) : 0;
+    if (!parts || part != 0)
+        OnFSCommand(QString::number(part), QString());
+}
+
 bool MovieControl::Event(QEvent *event)
 {
-    if (event->type() == QEvent::MouseButtonPress && m_reader && OnFSCommand && Enabled()) {
-        const auto *mouse = static_cast<QMouseEvent *>(event);
-        if (mouse->button() == Qt::LeftButton) {
-            const bool parts = m_frame == 2 || m_frame == 3;
-            const int part = parts ? m_reader->Hit(mouse->position(), m_view->rect()) : 0;
-            if (!parts || part != 0)
-                OnFSCommand(QString::number(part), QString());
-        }
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: // a quick second press is a press like the first
+        Pressed(*static_cast<QMouseEvent *>(event));
+        break;
+    case QEvent::MouseMove:
+        FollowPointer();
+        break;
+    default:
+        break;
     }
     return VisualControl::Event(event);
 }
