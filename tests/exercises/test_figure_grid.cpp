@@ -4,6 +4,7 @@
 
 #include "exercises/grid_fixture.h"
 #include "support/expected_text.h"
+#include "support/hands.h"
 #include "support/registered_tests.h"
 
 #include <QSet>
@@ -12,6 +13,26 @@
 using namespace platform;
 
 namespace {
+
+// Whether the frame stood on a figure when the keyboard came.
+class FocusWatcher : public QObject {
+public:
+    FocusWatcher(const GrigliaFigure &form, int figure) : m_form(form), m_figure(figure)
+    {
+        form.PictureScansioneAutomatica.Widget()->installEventFilter(this);
+    }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::FocusIn)
+            FramedBefore = FrameIsOn(m_form, m_figure);
+        return false;
+    }
+    bool FramedBefore = false;
+
+private:
+    const GrigliaFigure &m_form;
+    int m_figure;
+};
 
 GrigliaFigure &OpenGrid(Player &player, int exercise)
 {
@@ -198,6 +219,40 @@ private Q_SLOTS:
         }
     }
 
+    // On the figure sought in one exercise, on another one in the other.
+    void aQuickSecondPressOnAFigureCounts_data() { bothExercises_data(); }
+    void aQuickSecondPressOnAFigureCounts()
+    {
+        QFETCH(int, exercise);
+        for (const bool systemPointer : {false, true}) {
+            Player player;
+            SuoniAttivi = false;
+            DisabilitaMousePersonalizzato = systemPointer; // frames 1 and 0
+            player.Host.Seed(1);
+            GrigliaFigure &form = OpenGrid(player, exercise);
+            const int wrong = exercise == 6 ? form.FiguraCercata : 1 - form.FiguraCercata;
+            const MovieControl &figure = form.ShockwaveFlash1(wrong);
+            ClickTwiceQuickly(figure, figure.Widget()->rect().center());
+            QCOMPARE(Errati, int16_t{2});
+        }
+    }
+
+    // The figure that was hit is known; what its movie says is not looked at.
+    void whatAMovieSaysIsNotLookedAt_data() { bothExercises_data(); }
+    void whatAMovieSaysIsNotLookedAt()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Seed(1);
+        GrigliaFigure &form = OpenGrid(player, exercise);
+        const int wrong = exercise == 6 ? form.FiguraCercata : 1 - form.FiguraCercata;
+        for (const char *message : {"9", "10", "-1", "tetto", ""})
+            form.ShockwaveFlash1(wrong).OnFSCommand(QString::fromLatin1(message), QString());
+        QCOMPARE(Errati, int16_t{5});
+        QCOMPARE(player.Host.FatalNumber, 0);
+    }
+
     void theKeyboardIsTakenAfterTheStepAndNotWhenDone_data() { bothExercises_data(); }
     void theKeyboardIsTakenAfterTheStepAndNotWhenDone()
     {
@@ -208,8 +263,10 @@ private Q_SLOTS:
         player.Host.Seed(1);
         GrigliaFigure &form = OpenGrid(player, exercise);
         form.PictureScansioneAutomatica.Widget()->clearFocus();
+        const FocusWatcher watcher(form, 1);
         player.Host.Advance(1000);
         QVERIFY(form.PictureScansioneAutomatica.HasFocus());
+        QVERIFY(watcher.FramedBefore);
         QVERIFY(FrameIsOn(form, 1));
         form.PictureScansioneAutomatica.Widget()->clearFocus();
         form.Command1(0).SetBackColor(ToColor(ColorePulsantiSelezionati));

@@ -7,6 +7,7 @@
 #include "support/registered_tests.h"
 #include "support/sentence_reader.h"
 
+#include <QDir>
 #include <QTest>
 
 #include <cstdlib>
@@ -248,6 +249,20 @@ private Q_SLOTS:
         QCOMPARE(NumeroEserciziEseguiti, int16_t{502});
         QVERIFY(Form::Find(QStringLiteral("FormMenu")) != nullptr);
         QCOMPARE(player.Host.FatalNumber, 0);
+    }
+
+    // Leaving skips its own errors, and none of the menu that it opens.
+    void aPlayersFileThatCannotBeWrittenEndsTheProgramOnTheWayBack()
+    {
+        Player player;
+        player.Host.Seed(1);
+        auto &form = player.Open<FormEs1>();
+        // A folder stands where the file belongs.
+        QVERIFY(QDir().mkpath(player.Host.Drive.filePath(
+            QStringLiteral("ImpostazioniProgrammiTesmi/morlenekvt/_predefinito.ini"))));
+        form.mnuEsci.OnClick();
+        QCOMPARE(player.Host.FatalNumber, static_cast<int>(PathFileAccess));
+        QVERIFY(player.Host.FatalText.contains(QStringLiteral("_predefinito")));
     }
 
     void theWindowsOwnEndGoesNowhereAndWritesNothing()

@@ -124,6 +124,21 @@ private Q_SLOTS:
         QCOMPARE(form.ShockwaveFlash1.Shown(), one);
     }
 
+    void aQuickSecondPressOnAFigureCounts()
+    {
+        for (const bool systemPointer : {false, true}) {
+            Player player;
+            SuoniAttivi = false;
+            DisabilitaMousePersonalizzato = systemPointer; // frames 2 and 3
+            player.Host.Expect(Task(RedRoof));
+            auto &form = player.Open<FormEs3>();
+            constexpr int Walls = 3;
+            for (const MovieControl *figure : {&form.ShockwaveFlash1, &form.ShockwaveFlash2})
+                ClickTwiceQuickly(*figure, PlaceOfPart(*figure, Walls));
+            QCOMPARE(Errati, int16_t{4});
+        }
+    }
+
     void smokeOnOneFigureOnlyGoesOrComes()
     {
         Player player;

@@ -124,6 +124,23 @@ private Q_SLOTS:
         QCOMPARE(ColourShown(form, 1), QStringLiteral("00FF00"));
     }
 
+    // Clicking on through the colours is how a part is painted.
+    void aQuickSecondPressOnAPartTakesTheNextColour()
+    {
+        for (const bool systemPointer : {false, true}) {
+            Player player;
+            SuoniAttivi = false;
+            DisabilitaMousePersonalizzato = systemPointer; // frames 2 and 3
+            player.Host.Expect(Task(AllGreen) + Order({2}));
+            auto &form = player.Open<FormEs4>();
+            const QPoint roof = PlaceOfPart(form.ShockwaveFlash1, 2);
+            ClickTwiceQuickly(form.ShockwaveFlash1, roof);
+            QCOMPARE(ColourShown(form, 2), QStringLiteral("FF0000"));
+            ClickTwiceQuickly(form.ShockwaveFlash1, roof);
+            QCOMPARE(ColourShown(form, 2), QStringLiteral("FFFF00"));
+        }
+    }
+
     void aRightCheckTakesItsStepsInOrder()
     {
         Player player;

@@ -1,6 +1,7 @@
 // Scanning in the three modes without a mouse, on the first exercise.
 #include "frame/scanning.h"
 
+#include "exercises/exercise_table.h"
 #include "exercises/form_es1.h"
 #include "platform/application.h"
 #include "support/exercise_fixture.h"
@@ -196,6 +197,54 @@ private Q_SLOTS:
         QCOMPARE(child.Lit(), QList<int>{0});
         child.Host.Advance(1000);
         QVERIFY(child.Target().HasFocus());
+    }
+
+    void aSwitchHeldIntoTheMenuStartsNothingThere()
+    {
+        Child child(2);
+        RegistraEsercizi();
+        QTest::keyPress(child.Target().Widget(), Qt::Key_Space);
+        child.Form->mnuEsci.OnClick();
+        auto *menu = dynamic_cast<FormMenu *>(Form::Find(QStringLiteral("FormMenu")));
+        QVERIFY(menu != nullptr);
+        child.Host.Advance(1000);
+        QWidget *target = menu->PictureScansioneAutomatica.Widget();
+        for (int repeat = 0; repeat < 10; ++repeat)
+            QTest::keyPress(target, Qt::Key_Space);
+        QTest::keyRelease(target, Qt::Key_Space);
+        QCOMPARE(Form::Loaded(), std::vector<Form *>{menu});
+        // Pressed anew it chooses.
+        QTest::keyClick(target, Qt::Key_Space);
+        QVERIFY(Form::Loaded() != std::vector<Form *>{menu});
+    }
+
+    // A colour of a damaged setting, which no control takes.
+    void aFailingTickOrMoveOfTheMouseIsPassedOver()
+    {
+        constexpr double NoColour = 1e12;
+        {
+            Child child(2);
+            ColorePulsantiSelezionati = NoColour;
+            child.Host.Advance(3000);
+            QCOMPARE(child.Host.FatalNumber, 0);
+            QVERIFY(child.Form->Timer1.Enabled());
+            ColorePulsantiSelezionati = 255;
+            child.Host.Advance(1000);
+            QCOMPARE(child.Lit().size(), 1);
+        }
+        Child child(0);
+        ColorePulsantiSelezionati = NoColour;
+        MoveOver(child.Form->Command1(0));
+        QCOMPARE(child.Host.FatalNumber, 0);
+        ColorePulsantiSelezionati = 255;
+        MoveOver(child.Form->Command1(1));
+        QCOMPARE(child.Lit(), QList<int>{1});
+        ColoreBottoni = NoColour;
+        MoveOver(child.Form->Label1);
+        QTest::mouseMove(child.Form->Client(), QPoint(2, 2));
+        QCoreApplication::processEvents();
+        QCOMPARE(child.Host.FatalNumber, 0);
+        QCOMPARE(child.Lit(), QList<int>{1});
     }
 
     void aSwitchReleasedElsewhereDoesNotStopTheScanning()

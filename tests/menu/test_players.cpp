@@ -83,6 +83,16 @@ private Q_SLOTS:
         QCOMPARE(NumeroEserciziEseguiti, int16_t{3});
     }
 
+    void aPlayersFileThatCannotBeWrittenEndsTheProgramAtTheMenu()
+    {
+        MenuPlayer player;
+        // A folder stands where the file belongs.
+        QDir().mkpath(player.Host.Drive.filePath(Settings + QStringLiteral("_predefinito.ini")));
+        player.OpenMenu();
+        QCOMPARE(player.Host.FatalNumber, static_cast<int>(PathFileAccess));
+        QVERIFY(player.Host.FatalText.contains(QStringLiteral("_predefinito")));
+    }
+
     void anotherPlayerDropsTheLogAndDressesTheMenu()
     {
         MenuPlayer player;

@@ -4,6 +4,7 @@
 #include "platform/control_array.h"
 #include "platform/fitted_text.h"
 #include "platform/form.h"
+#include "platform/held_keys.h"
 #include "platform/label.h"
 #include "platform/menu.h"
 #include "platform/movie_control.h"
@@ -14,12 +15,16 @@
 #include "platform/timer.h"
 
 #include "platform/application.h"
+#include "support/hands.h"
 #include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QPointer>
 #include <QTest>
@@ -58,6 +63,9 @@ public:
     MenuItem mnuItem;
     Line Line1;
 };
+
+// In the movie control, below the figure.
+constexpr QPoint Ground(1, 88);
 
 // Takes every event as a handler that fails.
 class Thrower : public QObject {
@@ -195,6 +203,141 @@ private Q_SLOTS:
         form.Target.Widget()->clearFocus();
         QTest::keyRelease(form.Target.Widget(), Qt::Key_Return);
         QCOMPARE(releases, 0);
+    }
+
+    void aKeyHeldIntoAnotherWindowIsNobodysUntilItIsPressedAnew()
+    {
+        ScriptedHost host;
+        Sample &first = Shown();
+        first.Target.SetFocus();
+        QTest::keyPress(first.Target.Widget(), Qt::Key_Space);
+        Sample &second = Shown();
+        QStringList events;
+        second.Target.OnKeyDown = [&](int, int) { events << QStringLiteral("down"); };
+        second.Target.OnKeyUp = [&](int, int) { events << QStringLiteral("up"); };
+        first.Unload();
+        second.Target.SetFocus();
+        QWidget *target = second.Target.Widget();
+        for (int repeat = 0; repeat < 3; ++repeat)
+            QTest::keyPress(target, Qt::Key_Space);
+        QTest::keyRelease(target, Qt::Key_Space);
+        QCOMPARE(events, QStringList());
+        // Other keys are not concerned, and the key itself is a key again.
+        QTest::keyClick(target, Qt::Key_Return);
+        QTest::keyClick(target, Qt::Key_Space);
+        QCOMPARE(events, QStringList({QStringLiteral("down"), QStringLiteral("up"),
+                                      QStringLiteral("down"), QStringLiteral("up")}));
+    }
+
+    void aKeyHeldThroughALossOfTheKeyboardIsNobodysInTheSameControlToo()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        QStringList events;
+        form.Target.SetFocus();
+        form.Target.OnKeyDown = [&](int, int) { events << QStringLiteral("down"); };
+        form.Target.OnKeyUp = [&](int, int) { events << QStringLiteral("up"); };
+        QTest::keyPress(form.Target.Widget(), Qt::Key_Space);
+        form.Target.Widget()->clearFocus();
+        form.Target.SetFocus();
+        QTest::keyPress(form.Target.Widget(), Qt::Key_Space);
+        QTest::keyRelease(form.Target.Widget(), Qt::Key_Space);
+        QCOMPARE(events, QStringList{QStringLiteral("down")});
+    }
+
+    void aKeyHeldSinceADialogIsNobodys()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        QStringList events;
+        form.Target.OnKeyDown = [&](int, int) { events << QStringLiteral("down"); };
+        form.Target.OnKeyUp = [&](int, int) { events << QStringLiteral("up"); };
+        {
+            QDialog dialog(form.Window());
+            dialog.show();
+            QTest::keyPress(&dialog, Qt::Key_Return);
+        }
+        form.Target.SetFocus();
+        QTest::keyPress(form.Target.Widget(), Qt::Key_Return);
+        QTest::keyRelease(form.Target.Widget(), Qt::Key_Return);
+        QCOMPARE(events, QStringList());
+    }
+
+    void aFlaggedRepeatIsNoPress()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        QStringList events;
+        form.Target.OnKeyDown = [&](int, int) { events << QStringLiteral("down"); };
+        form.Target.OnKeyUp = [&](int, int) { events << QStringLiteral("up"); };
+        const auto send = [&](QEvent::Type type, bool repeat) {
+            QKeyEvent key(type, Qt::Key_Space, {}, QStringLiteral(" "), repeat);
+            QCoreApplication::sendEvent(form.Target.Widget(), &key);
+        };
+        // Held since before the window had the keyboard.
+        send(QEvent::KeyPress, true);
+        send(QEvent::KeyRelease, true);
+        send(QEvent::KeyRelease, false);
+        QCOMPARE(events, QStringList());
+        send(QEvent::KeyPress, false);
+        for (int repeat = 0; repeat < 3; ++repeat) {
+            send(QEvent::KeyRelease, true);
+            send(QEvent::KeyPress, true);
+        }
+        QCOMPARE(events, QStringList{QStringLiteral("down")});
+        send(QEvent::KeyRelease, false);
+        QCOMPARE(events, QStringList({QStringLiteral("down"), QStringLiteral("up")}));
+    }
+
+    void aKeyReleasedInAnotherProgramIsUpWhenThisOneHasTheKeyboardAgain()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        form.Target.SetFocus();
+        QTest::keyPress(form.Target.Widget(), Qt::Key_Space);
+        form.Target.Widget()->clearFocus();
+        // The release goes to the other program.
+        QEvent back(QEvent::ApplicationActivate);
+        QCoreApplication::sendEvent(qApp, &back);
+        QStringList events;
+        form.Target.OnKeyDown = [&](int, int) { events << QStringLiteral("down"); };
+        form.Target.OnKeyUp = [&](int, int) { events << QStringLiteral("up"); };
+        form.Target.SetFocus();
+        QTest::keyClick(form.Target.Widget(), Qt::Key_Space);
+        QCOMPARE(events, QStringList({QStringLiteral("down"), QStringLiteral("up")}));
+    }
+
+    void whatTheKeyboardTellsOverrulesWhatWasSeen()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        QStringList events;
+        form.Target.OnKeyUp = [&](int key, int) { events << QString::number(key); };
+        constexpr int SpaceBar = 65; // numbers of keys on the keyboard
+        constexpr int Return = 36;
+        const auto send = [&](QEvent::Type type, int number, int key) {
+            QKeyEvent event(type, key, {}, static_cast<quint32>(number), 0, 0);
+            QCoreApplication::sendEvent(form.Target.Widget(), &event);
+        };
+        // A release that was lost between two windows.
+        send(QEvent::KeyPress, SpaceBar, Qt::Key_Space);
+        send(QEvent::KeyPress, Return, Qt::Key_Return);
+        KeyboardGoesToAWindow(std::vector<int>{Return});
+        send(QEvent::KeyPress, SpaceBar, Qt::Key_Space);
+        send(QEvent::KeyRelease, SpaceBar, Qt::Key_Space);
+        QCOMPARE(events, QStringList{QStringLiteral("32")});
+        send(QEvent::KeyRelease, Return, Qt::Key_Return);
+        QCOMPARE(events.size(), 2);
+        // Pressed in another program and still held.
+        KeyboardComesBack(std::vector<int>{SpaceBar});
+        send(QEvent::KeyPress, SpaceBar, Qt::Key_Space);
+        send(QEvent::KeyRelease, SpaceBar, Qt::Key_Space);
+        QCOMPARE(events.size(), 2);
+        // Where nothing is told a window's taking the keyboard changes nothing.
+        send(QEvent::KeyPress, SpaceBar, Qt::Key_Space);
+        KeyboardGoesToAWindow({});
+        send(QEvent::KeyRelease, SpaceBar, Qt::Key_Space);
+        QCOMPARE(events.size(), 3);
     }
 
     void keysHaveTheirClassicCodes()
@@ -415,6 +558,40 @@ private Q_SLOTS:
         QVERIFY(host.FatalText.contains(QStringLiteral("C:\\x")));
     }
 
+    // A routine that skips errors skips those of its own statements, and none of an event.
+    void anErrorInAHandlerIsFatalAlsoWhereErrorsAreSkipped()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        const auto fails = [] { throw RunTimeError(PathNotFound, QStringLiteral("C:\\x")); };
+        form.Combo1.AddItem(QStringLiteral("a"));
+        form.Combo1.OnClick = fails;
+        QCOMPARE(Skipping([&] { form.Combo1.SetListIndex(0); }), 0);
+        QCOMPARE(std::exchange(host.FatalNumber, 0), 76);
+        QVERIFY(host.FatalText.contains(QStringLiteral("C:\\x")));
+        QCOMPARE(Skipping([&] { form.Combo1.SetListIndex(1); }), 380);
+        QCOMPARE(host.FatalNumber, 0);
+        form.Timer1.OnTimer = fails;
+        form.Timer1.SetEnabled(true);
+        QCOMPARE(Skipping([&] { host.Advance(100); }), 0);
+        QCOMPARE(std::exchange(host.FatalNumber, 0), 76);
+        auto *other = new Sample;
+        for (EventHandler<void()> *event : {&other->OnLoad, &other->OnResize, &other->OnActivate}) {
+            *event = fails;
+            auto *opened = new Sample;
+            opened->OnLoad = other->OnLoad;
+            opened->OnResize = other->OnResize;
+            opened->OnActivate = other->OnActivate;
+            QCOMPARE(Skipping([&] { opened->Show(); }), 0);
+            QCOMPARE(std::exchange(host.FatalNumber, 0), 76);
+            *event = {};
+        }
+        other->Show();
+        other->OnUnload = fails;
+        QCOMPARE(Skipping([&] { other->Unload(); }), 0);
+        QCOMPARE(std::exchange(host.FatalNumber, 0), 76);
+    }
+
     // --- Text ---
 
     void textIsDrawnAsLargeAsItFitsAndNeverBelowElevenPoints()
@@ -497,6 +674,63 @@ private Q_SLOTS:
         form.Movie1.GotoFrame(1);
         QTest::mouseClick(form.Movie1.Widget(), Qt::LeftButton, {}, QPoint(1, size.height() - 2));
         QCOMPARE(commands.size(), 2);
+    }
+
+    void aQuickSecondPressOnAFigureCountsInEveryFrame()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        QStringList commands;
+        form.Movie1.OnFSCommand = [&](const QString &command, const QString &) {
+            commands << command;
+        };
+        form.Movie1.SetMovie(QStringLiteral(SOURCE_DIR "/data/swf/morlene1.swf"));
+        constexpr int Roof = 2;
+        for (const int frame : {0, 1, 2, 3}) {
+            commands.clear();
+            form.Movie1.GotoFrame(frame);
+            ClickTwiceQuickly(form.Movie1, PlaceOfPart(form.Movie1, Roof));
+            const QString told = frame >= 2 ? QStringLiteral("2") : QStringLiteral("0");
+            QCOMPARE(commands, QStringList({told, told}));
+        }
+        // Beside the parts, with the other button or disabled it is none.
+        commands.clear();
+        ClickTwiceQuickly(form.Movie1, Ground);
+        form.Movie1.SetEnabled(false);
+        ClickTwiceQuickly(form.Movie1, PlaceOfPart(form.Movie1, Roof));
+        QCOMPARE(commands, QStringList());
+    }
+
+    void theHandStandsOverWhatTakesAClick()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        form.Movie1.SetMovie(QStringLiteral(SOURCE_DIR "/data/swf/morlene1.swf"));
+        QWidget *view = form.Movie1.Widget();
+        // Without a pointer of its own a figure has the window's.
+        const auto handAt = [&](const QPoint &place) {
+            QTest::mouseMove(view, place);
+            QCoreApplication::processEvents();
+            return view->testAttribute(Qt::WA_SetCursor);
+        };
+        const QPoint smoke = PlaceOfPart(form.Movie1, 7);
+        for (const int frame : {0, 1, 2, 3}) {
+            form.Movie1.GotoFrame(frame);
+            for (int part = 1; part <= 8; ++part)
+                QCOMPARE(handAt(PlaceOfPart(form.Movie1, part)), frame == 1 || frame == 2);
+            QCOMPARE(handAt(Ground), frame == 1);
+        }
+        // It comes and goes with the part, and a figure that opens anew under it gets it.
+        form.Movie1.GotoFrame(2);
+        QVERIFY(handAt(smoke));
+        form.Movie1.TSetProperty(QStringLiteral("fumo"), 7, QStringLiteral("0"));
+        QTRY_VERIFY(!view->testAttribute(Qt::WA_SetCursor));
+        form.Movie1.SetMovie(form.Movie1.Movie());
+        form.Movie1.GotoFrame(2);
+        QVERIFY(view->testAttribute(Qt::WA_SetCursor));
+        // What follows in the control, a reward, has the window's pointer.
+        form.Movie1.SetMovie(form.Movie1.Movie());
+        QVERIFY(!view->testAttribute(Qt::WA_SetCursor));
     }
 };
 
