@@ -2,6 +2,7 @@
 
 #include "platform/errors.h"
 #include "platform/form.h"
+#include "platform/held_keys.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -36,6 +37,8 @@ private:
 ScriptedHost::ScriptedHost() : Application(QStringLiteral(APPLICATION_DIR "/"))
 {
     SetHost(this);
+    // No key is down that another test left so.
+    platform::KeyboardComesBack({});
 }
 
 ScriptedHost::~ScriptedHost()
