@@ -355,6 +355,7 @@ private Q_SLOTS:
         ChooseLevel(form, 2);
         player.Host.Advance(1000);
         QVERIFY(FrameIsOn(form, 1));
+        QTest::keyRelease(form.PictureScansioneAutomatica.Widget(), Qt::Key_Space);
     }
 
     void thePicturesAreNeverShown_data() { bothExercises_data(); }
