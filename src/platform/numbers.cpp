@@ -4,6 +4,9 @@
 
 #include <QLocale>
 
+#include <cmath>
+#include <limits>
+
 namespace platform {
 
 QString FormatGrouped(double value)
@@ -23,10 +26,13 @@ float ToSingle(const QString &text)
     bare.remove(locale.groupSeparator());
     bare.replace(locale.decimalPoint(), QStringLiteral("."));
     bool good = false;
-    const float value = bare.toFloat(&good);
-    if (!good)
+    const double value = bare.toDouble(&good);
+    // A number beyond any is infinite and not good; "inf" would be good, and is no number.
+    if (good != std::isfinite(value))
         throw RunTimeError(TypeMismatch, text);
-    return value;
+    if (std::abs(value) > std::numeric_limits<float>::max())
+        throw RunTimeError(Overflow, text);
+    return static_cast<float>(value);
 }
 
 } // namespace platform

@@ -9,7 +9,7 @@ namespace platform {
 // "1.234,5", "12,".
 QString FormatGrouped(double value);
 
-// The same back, groups and all; error 13 for what is no number.
+// The same back, groups and all; error 13 for what is no number, 6 for one too large.
 float ToSingle(const QString &text);
 
 } // namespace platform

@@ -836,6 +836,51 @@ private Q_SLOTS:
         });
     }
 
+    void theScaleTakesItsKeysAndEnter()
+    {
+        Desk desk;
+        RichiestaStampa request = desk.Request();
+        request.Scala = 10; // the source is 1000 wide
+        desk.Open(request, [&](FrmStampa &dialog) {
+            Type(dialog.txtScala, QStringLiteral("2a-,5 .0n"));
+            QCOMPARE(dialog.txtScala.Text(), QStringLiteral("25.0n"));
+            QCOMPARE(Stampa.StampaW, 100); // not yet
+            auto *line = static_cast<QLineEdit *>(dialog.txtScala.Widget());
+            QTest::keyClick(line, Qt::Key_Backspace);
+            QTest::keyClick(line, Qt::Key_Return);
+            QCOMPARE(Stampa.StampaW, 40);
+            QCOMPARE(Stampa.StampaH, 40);
+        });
+    }
+
+    void aScaleThatIsNoNumberIsPassedOverAndAnyOtherErrorIsTold()
+    {
+        Desk desk;
+        desk.Open([&](FrmStampa &dialog) {
+            dialog.txtScala.SetText(QStringLiteral("1..2"));
+            dialog.cmdScalaOK.OnClick();
+            dialog.txtScala.SetText(QStringLiteral("1e99"));
+            desk.ExpectError(RunTimeError(Overflow, QStringLiteral("1e99")).Text(), "txtScala");
+            dialog.cmdScalaOK.OnClick();
+            QCOMPARE(Stampa.StampaW, 100);
+            QVERIFY(!dialog.Unloaded());
+        });
+    }
+
+    void aHeightOfOneIsNotDrawnEither()
+    {
+        Desk desk;
+        desk.Open([&](FrmStampa &dialog) {
+            dialog.chkProporzioni.SetValue(false);
+            const QImage before = Preview(dialog);
+            Type(dialog.txtPrH, QStringLiteral("1"));
+            QCOMPARE(Stampa.StampaH, 1);
+            QCOMPARE(Preview(dialog), before);
+            Type(dialog.txtPrH, QStringLiteral("30"));
+            QVERIFY(Preview(dialog) != before);
+        });
+    }
+
     // --- Buttons ---
 
     void theDriversCopiesComeBackAndAreNotMultiplied()

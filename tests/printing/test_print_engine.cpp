@@ -671,6 +671,18 @@ private Q_SLOTS:
         QCOMPARE(shop.Printer().Allocated(), 0);
     }
 
+    void anErrorInReadingAPictureIsToldAndItIsStillSent()
+    {
+        Shop shop;
+        Stampa.NumeroCopie = 3;
+        shop.Printer().Answers[QStringLiteral("ReadRows")] = {RaisesPrinterError};
+        shop.ExpectError(Figure_, Raised);
+        shop.ExpectError(Figure_, FigureLines(0, 1, 30, 1, 1));
+        QVERIFY(shop.PrintPicture(0, 0, 10, 10));
+        QCOMPARE(shop.Printer().Documents.size(), qsizetype{1});
+        QCOMPARE(shop.Printer().Allocated(), 0);
+    }
+
     void aPictureWithoutBitmapsOrOfUnknownDepthIsTold()
     {
         Shop shop;
