@@ -1,6 +1,5 @@
 #include "platform/button.h"
 
-#include "platform/fitted_text.h"
 #include "platform/picture.h"
 
 #include <QKeyEvent>
@@ -34,16 +33,20 @@ public:
     QString Caption;
     QString Picture;
 
+    FittedText Laid() const
+    {
+        return {Caption, m_font, TextRoom().size(), Qt::AlignCenter | Qt::TextShowMnemonic};
+    }
+
 protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        const double line = std::clamp(height() / 25.0, 2.0, 6.0);
+        const double line = Outline();
         const QRectF box = QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2);
-        const double radius = std::min(box.height(), box.width()) * 0.24;
         QPainterPath shape;
-        shape.addRoundedRect(box, radius, radius);
+        shape.addRoundedRect(box, Radius(), Radius());
         const QColor face = ToQColor(m_back);
         // Also of a disabled button: the light of scanning waits on the next task while it is one.
         painter.fillPath(shape, face);
@@ -54,13 +57,11 @@ protected:
 
         painter.setOpacity(isEnabled() ? 1.0 : 0.45);
         const int margin = static_cast<int>(std::lround(line * 2));
-        QRect room = rect().adjusted(margin, margin, -margin, -margin);
-        if (isDown())
-            room.translate(0, 2);
+        const int down = isDown() ? 2 : 0;
         if (!Picture.isEmpty())
-            DrawPicture(painter, room);
+            DrawPicture(painter, rect().adjusted(margin, margin + down, -margin, -margin + down));
         painter.setPen(ToQColor(m_fore));
-        DrawFitted(painter, room, Qt::AlignCenter | Qt::TextShowMnemonic, Caption, m_font);
+        Laid().Draw(painter, TextRoom().topLeft() + QPoint(0, down));
     }
 
     // Only a button that takes the keyboard gets here: Enter presses it as Space does.
@@ -78,6 +79,17 @@ private:
     {
         const auto half = [](int part) { return (part + 2 * 0xE8) / 3; };
         return QColor(half(color.red()), half(color.green()), half(color.blue()));
+    }
+
+    double Outline() const { return std::clamp(height() / 25.0, 2.0, 6.0); }
+    double Radius() const { return (std::min(height(), width()) - Outline()) * 0.24; }
+
+    // A word never touches the outline, nor the round ends of it.
+    QRect TextRoom() const
+    {
+        const int side = static_cast<int>(std::lround(Outline() * 1.5 + Radius() * 0.5));
+        const int edge = static_cast<int>(std::lround(Outline() * 2));
+        return rect().adjusted(side, edge, -side, -edge);
     }
 
     // One soft shade along the foot; a pressed button loses it.
@@ -122,6 +134,11 @@ void Button::SetCaption(const QString &caption)
     Speak(m_spoken);
     Note("Caption", caption);
     m_view->update();
+}
+
+DrawnText Button::Drawn() const
+{
+    return m_view->Laid().Drawn();
 }
 
 void Button::SetPicture(const QString &name)

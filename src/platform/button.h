@@ -1,6 +1,7 @@
 // A large rounded button with one picture or one text. It never takes the keyboard by itself.
 #pragma once
 
+#include "platform/fitted_text.h"
 #include "platform/visual_control.h"
 
 namespace platform {
@@ -13,6 +14,7 @@ public:
 
     QString Caption() const override;
     void SetCaption(const QString &caption) override;
+    DrawnText Drawn() const;
     // A picture of the program by its name; empty takes it away.
     void SetPicture(const QString &name);
     // Lets the button take the keyboard: Space and Enter press it then.

@@ -1,63 +1,119 @@
 #include "platform/label.h"
 
-#include "platform/fitted_text.h"
 #include "platform/form_window.h"
+#include "platform/page.h"
 
 #include <QFont>
 #include <QFontMetrics>
 #include <QLabel>
 #include <QPainter>
-#include <QPainterPath>
 
 #include <algorithm>
-#include <cmath>
+#include <memory>
+#include <vector>
 
 namespace platform {
 
 // A QLabel, so that a screen reader finds a label and its text.
 class LabelView : public QLabel {
 public:
-    explicit LabelView(Alignment alignment) : m_alignment(alignment)
+    explicit LabelView(Alignment alignment)
+        : m_alignment(alignment), m_together(std::make_shared<Together>(Together{this}))
     {
         setTextFormat(Qt::PlainText);
     }
+    ~LabelView() override { std::erase(*m_together, this); }
+    LabelView(const LabelView &) = delete;
+    LabelView &operator=(const LabelView &) = delete;
 
     void Show(const Font &font, Color back, Color fore)
     {
+        const bool letters = font != m_font;
         m_font = font;
         m_back = back;
         m_fore = fore;
-        update();
+        letters ? TextChanged() : update();
     }
-    bool Framed = false;
-    bool Transparent = false;
+    void Write(const QString &text)
+    {
+        setText(text);
+        TextChanged();
+    }
+    void SetFramed(bool framed)
+    {
+        m_framed = framed;
+        TextChanged();
+    }
+    void SetTransparent(bool transparent)
+    {
+        m_transparent = transparent;
+        TextChanged();
+    }
+    void ShareSize(const LabelView &other)
+    {
+        std::erase(*m_together, this);
+        m_together = other.m_together;
+        m_together->push_back(this);
+        TextChanged();
+    }
+
+    // In the size that suits all that share it.
+    const FittedText &Laid() const
+    {
+        if (m_laid == nullptr) {
+            Font letters = m_font;
+            for (const LabelView *label : *m_together)
+                letters.Size = std::min(letters.Size, label->Own().Drawn().Points);
+            m_laid = std::make_unique<FittedText>(text(), letters, Room().size(), Flags());
+        }
+        return *m_laid;
+    }
 
 protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        // A low label needs all of its height.
-        int margin = Transparent ? 0 : std::clamp((height() - 40) / 4, 0, 6);
-        if (Framed) {
-            const double line = std::clamp(height() / 100.0, 2.0, 5.0);
-            const double radius = std::min({width() / 8.0, height() / 8.0, 28.0});
-            const double edge = line / 2;
-            QPainterPath page;
-            page.addRoundedRect(QRectF(rect()).adjusted(edge, edge, -edge, -edge), radius, radius);
-            painter.fillPath(page, ToQColor(m_back));
-            painter.strokePath(page, QPen(ToQColor(Ink), line));
-            margin = static_cast<int>(std::lround(line + std::max(6.0, radius * 0.6)));
-        } else if (!Transparent) {
+        if (m_framed)
+            DrawPage(painter, rect(), m_back);
+        else if (!m_transparent)
             painter.fillRect(rect(), ToQColor(m_back));
-        }
         painter.setPen(isEnabled() ? ToQColor(m_fore) : ToQColor(0x80000011));
-        const QRect room = rect().adjusted(margin, margin, -margin, -margin);
-        DrawFitted(painter, room, Flags(), text(), m_font);
+        Laid().Draw(painter, Room().topLeft());
+    }
+    void resizeEvent(QResizeEvent *event) override
+    {
+        QLabel::resizeEvent(event);
+        TextChanged();
     }
 
 private:
-    static constexpr Color Ink = Rgb(0x3A, 0x2B, 0x28);
+    using Together = std::vector<LabelView *>;
+
+    // What one of several needs may change the size of all.
+    void TextChanged()
+    {
+        m_own.reset();
+        for (LabelView *label : *m_together) {
+            label->m_laid.reset();
+            label->update();
+        }
+    }
+
+    const FittedText &Own() const
+    {
+        if (m_own == nullptr)
+            m_own = std::make_unique<FittedText>(text(), m_font, Room().size(), Flags());
+        return *m_own;
+    }
+
+    QRect Room() const
+    {
+        // A low label needs all of its height.
+        const int margin = m_framed        ? PageMargin(size())
+                           : m_transparent ? 0
+                                           : std::clamp((height() - 40) / 4, 0, 6);
+        return rect().adjusted(margin, margin, -margin, -margin);
+    }
 
     int Flags() const
     {
@@ -76,12 +132,17 @@ private:
     Font m_font;
     Color m_back = SystemButtonFace;
     Color m_fore = SystemButtonText;
+    bool m_framed = false;
+    bool m_transparent = false;
+    std::shared_ptr<Together> m_together;       // itself too
+    mutable std::unique_ptr<FittedText> m_own;  // by itself; nothing after a change
+    mutable std::unique_ptr<FittedText> m_laid; // as drawn; the same
 };
 
 Label::Label(const ControlId &id, const Place &place, const QString &caption, Alignment alignment)
     : VisualControl(id, place, new LabelView(alignment)), m_view(static_cast<LabelView *>(Widget()))
 {
-    m_view->setText(caption);
+    m_view->Write(caption);
 }
 
 QString Label::Caption() const
@@ -91,21 +152,29 @@ QString Label::Caption() const
 
 void Label::SetCaption(const QString &caption)
 {
-    m_view->setText(caption);
+    m_view->Write(caption);
     Note("Caption", caption);
     Label::Refresh();
 }
 
 void Label::SetFramed(bool framed)
 {
-    m_view->Framed = framed;
-    m_view->update();
+    m_view->SetFramed(framed);
 }
 
 void Label::SetTransparent(bool transparent)
 {
-    m_view->Transparent = transparent;
-    m_view->update();
+    m_view->SetTransparent(transparent);
+}
+
+void Label::ShareSize(const Label &other)
+{
+    m_view->ShareSize(*other.m_view);
+}
+
+DrawnText Label::Drawn() const
+{
+    return m_view->Laid().Drawn();
 }
 
 void Label::SetAutoSize(bool autoSize)

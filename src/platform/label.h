@@ -1,7 +1,8 @@
 // A text on the window. It is drawn in the largest size up to that of its font in which the whole
-// text fits, not below 11 points, so that a child never has to scroll.
+// text fits, so that a child never has to scroll.
 #pragma once
 
+#include "platform/fitted_text.h"
 #include "platform/visual_control.h"
 
 namespace platform {
@@ -21,6 +22,9 @@ public:
     void SetFramed(bool framed);
     // Shows what lies behind it.
     void SetTransparent(bool transparent);
+    // Drawn in one size with `other` and all that share it already: the smallest that one needs.
+    void ShareSize(const Label &other);
+    DrawnText Drawn() const;
     // The width follows the text in the font as set.
     void SetAutoSize(bool autoSize);
 

@@ -1,30 +1,22 @@
 #include "platform/text_box.h"
 
-#include "platform/fitted_text.h"
+#include "platform/text_page.h"
 
 #include <QEvent>
 #include <QFont>
 #include <QLineEdit>
 #include <QPalette>
-#include <QPlainTextEdit>
 #include <QScopedValueRollback>
-#include <QTextDocument>
 
 #include <algorithm>
 #include <utility>
 
 namespace platform {
 
-namespace {
-
-constexpr int PagePadding = 4; // px
-
-} // namespace
-
 TextBox::TextBox(const ControlId &id, const Place &place, Kind kind)
     : VisualControl(id, place,
                     kind == Kind::OneLine ? static_cast<QWidget *>(new QLineEdit)
-                                          : static_cast<QWidget *>(new QPlainTextEdit))
+                                          : static_cast<QWidget *>(new TextPage))
 {
     const auto changed = [this] { Changed(); };
     if (kind == Kind::OneLine) {
@@ -36,11 +28,8 @@ TextBox::TextBox(const ControlId &id, const Place &place, Kind kind)
         QObject::connect(m_line, &QLineEdit::selectionChanged, m_line, remember);
         QObject::connect(m_line, &QLineEdit::cursorPositionChanged, m_line, remember);
     } else {
-        m_page = static_cast<QPlainTextEdit *>(Widget());
-        m_page->setReadOnly(true);
-        m_page->setTextInteractionFlags(Qt::NoTextInteraction);
-        m_page->viewport()->setMouseTracking(true);
-        QObject::connect(m_page, &QPlainTextEdit::textChanged, m_page, changed);
+        m_page = static_cast<TextPage *>(Widget());
+        QObject::connect(m_page, &TextPage::textChanged, m_page, changed);
     }
 }
 
@@ -146,14 +135,18 @@ void TextBox::SetText(const QString &text)
     else
         ShowPage(text);
     Note("Text", text);
-    FitFont();
 }
 
 void TextBox::ShowPage(const QString &text)
 {
     m_text = text;
     // A last line break ends a line and opens no empty one.
-    m_page->setPlainText(text.endsWith(QStringLiteral("\r\n")) ? text.chopped(2) : text);
+    m_page->Write(text.endsWith(QStringLiteral("\r\n")) ? text.chopped(2) : text);
+}
+
+DrawnText TextBox::Drawn() const
+{
+    return m_page != nullptr ? m_page->Laid().Drawn() : DrawnText{.Points = Font().Size};
 }
 
 void TextBox::Refresh()
@@ -162,25 +155,9 @@ void TextBox::Refresh()
     palette.setColor(QPalette::Base, ToQColor(BackColor()));
     palette.setColor(QPalette::Text, ToQColor(ForeColor()));
     Widget()->setPalette(palette);
+    Widget()->setFont(ToQFont(Font(), Font().Size));
     if (m_page != nullptr)
-        // A page with the round corners of a framed label.
-        m_page->setStyleSheet(
-            QStringLiteral("QPlainTextEdit { border: 2px solid #3a2b28; border-radius: 14px; "
-                           "padding: %1px; background: %2; color: %3 }")
-                .arg(PagePadding)
-                .arg(ToQColor(BackColor()).name(), ToQColor(ForeColor()).name()));
-    FitFont();
-}
-
-void TextBox::FitFont()
-{
-    double points = Font().Size;
-    if (m_page != nullptr) {
-        const int margin = static_cast<int>(m_page->document()->documentMargin()) + PagePadding + 2;
-        points = FittingPoints(m_page->toPlainText(), Font(),
-                               m_page->size() - QSize(2 * margin, 2 * margin));
-    }
-    Widget()->setFont(ToQFont(Font(), points));
+        m_page->Show(Font(), BackColor(), ForeColor());
 }
 
 } // namespace platform

@@ -1,12 +1,14 @@
 // A box to type or to read text in.
 #pragma once
 
+#include "platform/fitted_text.h"
 #include "platform/visual_control.h"
 
-class QPlainTextEdit;
 class QLineEdit;
 
 namespace platform {
+
+class TextPage;
 
 class TextBox : public VisualControl {
 public:
@@ -16,6 +18,8 @@ public:
     QString Text() const;
     // Raises Change when the text differs, as typing does.
     void SetText(const QString &text);
+    // How the text of a page came out; a line is as large as its font.
+    DrawnText Drawn() const;
 
     EventHandler<void()> OnChange;
     // False drops a letter that a person types, pastes or drops, or that an aid to reading writes;
@@ -28,7 +32,6 @@ protected:
 
 private:
     void ShowPage(const QString &text);
-    void FitFont();
     void RememberSelection();
     void Edited();
     void WrittenFromOutside();
@@ -43,7 +46,7 @@ private:
     bool m_byCode = false;
     bool m_edited = false; // by a person, and not told yet
     QLineEdit *m_line = nullptr;
-    QPlainTextEdit *m_page = nullptr;
+    TextPage *m_page = nullptr;
     QString m_text; // of a page, with its line breaks as given: CR LF
 };
 

@@ -2,7 +2,6 @@
 #include "platform/button.h"
 #include "platform/combo_box.h"
 #include "platform/control_array.h"
-#include "platform/fitted_text.h"
 #include "platform/form.h"
 #include "platform/held_keys.h"
 #include "platform/label.h"
@@ -19,6 +18,8 @@
 #include "support/registered_tests.h"
 #include "support/scripted_host.h"
 
+#include <QAbstractScrollArea>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -27,13 +28,32 @@
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QPointer>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 #include <QWidget>
 
 using namespace platform;
 
 namespace {
+
+// A form of texts in narrow places.
+class Texts : public Form {
+public:
+    Texts()
+        : Form("Texts", 6000, 3000),
+          Shorter({*this, "Shorter"}, {0, 0, 1500, 600}, QStringLiteral("esci")),
+          Longer({*this, "Longer"}, {0, 600, 1500, 600}, QStringLiteral("Colora la morlena")),
+          Answer({*this, "Answer"}, {1500, 0, 1605, 1200}),
+          Page({*this, "Page"}, {0, 1200, 4500, 1200}, TextBox::Kind::ReadOnlyPage)
+    {
+    }
+    Label Shorter;
+    Label Longer;
+    Button Answer;
+    TextBox Page;
+};
 
 // A form with one of each, on the heap as all forms are.
 class Sample : public Form {
@@ -594,19 +614,92 @@ private Q_SLOTS:
 
     // --- Text ---
 
-    void textIsDrawnAsLargeAsItFitsAndNeverBelowElevenPoints()
+    void labelsThatShareASizeAreDrawnInTheSmallestThatOneNeeds()
     {
         ScriptedHost host;
-        const Font font{QStringLiteral("arial"), 24, false};
-        QCOMPARE(FittingPoints(QStringLiteral("Vero"), font, QSize(400, 200)), 24.0);
-        const QString longText = QStringLiteral("Il comignolo non è verde ").repeated(4);
-        const double fitting = FittingPoints(longText, font, QSize(220, 120));
-        QVERIFY(fitting < 24);
-        QVERIFY(fitting >= SmallestPoints);
-        QCOMPARE(FittingPoints(longText.repeated(20), font, QSize(100, 50)), SmallestPoints);
-        // No word is cut: a long one makes the whole text smaller.
-        QVERIFY(FittingPoints(QStringLiteral("precipitevolissimevolmente"), font, QSize(200, 400)) <
-                24);
+        auto &form = *new Texts;
+        Label &shorter = form.Shorter;
+        Label &longer = form.Longer;
+        form.Show();
+        for (Label *label : {&shorter, &longer})
+            label->SetFontSize(20);
+        QCOMPARE(shorter.Drawn().Points, 20.0);
+        const double needed = longer.Drawn().Points;
+        QVERIFY(needed < 20);
+        longer.ShareSize(shorter);
+        QCOMPARE(shorter.Drawn().Points, needed);
+        QCOMPARE(longer.Drawn().Points, needed);
+        QCOMPARE(shorter.Font().Size, 20.0);
+        longer.SetWidth(750);
+        QVERIFY(longer.Drawn().Points < needed);
+        QCOMPARE(shorter.Drawn().Points, longer.Drawn().Points);
+        longer.SetCaption(QStringLiteral("ora"));
+        QCOMPARE(shorter.Drawn().Points, 20.0);
+        QCOMPARE(longer.Drawn().Points, 20.0);
+    }
+
+    void aPageShowsAllOfItsTextAndStaysWhereItIs()
+    {
+        ScriptedHost host;
+        auto &form = *new Texts;
+        TextBox &page = form.Page;
+        page.SetFontSize(36);
+        const QString text = QStringLiteral("Le finestre non sono gialle.\r\n").repeated(6);
+        page.SetText(text);
+        form.Show();
+        QVERIFY(page.Drawn().Whole);
+        QVERIFY(page.Drawn().Points < 36);
+        auto *view = static_cast<QAbstractScrollArea *>(page.Widget());
+        const QImage before = view->grab().toImage();
+        const QPointF middle = view->rect().center();
+        QWheelEvent turn(middle, view->mapToGlobal(middle), {}, {0, -240}, Qt::NoButton,
+                         Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(view->viewport(), &turn);
+        QVERIFY(view->grab().toImage() == before);
+        QVERIFY(!view->verticalScrollBar()->isVisible());
+        QVERIFY(!view->horizontalScrollBar()->isVisible());
+        // A wider page is laid anew.
+        const double narrow = page.Drawn().Points;
+        page.SetWidth(6000);
+        QVERIFY(page.Drawn().Points > narrow);
+        // What a screen reader reads.
+        QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(view);
+        QCOMPARE(spoken->role(), QAccessible::EditableText);
+        QAccessibleTextInterface *words = spoken->textInterface();
+        QCOMPARE(words->text(0, words->characterCount()),
+                 QStringLiteral("Le finestre non sono gialle.\n").repeated(6).chopped(1));
+    }
+
+    void aCaptionKeepsClearOfTheEdgesOfItsButton()
+    {
+        ScriptedHost host;
+        auto &form = *new Texts;
+        Button &button = form.Answer;
+        button.SetBackColor(0x00FFFFFF);
+        button.SetForeColor(0x000000FF); // red
+        form.Show();
+        for (const char *const caption : {"uguale", "diversa", "DIVERSA", "UGUALE"})
+            for (const bool bold : {false, true})
+                for (const double size : {14.0, 40.0}) {
+                    button.SetFontBold(bold);
+                    button.SetFontSize(size);
+                    button.SetCaption(QString::fromLatin1(caption));
+                    const QImage seen = button.Widget()->grab().toImage();
+                    const auto isLetter = [&](int x, int y) {
+                        const QColor color = seen.pixelColor(x, y);
+                        return color.red() > color.green() + 100;
+                    };
+                    int left = seen.width();
+                    int right = 0;
+                    for (int x = 0; x < seen.width(); ++x)
+                        for (int y = 0; y < seen.height(); ++y)
+                            if (isLetter(x, y)) {
+                                left = std::min(left, x);
+                                right = std::max(right, x);
+                            }
+                    QVERIFY2(left >= seen.width() / 10, caption);
+                    QVERIFY2(seen.width() - 1 - right >= seen.width() / 10, caption);
+                }
     }
 
     void anAutomaticWidthFollowsTheText()
