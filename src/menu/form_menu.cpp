@@ -61,6 +61,7 @@ void FormMenu::Disegna()
         titolo.SetFontName(QStringLiteral("arial"));
         titolo.SetFontBold(true);
         titolo.SetFontSize(14.25);
+        titolo.ShareSize(Command1(0));
     }
     Command1(0).SetMousePointer(platform::MousePointer::Custom);
     Combo1.SetVisible(false);
