@@ -1,7 +1,7 @@
 // Texts are drawn as large as they fit, with nothing cut: not a line, not a word, not a stroke.
 #include "platform/fitted_text.h"
 
-#include "support/scripted_host.h"
+#include "support/registered_tests.h"
 
 #include <QFontDatabase>
 #include <QImage>
@@ -206,6 +206,6 @@ private Q_SLOTS:
     }
 };
 
-MORLENE_TEST_MAIN(TestFittedText)
+MORLENE_TEST(TestFittedText)
 
 #include "test_fitted_text.moc"
