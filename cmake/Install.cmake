@@ -2,7 +2,8 @@
 include(GNUInstallDirs)
 set(program_folder ${CMAKE_INSTALL_LIBDIR}/morlenekvt)
 install(TARGETS morlenekvt DESTINATION ${program_folder})
-install(DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/lngmorlene ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/swf
+install(DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/lngmorlene
+    ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/giocatori ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/swf
     ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/immagini ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/suoni
     DESTINATION ${program_folder} PATTERN "LangSetting.ini" EXCLUDE)
 install(DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/animazioni DESTINATION ${program_folder} OPTIONAL)
@@ -23,11 +24,7 @@ install(CODE "
     file(CREATE_LINK ${MORLENE_DRIVE_ROOT}LangSetting.ini
         \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${program_folder}/lngmorlene/LangSetting.ini SYMBOLIC)
     if(NOT \"\$ENV{DESTDIR}\")
-        execute_process(COMMAND ${CMAKE_SOURCE_DIR}/tools/make_drive_root.sh ${MORLENE_DRIVE_ROOT})
-        if(NOT EXISTS ${MORLENE_DRIVE_ROOT}LangSetting.ini)
-            file(COPY ${CMAKE_SOURCE_DIR}/data/lngmorlene/LangSetting.ini
-                DESTINATION ${MORLENE_DRIVE_ROOT}
-                FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ GROUP_WRITE WORLD_READ WORLD_WRITE)
-        endif()
+        execute_process(COMMAND ${CMAKE_SOURCE_DIR}/tools/make_drive_root.sh ${MORLENE_DRIVE_ROOT}
+            ${CMAKE_INSTALL_PREFIX}/${program_folder})
     endif()
 ")
