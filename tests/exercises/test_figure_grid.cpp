@@ -3,11 +3,9 @@
 #include "exercises/form_es7.h"
 
 #include "exercises/grid_fixture.h"
-#include "support/expected_text.h"
 #include "support/hands.h"
 #include "support/registered_tests.h"
 
-#include <QSet>
 #include <QTest>
 
 using namespace platform;
@@ -379,31 +377,6 @@ private Q_SLOTS:
         player.Host.Expect(GridTask(2, 0));
         const GrigliaFigure &form = OpenGrid(player, exercise);
         QVERIFY(form.Text1.Text().startsWith(QStringLiteral("IL COMIGNOLO È VERDE.\r\n")));
-    }
-
-    void theSentencesAreThoseThatWereRead()
-    {
-        QStringList lines;
-        for (const int exercise : {6, 7}) {
-            Player player;
-            SuoniAttivi = false;
-            player.Host.Seed(80);
-            GrigliaFigure &form = OpenGrid(player, exercise);
-            form.LockDrawing(true);
-            QSet<QString> seen;
-            for (int task = 0; task < 200; ++task) {
-                ChooseLevel(form, 1);
-                NumeroEserciziEseguiti = 1;
-                for (const QString &line :
-                     form.Text1.Text().split(QStringLiteral("\r\n"), Qt::SkipEmptyParts))
-                    seen << line;
-                player.Host.TakeEvents();
-            }
-            QStringList sorted(seen.cbegin(), seen.cend());
-            sorted.sort();
-            lines << QStringLiteral("exercise %1").arg(exercise) << form.Label1.Caption() << sorted;
-        }
-        CompareWithExpected(QStringLiteral("sentences_es6_es7.txt"), lines);
     }
 };
 

@@ -3,13 +3,11 @@
 #include "exercises/form_es2.h"
 
 #include "support/exercise_fixture.h"
-#include "support/expected_text.h"
 #include "support/fair_tasks.h"
 #include "support/hands.h"
 #include "support/registered_tests.h"
 #include "support/sentence_reader.h"
 
-#include <QSet>
 #include <QTest>
 
 using namespace platform;
@@ -352,30 +350,6 @@ private Q_SLOTS:
         qInfo("%d tasks judged, %d with the first answer, %d unpainted passed over", judged,
               firstOnes, unpainted);
         QVERIFY(std::abs(3 * unpainted - 7 * judged) < 200);
-    }
-
-    void theSentencesAreThoseThatWereRead()
-    {
-        Player player;
-        SuoniAttivi = false;
-        player.Host.Seed(77);
-        auto &form = player.Open<FormEs2>();
-        form.LockDrawing(true);
-        QStringList lines;
-        for (int level = 1; level <= 3; ++level) {
-            QSet<QString> seen;
-            for (int task = 0; task < 600; ++task) {
-                ChooseLevel(form, level);
-                NumeroEserciziEseguiti = 1;
-                for (const int answer : {0, 1})
-                    seen << form.Label1.Caption() + Messaggi(0) + form.Command1(answer).Caption();
-                player.Host.TakeEvents();
-            }
-            QStringList sorted(seen.cbegin(), seen.cend());
-            sorted.sort();
-            lines << QStringLiteral("level %1").arg(level) << sorted;
-        }
-        CompareWithExpected(QStringLiteral("sentences_es2.txt"), lines);
     }
 };
 

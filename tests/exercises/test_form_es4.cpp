@@ -2,7 +2,6 @@
 #include "exercises/form_es4.h"
 
 #include "support/exercise_fixture.h"
-#include "support/expected_text.h"
 #include "support/fair_tasks.h"
 #include "support/hands.h"
 #include "support/registered_tests.h"
@@ -10,7 +9,6 @@
 
 #include <QImage>
 #include <QPixmap>
-#include <QSet>
 #include <QTest>
 
 using namespace platform;
@@ -565,31 +563,6 @@ private Q_SLOTS:
             player.Host.TakeEvents();
         }
         qInfo("%d tasks painted, %d parts made wrong on purpose", FairTasks, wrongOnes);
-    }
-
-    void theSentencesAreThoseThatWereRead()
-    {
-        Player player;
-        SuoniAttivi = false;
-        player.Host.Seed(78);
-        auto &form = player.Open<FormEs4>();
-        form.LockDrawing(true);
-        QStringList lines;
-        for (int level = 1; level <= 6; ++level) {
-            QSet<QString> seen;
-            for (int task = 0; task < 400; ++task) {
-                ChooseLevel(form, level);
-                NumeroEserciziEseguiti = 1;
-                for (const QString &sentence :
-                     form.Text1.Text().split(QStringLiteral("\r\n"), Qt::SkipEmptyParts))
-                    seen << sentence;
-                player.Host.TakeEvents();
-            }
-            QStringList sorted(seen.cbegin(), seen.cend());
-            sorted.sort();
-            lines << QStringLiteral("level %1").arg(level) << sorted;
-        }
-        CompareWithExpected(QStringLiteral("sentences_es4.txt"), lines);
     }
 };
 

@@ -2,13 +2,11 @@
 #include "exercises/form_es5.h"
 
 #include "support/exercise_fixture.h"
-#include "support/expected_text.h"
 #include "support/fair_tasks.h"
 #include "support/hands.h"
 #include "support/registered_tests.h"
 #include "support/sentence_reader.h"
 
-#include <QSet>
 #include <QTest>
 
 using namespace platform;
@@ -547,41 +545,6 @@ private Q_SLOTS:
         }
         qInfo("%d figures judged, %d fitted, %d odd series passed over", judged, trueOnes, odd);
         QVERIFY(std::abs(trueOnes - judged / 2) < FiveDeviations(judged));
-    }
-
-    void theSentencesAreThoseThatWereRead()
-    {
-        Player player;
-        SuoniAttivi = false;
-        player.Host.Seed(79);
-        auto &form = player.Open<FormEs5>();
-        form.LockDrawing(true);
-        QStringList lines;
-        for (int level = 1; level <= 4; ++level) {
-            // What opens the sentence, and what joins the second clause to the first, apart.
-            QSet<QString> seen;
-            for (int task = 0; task < 6000; ++task) {
-                ChooseLevel(form, level);
-                NumeroEserciziEseguiti = 1;
-                player.Host.TakeEvents();
-                const QString text = form.Label1.Caption();
-                const QString joint = level == 2   ? QStringLiteral(" e ")
-                                      : level == 3 ? QStringLiteral(" o che ")
-                                                   : QStringLiteral(" o ");
-                const auto at = level == 1 ? -1 : text.indexOf(joint);
-                if (at < 0) {
-                    // Above level 1 the required oddities leave the first clause alone.
-                    seen << (level == 1 ? text : QStringLiteral("(the first clause alone)"));
-                } else {
-                    seen << text.left(at) + QStringLiteral(" ...");
-                    seen << QStringLiteral("...") + text.mid(at);
-                }
-            }
-            QStringList sorted(seen.cbegin(), seen.cend());
-            sorted.sort();
-            lines << QStringLiteral("level %1").arg(level) << sorted;
-        }
-        CompareWithExpected(QStringLiteral("sentences_es5.txt"), lines);
     }
 };
 
