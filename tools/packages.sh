@@ -1,11 +1,11 @@
 # Debian packages, for the scripts that install what is missing.
 
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache git ca-certificates
-    qt6-base-dev qt6-svg-dev libpulse-dev libxcb1-dev libxcb-xkb-dev
+    qt6-base-dev qt6-svg-dev libpulse-dev libsndfile1-dev libxcb1-dev libxcb-xkb-dev
     python3 python3-fonttools)
 
-RUN_PACKAGES=(libqt6widgets6 libcups2 libqt6printsupport6 libqt6svg6 libqt6xml6 qt6-qpa-plugins qt6-image-formats-plugins
-    qt6-translations-l10n libpulse0 libxcb-xkb1 fonts-dejavu-core fonts-liberation2
+RUN_PACKAGES=(libqt6widgets6 libcups2 libqt6svg6 libqt6xml6 qt6-qpa-plugins qt6-image-formats-plugins
+    qt6-translations-l10n libpulse0 libsndfile1 libxcb-xkb1 fonts-dejavu-core fonts-liberation2
     fonts-comic-neue)
 
 TEST_PACKAGES=(xvfb openbox xdotool x11-utils dbus at-spi2-core python3-pyatspi python3-pil

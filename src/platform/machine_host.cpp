@@ -133,7 +133,7 @@ QString MachineHost::InputBox(const QString &prompt, const QString &title, const
 
 void MachineHost::PlaySound(const QString &nativePath)
 {
-    PlayWaveFile(nativePath);
+    PlaySoundFile(nativePath);
 }
 
 void MachineHost::OpenDocument(const QString &nativePath)

@@ -4,13 +4,14 @@
 
 #if defined(MORLENE_PULSE)
 
-#include <algorithm>
 #include <chrono>
+#include <memory>
 #include <utility>
+#include <vector>
 
 #include <pulse/pulseaudio.h>
 
-#include "platform/wave_file.h"
+#include "platform/sound_file.h"
 
 namespace platform {
 namespace {
@@ -21,15 +22,12 @@ constexpr pa_usec_t kTargetLength = 40 * PA_USEC_PER_MSEC;
 // A server that was stuck for longer must not answer a child who is at the next task by now.
 constexpr std::chrono::seconds kLatestStart{2};
 
-pa_sample_spec SampleSpec(const WaveSound &sound)
+pa_sample_spec SampleSpec(const SoundFile &sound)
 {
     pa_sample_spec spec{};
-    spec.format = sound.bitsPerSample == 8    ? PA_SAMPLE_U8
-                  : sound.bitsPerSample == 16 ? PA_SAMPLE_S16LE
-                  : sound.bitsPerSample == 24 ? PA_SAMPLE_S24LE
-                                              : PA_SAMPLE_S32LE;
-    spec.channels = static_cast<uint8_t>(sound.channels);
-    spec.rate = static_cast<uint32_t>(sound.framesPerSecond);
+    spec.format = PA_SAMPLE_FLOAT32NE;
+    spec.channels = static_cast<uint8_t>(sound.Channels());
+    spec.rate = static_cast<uint32_t>(sound.FramesPerSecond());
     return spec;
 }
 
@@ -57,14 +55,15 @@ public:
     Player(const Player &) = delete;
     Player &operator=(const Player &) = delete;
 
-    void Play(WaveSound sound)
+    // Without a sound only the one that still plays is cut off.
+    void Play(std::unique_ptr<SoundFile> sound)
     {
         if (!m_loop)
             return;
         pa_threaded_mainloop_lock(m_loop);
         DropStream();
         m_sound = std::move(sound);
-        m_written = 0;
+        m_begun = false;
         m_asked = std::chrono::steady_clock::now();
         // Finding the server reads files and may take some milliseconds: the loop does it.
         pa_mainloop_api_once(pa_threaded_mainloop_get_api(m_loop), &Player::Start, this);
@@ -94,9 +93,9 @@ private:
 
     void StartStream()
     {
-        if (IsTooLate() || m_sound.samples.isEmpty())
+        if (IsTooLate() || !m_sound)
             return;
-        const pa_sample_spec spec = SampleSpec(m_sound);
+        const pa_sample_spec spec = SampleSpec(*m_sound);
         m_stream = pa_stream_new(m_context, "MorleneKVT", &spec, nullptr);
         if (!m_stream)
             return;
@@ -168,22 +167,22 @@ private:
     static void WriteMore(pa_stream *stream, size_t wanted, void *self)
     {
         Player &player = *static_cast<Player *>(self);
-        if (player.m_written == 0 && player.IsTooLate()) {
+        if (!player.m_begun && player.IsTooLate()) {
             player.DropStream();
             return;
         }
-        const qsizetype left = player.m_sound.samples.size() - player.m_written;
-        const qsizetype frame = player.m_sound.channels * player.m_sound.bitsPerSample / 8;
-        const qsizetype room = static_cast<qsizetype>(wanted);
-        const qsizetype length = std::min(left, room - room % frame);
-        if (length == 0)
-            return;
-        const char *from = player.m_sound.samples.constData() + player.m_written;
-        pa_stream_write(stream, from, static_cast<size_t>(length), nullptr, 0, PA_SEEK_RELATIVE);
-        player.m_written += length;
-        if (length < left)
+        player.m_begun = true;
+        const auto channels = static_cast<size_t>(player.m_sound->Channels());
+        const size_t frames = wanted / sizeof(float) / channels;
+        player.m_samples.resize(frames * channels);
+        const size_t read = player.m_sound->Read(player.m_samples.data(), frames);
+        if (read > 0)
+            pa_stream_write(stream, player.m_samples.data(), read * channels * sizeof(float),
+                            nullptr, 0, PA_SEEK_RELATIVE);
+        if (read == frames)
             return;
         // Draining also starts a sound that is shorter than what the server wants ahead.
+        pa_stream_set_write_callback(stream, nullptr, nullptr);
         if (pa_operation *drain = pa_stream_drain(stream, &Player::Drained, self))
             pa_operation_unref(drain);
     }
@@ -193,18 +192,19 @@ private:
     pa_threaded_mainloop *m_loop = nullptr;
     pa_context *m_context = nullptr;
     pa_stream *m_stream = nullptr;
-    WaveSound m_sound;
-    qsizetype m_written = 0; // bytes of the samples that the server has
+    std::unique_ptr<SoundFile> m_sound;
+    std::vector<float> m_samples;
+    bool m_begun = false; // the server has some of it
     std::chrono::steady_clock::time_point m_asked;
 };
 
 } // namespace
 
-void PlayWaveFile(const QString &nativePath)
+void PlaySoundFile(const QString &nativePath)
 {
     static Player player;
     // A missing file cuts off what still plays, too.
-    player.Play(ReadWaveFile(nativePath).value_or(WaveSound{}));
+    player.Play(SoundFile::Open(nativePath));
 }
 
 } // namespace platform
@@ -215,7 +215,7 @@ void PlayWaveFile(const QString &nativePath)
 
 #include <mmsystem.h>
 
-void platform::PlayWaveFile(const QString &nativePath)
+void platform::PlaySoundFile(const QString &nativePath)
 {
     PlaySoundW(reinterpret_cast<const wchar_t *>(nativePath.utf16()), nullptr,
                SND_FILENAME | SND_ASYNC | SND_NODEFAULT);
@@ -223,6 +223,6 @@ void platform::PlayWaveFile(const QString &nativePath)
 
 #else
 
-void platform::PlayWaveFile(const QString &) {}
+void platform::PlaySoundFile(const QString &) {}
 
 #endif

@@ -11,7 +11,7 @@ int main()
     std::string path;
     while (std::getline(std::cin, path)) {
         const auto before = std::chrono::steady_clock::now();
-        platform::PlayWaveFile(QString::fromStdString(path));
+        platform::PlaySoundFile(QString::fromStdString(path));
         const auto waited = std::chrono::steady_clock::now() - before;
         std::cout << std::chrono::duration_cast<std::chrono::microseconds>(waited).count()
                   << std::endl;
