@@ -25,6 +25,6 @@ install(CODE "
         \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${program_folder}/lngmorlene/LangSetting.ini SYMBOLIC)
     if(NOT \"\$ENV{DESTDIR}\")
         execute_process(COMMAND ${CMAKE_SOURCE_DIR}/tools/make_drive_root.sh ${MORLENE_DRIVE_ROOT}
-            ${CMAKE_INSTALL_PREFIX}/${program_folder})
+            \${CMAKE_INSTALL_PREFIX}/${program_folder})
     endif()
 ")
