@@ -49,6 +49,7 @@ public:
         if (level > 1)
             window.mnuLiv.OnClick(level);
         window.LockDrawing(true);
+        Host.Watching = false;
         return window;
     }
 

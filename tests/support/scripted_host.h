@@ -52,6 +52,7 @@ public:
     // What happened: "Command1(0).Enabled=True", "suono si/2.wav", "estratto 1 di 4", ...
     QStringList Events;
     bool RecordsDraws = false;
+    bool Watching = true; // else what windows show is not recorded
     // Takes what was recorded and starts anew.
     QStringList TakeEvents();
 
@@ -99,7 +100,7 @@ public:
     bool RegisterFont(const QString &nativePath) override;
     void EndProgram() override;
     void FatalError(int number, const QString &text) override;
-    bool Watches() const override { return true; }
+    bool Watches() const override { return Watching; }
     void Changed(const QString &what) override { Events << what; }
 
 private:
