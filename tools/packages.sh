@@ -13,6 +13,9 @@ TEST_PACKAGES=(xvfb openbox xdotool x11-utils dbus at-spi2-core python3-pyatspi 
     cups-daemon cups-core-drivers cups-filters-core-drivers cups-client poppler-utils
     clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 locales mold)
 
+BENCH_PACKAGES=(xvfb openbox x11-utils libxcb-damage0-dev libxcb-xtest0-dev libxcb-keysyms1-dev
+    x11proto-dev)
+
 # Installs those of its arguments that are missing.
 install_missing() {
     local missing=() package
