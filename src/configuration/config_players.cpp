@@ -1,28 +1,33 @@
-// The page of the players: choosing one, making one. A player is a profile file, and the settings
-// in force are saved to the old one first.
-#include "configuration/form_configura.h"
+#include "configuration/config_players.h"
 
 #include "core/lettering.h"
 #include "core/profile.h"
 #include "core/start.h"
-#include "platform/errors.h"
-#include "platform/files.h"
+#include "platform/base/errors.h"
+#include "platform/files/files.h"
 
 using namespace platform;
 
-void FormConfigura::ScegliTipoUtente()
+PaginaUtenti::PaginaUtenti(Label &nome, ControlArray<OptionButton> &tipi, ListBox &esistenti,
+                           TextBox &nuovo, std::function<void()> caricato)
+    : m_nome(nome), m_tipi(tipi), m_esistenti(esistenti), m_nuovo(nuovo),
+      m_caricato(std::move(caricato))
+{
+}
+
+void PaginaUtenti::ScegliTipo()
 {
     SalvaImpostazioni();
-    if (OptionUtente(0).Value()) {
+    if (m_tipi(0).Value()) {
         // Nothing is loaded: the settings in force go over to the default player: meant.
         NomeUtente = QStringLiteral("_predefinito");
-        Label4.SetCaption(NomeUtente);
+        m_nome.SetCaption(NomeUtente);
         FileUtente = CartellaImpostazioni() + QStringLiteral("_predefinito.ini");
-        TextNuovoUtente.SetVisible(false);
-        ListModificaUtente.SetVisible(false);
-    } else if (OptionUtente(1).Value()) {
-        ListModificaUtente.SetVisible(true);
-        ListModificaUtente.Clear();
+        m_nuovo.SetVisible(false);
+        m_esistenti.SetVisible(false);
+    } else if (m_tipi(1).Value()) {
+        m_esistenti.SetVisible(true);
+        m_esistenti.Clear();
         QStringList nomi;
         Skipping([&] {
             nomi =
@@ -30,33 +35,33 @@ void FormConfigura::ScegliTipoUtente()
         });
         for (const QString &nome : nomi)
             if (InMinuscolo(nome) != QStringLiteral("_predefinito.ini"))
-                ListModificaUtente.AddItem(InMaiuscolo(nome.chopped(4)));
-        TextNuovoUtente.SetVisible(false);
-    } else if (OptionUtente(2).Value()) {
-        TextNuovoUtente.SetText({});
-        TextNuovoUtente.SetVisible(true);
-        Skipping([&] { TextNuovoUtente.SetFocus(); });
-        ListModificaUtente.SetVisible(false);
+                m_esistenti.AddItem(InMaiuscolo(nome.chopped(4)));
+        m_nuovo.SetVisible(false);
+    } else if (m_tipi(2).Value()) {
+        m_nuovo.SetText({});
+        m_nuovo.SetVisible(true);
+        Skipping([&] { m_nuovo.SetFocus(); });
+        m_esistenti.SetVisible(false);
     }
 }
 
-void FormConfigura::ModificaUtente()
+void PaginaUtenti::Modifica()
 {
     SalvaImpostazioni();
-    FileUtente = CartellaImpostazioni() + ListModificaUtente.Text() + QStringLiteral(".ini");
-    NomeUtente = ListModificaUtente.Text();
-    Label4.SetCaption(NomeUtente);
+    FileUtente = CartellaImpostazioni() + m_esistenti.Text() + QStringLiteral(".ini");
+    NomeUtente = m_esistenti.Text();
+    m_nome.SetCaption(NomeUtente);
     CaricaImpostazioni();
-    ImpostaConfigurazioni();
+    m_caricato();
 }
 
-void FormConfigura::ScriviNuovoUtente()
+void PaginaUtenti::ScriviNuovo()
 {
     // Nothing is checked: a name that the file layer refuses fails at the next save.
-    const QString nome = TextNuovoUtente.Text();
+    const QString nome = m_nuovo.Text();
     if (nome.trimmed().isEmpty())
         return;
     FileUtente = CartellaImpostazioni() + nome + QStringLiteral(".ini");
     NomeUtente = nome;
-    Label4.SetCaption(NomeUtente);
+    m_nome.SetCaption(NomeUtente);
 }

@@ -7,9 +7,9 @@
 #include "core/windows.h"
 #include "frame/figure_movie.h"
 #include "language/language.h"
-#include "platform/errors.h"
-#include "platform/host.h"
-#include "platform/local_text.h"
+#include "platform/base/errors.h"
+#include "platform/base/local_text.h"
+#include "platform/host/host.h"
 #include "support/dialogs.h"
 #include "support/full_screen.h"
 
@@ -45,9 +45,9 @@ void FormConfigura::Collega()
     TabStrip1.OnClick = [this] { MostraPagina(); };
     mnuEsci.OnClick = [this] { Esci(); };
 
-    OptionUtente.OnClick = [this](int) { ScegliTipoUtente(); };
-    ListModificaUtente.OnClick = [this] { ModificaUtente(); };
-    TextNuovoUtente.OnChange = [this] { ScriviNuovoUtente(); };
+    OptionUtente.OnClick = [this](int) { m_utenti.ScegliTipo(); };
+    ListModificaUtente.OnClick = [this] { m_utenti.Modifica(); };
+    TextNuovoUtente.OnChange = [this] { m_utenti.ScriviNuovo(); };
     CheckSalvaUtente.OnClick = [this] { SalvaUtente = CheckSalvaUtente.Value(); };
 
     CasellaColorata.OnClick = [this](int casella) { ScegliCasella(casella); };

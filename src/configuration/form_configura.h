@@ -2,20 +2,21 @@
 // cancel; each control writes its variable at once, and leaving saves the profile.
 #pragma once
 
-#include "platform/button.h"
-#include "platform/check_box.h"
-#include "platform/control_array.h"
-#include "platform/form.h"
-#include "platform/frame.h"
-#include "platform/label.h"
-#include "platform/list_box.h"
-#include "platform/menu.h"
-#include "platform/movie_control.h"
-#include "platform/option_button.h"
-#include "platform/picture.h"
-#include "platform/scroll_bar.h"
-#include "platform/tab_strip.h"
-#include "platform/text_box.h"
+#include "configuration/config_players.h"
+#include "platform/controls/button.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/control_array.h"
+#include "platform/controls/form.h"
+#include "platform/controls/frame.h"
+#include "platform/controls/label.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/menu.h"
+#include "platform/controls/movie_control.h"
+#include "platform/controls/option_button.h"
+#include "platform/controls/picture.h"
+#include "platform/controls/scroll_bar.h"
+#include "platform/controls/tab_strip.h"
+#include "platform/controls/text_box.h"
 
 class FormConfigura : public platform::Form {
 public:
@@ -84,14 +85,13 @@ private:
     void Ridimensiona();
     void MostraPagina();
 
-    void ScegliTipoUtente();
-    void ModificaUtente();
-    void ScriviNuovoUtente();
-
     void ScegliCasella(int casella);
     void UsaCarattere(const QString &tipo);
     void CambiaFont();
     void CambiaModoInput(int modo);
     void ScriviVelocita();
     void Esci();
+
+    PaginaUtenti m_utenti{Label4, OptionUtente, ListModificaUtente, TextNuovoUtente,
+                          [this] { ImpostaConfigurazioni(); }};
 };
