@@ -1,6 +1,6 @@
 #include "core/palette.h"
 
-#include "platform/errors.h"
+#include "platform/base/errors.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // The 216 web-safe colours from which an adult chooses, in a fixed order that no formula gives.
 #pragma once
 
-#include "platform/colors.h"
+#include "platform/base/colors.h"
 
 #include <QString>
 

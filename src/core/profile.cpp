@@ -1,8 +1,8 @@
 #include "core/profile.h"
 
 #include "language/language.h"
-#include "platform/errors.h"
-#include "platform/files.h"
+#include "platform/base/errors.h"
+#include "platform/files/files.h"
 
 #include <array>
 

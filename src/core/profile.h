@@ -2,7 +2,7 @@
 // position, loaded and saved at few moments.
 #pragma once
 
-#include "core/shared_state.h"
+#include "core/tables.h"
 
 #include <QString>
 

@@ -11,8 +11,6 @@
 
 class clsResize;
 
-template <int Righe, int Colonne> using TabellaTesti = Tabella<QString, Righe, Colonne>;
-
 // The rescaling object of the window that was opened last. Written by every window's load.
 extern std::shared_ptr<clsResize> Ridimensionatore;
 

@@ -1,9 +1,9 @@
 #include "core/sounds.h"
 
 #include "core/profile.h"
-#include "platform/chance.h"
-#include "platform/errors.h"
-#include "platform/files.h"
+#include "platform/base/errors.h"
+#include "platform/files/files.h"
+#include "platform/host/chance.h"
 
 using namespace platform;
 

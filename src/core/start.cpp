@@ -5,9 +5,9 @@
 #include "core/shared_state.h"
 #include "core/windows.h"
 #include "language/language.h"
-#include "platform/errors.h"
-#include "platform/files.h"
-#include "platform/host.h"
+#include "platform/base/errors.h"
+#include "platform/files/files.h"
+#include "platform/host/host.h"
 
 #include <array>
 

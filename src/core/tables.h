@@ -1,7 +1,9 @@
 // Rows of values whose bounds are real: an index outside is error 9, as everywhere in the rules.
 #pragma once
 
-#include "platform/errors.h"
+#include "platform/base/errors.h"
+
+#include <QString>
 
 #include <array>
 #include <cstddef>
@@ -36,3 +38,5 @@ public:
 private:
     std::array<T, static_cast<size_t>(Righe) * Colonne> m_celle{};
 };
+
+template <int Righe, int Colonne> using TabellaTesti = Tabella<QString, Righe, Colonne>;

@@ -1,6 +1,6 @@
 #include "core/windows.h"
 
-#include "platform/errors.h"
+#include "platform/base/errors.h"
 
 #include <map>
 

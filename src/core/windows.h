@@ -1,7 +1,7 @@
 // Main windows by name, so that none includes another. Each exists at most once.
 #pragma once
 
-#include "platform/form.h"
+#include "platform/controls/form.h"
 
 #include <QString>
 
