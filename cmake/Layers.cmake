@@ -31,10 +31,12 @@ function(morlene_precompiled target)
     endif()
 endfunction()
 
-# morlene_layer(NAME DEPENDS layer... [SOURCES file...] [LIBRARIES target...])
-# Without SOURCES every .cpp below the current folder belongs to the layer.
+# morlene_layer(NAME DEPENDS layer... [SOURCES file...] [LIBRARIES target...] [HEADERS_OF target])
+# Without SOURCES every .cpp below the current folder belongs to the layer. HEADERS_OF names the layer
+# that lends its precompiled headers; those above the platform borrow from the first of them, since
+# they see the toolkit's value types alone.
 function(morlene_layer name)
-    cmake_parse_arguments(ARG "" "" "DEPENDS;SOURCES;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(ARG "" "HEADERS_OF" "DEPENDS;SOURCES;LIBRARIES" ${ARGN})
     if(NOT ARG_SOURCES)
         file(GLOB_RECURSE ARG_SOURCES CONFIGURE_DEPENDS
             ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
@@ -42,16 +44,16 @@ function(morlene_layer name)
     add_library(${name} STATIC ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
     target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} ${ARG_LIBRARIES} PRIVATE morlene_flags)
-    # The first layer above the platform lends its precompiled headers to the others, which see the
-    # toolkit's value types alone.
-    if(name STREQUAL platform)
+    if(name STREQUAL platform_base)
         morlene_precompiled(${name} HEADERS <QtWidgets/QApplication> <QtWidgets/QWidget>
             <QtGui/QPainter> <QtGui/QPixmap> <QtCore/QString> <QtCore/QHash> <QtCore/QFile>
-            <QtXml/QDomDocument> <algorithm> <functional> <memory> <vector>)
+            <algorithm> <functional> <memory> <vector>)
     elseif(name STREQUAL language)
         morlene_precompiled(${name} HEADERS <QtCore/QString> <QtCore/QStringList> <QtCore/QList>
             <QtCore/QByteArray> <algorithm> <functional> <memory> <vector>)
-    else()
+    elseif(NOT DEFINED ARG_HEADERS_OF)
         morlene_precompiled(${name} REUSE_FROM language)
+    elseif(ARG_HEADERS_OF)
+        morlene_precompiled(${name} REUSE_FROM ${ARG_HEADERS_OF})
     endif()
 endfunction()

@@ -1,5 +1,5 @@
 // The program on this machine.
-#include "platform/machine_host.h"
+#include "platform/machine/machine_host.h"
 #include "program.h"
 
 int main(int argc, char **argv)

@@ -2,7 +2,7 @@
 
 #include "core/lettering.h"
 #include "core/sounds.h"
-#include "platform/chance.h"
+#include "platform/host/chance.h"
 
 using namespace platform;
 

@@ -4,7 +4,7 @@
 
 #include "frame/exercise_window.h"
 #include "frame/figure_movie.h"
-#include "platform/label.h"
+#include "platform/controls/label.h"
 
 struct DisegnoDifferenze {
     platform::Place Figura1;

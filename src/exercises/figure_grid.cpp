@@ -3,8 +3,8 @@
 #include "core/lettering.h"
 #include "core/sounds.h"
 #include "frame/sentences.h"
-#include "platform/chance.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
+#include "platform/host/chance.h"
 
 using namespace platform;
 

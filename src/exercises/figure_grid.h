@@ -4,10 +4,10 @@
 
 #include "frame/exercise_window.h"
 #include "frame/figure_movie.h"
-#include "platform/frame.h"
-#include "platform/label.h"
-#include "platform/shape.h"
-#include "platform/text_box.h"
+#include "platform/controls/frame.h"
+#include "platform/controls/label.h"
+#include "platform/controls/shape.h"
+#include "platform/controls/text_box.h"
 
 #include <array>
 

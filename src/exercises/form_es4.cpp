@@ -5,7 +5,7 @@
 #include "core/lettering.h"
 #include "core/sounds.h"
 #include "frame/sentences.h"
-#include "platform/chance.h"
+#include "platform/host/chance.h"
 
 using namespace platform;
 

@@ -3,8 +3,8 @@
 
 #include "frame/exercise_window.h"
 #include "frame/figure_movie.h"
-#include "platform/label.h"
-#include "platform/text_box.h"
+#include "platform/controls/label.h"
+#include "platform/controls/text_box.h"
 
 class FormEs4 : public FinestraEsercizio {
 public:

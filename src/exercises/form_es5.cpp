@@ -7,7 +7,7 @@
 #include "core/sounds.h"
 #include "frame/sentences.h"
 #include "language/language.h"
-#include "platform/chance.h"
+#include "platform/host/chance.h"
 
 using namespace platform;
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "exercises/differences.h"
-#include "platform/shape.h"
+#include "platform/controls/shape.h"
 
 class FormEs8 : public Differenze {
 public:

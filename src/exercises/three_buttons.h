@@ -3,7 +3,7 @@
 #pragma once
 
 #include "frame/exercise_window.h"
-#include "platform/label.h"
+#include "platform/controls/label.h"
 
 class TreBottoni : public FinestraEsercizio {
 public:

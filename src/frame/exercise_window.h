@@ -5,14 +5,14 @@
 #include "core/profile.h"
 #include "core/shared_state.h"
 #include "frame/scanning.h"
-#include "platform/button.h"
-#include "platform/control_array.h"
-#include "platform/form.h"
-#include "platform/menu.h"
-#include "platform/movie_control.h"
-#include "platform/picture.h"
-#include "platform/status_bar.h"
-#include "platform/timer.h"
+#include "platform/controls/button.h"
+#include "platform/controls/control_array.h"
+#include "platform/controls/form.h"
+#include "platform/controls/menu.h"
+#include "platform/controls/movie_control.h"
+#include "platform/controls/picture.h"
+#include "platform/controls/status_bar.h"
+#include "platform/controls/timer.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,7 +1,7 @@
 #include "frame/figure_movie.h"
 
 #include "core/profile.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 
 #include <array>
 

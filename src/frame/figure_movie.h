@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/tables.h"
-#include "platform/movie_control.h"
+#include "platform/controls/movie_control.h"
 
 #include <cstdint>
 

@@ -2,8 +2,8 @@
 
 #include "core/windows.h"
 #include "language/language.h"
-#include "platform/errors.h"
-#include "platform/host.h"
+#include "platform/base/errors.h"
+#include "platform/host/host.h"
 #include "platform/printing/printer_object.h"
 #include "printing/stampa_fpb.h"
 

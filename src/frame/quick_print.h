@@ -1,7 +1,7 @@
 // The four ways from an exercise to paper. None looks at the input mode or stops the timer.
 #pragma once
 
-#include "platform/form.h"
+#include "platform/controls/form.h"
 
 // The window as it stands, without a dialog; a box when it cannot be printed.
 void StampaVeloce(platform::Form &finestra);

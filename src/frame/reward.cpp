@@ -1,7 +1,7 @@
 #include "frame/reward.h"
 
-#include "platform/chance.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
+#include "platform/host/chance.h"
 #include "platform/movies/movie_reader.h"
 
 using namespace platform;

@@ -1,8 +1,8 @@
 // The reward: a short movie in the place of the figure after every tenth right answer.
 #pragma once
 
-#include "platform/label.h"
-#include "platform/movie_control.h"
+#include "platform/controls/label.h"
+#include "platform/controls/movie_control.h"
 
 #include <cstdint>
 

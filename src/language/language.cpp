@@ -1,8 +1,8 @@
 #include "language/language.h"
 
-#include "platform/errors.h"
-#include "platform/files.h"
-#include "platform/ini.h"
+#include "platform/base/errors.h"
+#include "platform/files/files.h"
+#include "platform/files/ini.h"
 
 #include <QByteArray>
 

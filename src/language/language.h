@@ -2,7 +2,7 @@
 // window. No look-up ever fails: what is not there is an empty text, or keeps the design.
 #pragma once
 
-#include "platform/form.h"
+#include "platform/controls/form.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,8 +1,8 @@
 // The language file laid over a window.
 #include "language/language.h"
 
-#include "platform/control.h"
-#include "platform/errors.h"
+#include "platform/base/errors.h"
+#include "platform/controls/control.h"
 
 using namespace platform;
 

@@ -8,8 +8,8 @@
 #include "frame/scanning.h"
 #include "language/language.h"
 #include "menu/menu_items.h"
-#include "platform/errors.h"
-#include "platform/files.h"
+#include "platform/base/errors.h"
+#include "platform/files/files.h"
 #include "support/documents.h"
 #include "support/full_screen.h"
 
@@ -166,7 +166,7 @@ void FormMenu::ChiudiProgramma()
 {
     SalvaImpostazioni();
     Ridimensionatore.reset();
-    host().EndProgram();
+    EndProgram();
 }
 
 void FormMenu::Accendi(int indice)

@@ -1,13 +1,13 @@
 // The hub of the program: nine pictured items, the list of players, the menus of the adult.
 #pragma once
 
-#include "platform/combo_box.h"
-#include "platform/control_array.h"
-#include "platform/form.h"
-#include "platform/label.h"
-#include "platform/menu.h"
-#include "platform/picture.h"
-#include "platform/timer.h"
+#include "platform/controls/combo_box.h"
+#include "platform/controls/control_array.h"
+#include "platform/controls/form.h"
+#include "platform/controls/label.h"
+#include "platform/controls/menu.h"
+#include "platform/controls/picture.h"
+#include "platform/controls/timer.h"
 
 #include <cstdint>
 

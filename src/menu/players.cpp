@@ -7,8 +7,8 @@
 #include "core/shared_state.h"
 #include "core/start.h"
 #include "frame/scanning.h"
-#include "platform/errors.h"
-#include "platform/files.h"
+#include "platform/base/errors.h"
+#include "platform/files/files.h"
 
 #include <algorithm>
 

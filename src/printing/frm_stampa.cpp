@@ -1,8 +1,8 @@
 // The dialog's design, its opening and its buttons; sheet and fields stand in files of their own.
 #include "printing/frm_stampa.h"
 
-#include "platform/errors.h"
-#include "platform/host.h"
+#include "platform/base/errors.h"
+#include "platform/host/host.h"
 #include "printing/print_engine.h"
 #include "printing/print_fields.h"
 

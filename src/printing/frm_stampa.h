@@ -2,18 +2,18 @@
 // printed size in millimetres, copies.
 #pragma once
 
-#include "platform/button.h"
-#include "platform/check_box.h"
-#include "platform/combo_box.h"
-#include "platform/drawing_box.h"
-#include "platform/form.h"
-#include "platform/frame.h"
-#include "platform/label.h"
-#include "platform/picture.h"
-#include "platform/shape.h"
-#include "platform/text_box.h"
-#include "platform/timer.h"
-#include "platform/up_down.h"
+#include "platform/controls/button.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/combo_box.h"
+#include "platform/controls/drawing_box.h"
+#include "platform/controls/form.h"
+#include "platform/controls/frame.h"
+#include "platform/controls/label.h"
+#include "platform/controls/picture.h"
+#include "platform/controls/shape.h"
+#include "platform/controls/text_box.h"
+#include "platform/controls/timer.h"
+#include "platform/controls/up_down.h"
 
 class FrmStampa : public platform::Form {
 public:

@@ -1,6 +1,6 @@
 // The dialog's fields: what each takes, and what follows from it.
-#include "platform/errors.h"
-#include "platform/numbers.h"
+#include "platform/base/errors.h"
+#include "platform/base/numbers.h"
 #include "printing/frm_stampa.h"
 #include "printing/print_fields.h"
 

@@ -1,5 +1,5 @@
 // The sheet in its true shape, and the image at its true place on it.
-#include "platform/errors.h"
+#include "platform/base/errors.h"
 #include "printing/frm_stampa.h"
 #include "printing/print_fields.h"
 

@@ -1,9 +1,9 @@
 #include "printing/print_engine.h"
 
 #include "language/language.h"
-#include "platform/errors.h"
-#include "platform/host.h"
-#include "platform/picture.h"
+#include "platform/base/errors.h"
+#include "platform/controls/picture.h"
+#include "platform/host/host.h"
 #include "printing/print_pages.h"
 
 #include <algorithm>

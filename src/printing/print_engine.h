@@ -2,7 +2,7 @@
 // the sheet, and the road from the user's rectangle to that of the device.
 #pragma once
 
-#include "platform/form.h"
+#include "platform/controls/form.h"
 #include "printing/print_fields.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "printing/print_fields.h"
 
-#include "platform/host.h"
+#include "platform/host/host.h"
 
 #include <utility>
 

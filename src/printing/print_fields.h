@@ -2,8 +2,8 @@
 // dialog; all else starts anew at each opening.
 #pragma once
 
-#include "platform/form.h"
-#include "platform/printing/printing.h"
+#include "platform/controls/form.h"
+#include "platform/host/printing.h"
 
 #include <QByteArray>
 #include <QString>

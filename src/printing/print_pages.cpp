@@ -1,8 +1,8 @@
 #include "printing/print_pages.h"
 
 #include "language/language.h"
-#include "platform/errors.h"
-#include "platform/host.h"
+#include "platform/base/errors.h"
+#include "platform/host/host.h"
 #include "printing/print_fields.h"
 
 #include <QStringList>

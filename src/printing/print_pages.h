@@ -2,8 +2,8 @@
 // one page, one for each copy.
 #pragma once
 
-#include "platform/form.h"
-#include "platform/printing/printing.h"
+#include "platform/controls/form.h"
+#include "platform/host/printing.h"
 
 namespace platform {
 class PictureBox;

@@ -2,10 +2,10 @@
 // what was saved.
 #pragma once
 
-#include "platform/form.h"
-#include "platform/grid.h"
-#include "platform/label.h"
-#include "platform/menu.h"
+#include "platform/controls/form.h"
+#include "platform/controls/grid.h"
+#include "platform/controls/label.h"
+#include "platform/controls/menu.h"
 #include "results/report.h"
 
 class FormEserciziEseguiti : public platform::Form {

@@ -1,7 +1,7 @@
 // The log on paper, as a teacher puts it in a folder.
 #pragma once
 
-#include "platform/grid.h"
+#include "platform/controls/grid.h"
 #include "results/report.h"
 
 // Prints on the default printer, across the sheet. The table begins at `x` and, below the heading,

@@ -3,8 +3,8 @@
 // come back.
 #pragma once
 
-#include "platform/errors.h"
-#include "platform/files.h"
+#include "platform/base/errors.h"
+#include "platform/files/files.h"
 
 #include <QString>
 

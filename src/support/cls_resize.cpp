@@ -1,9 +1,9 @@
 #include "support/cls_resize.h"
 
 #include "core/lettering.h"
-#include "platform/control.h"
-#include "platform/errors.h"
-#include "platform/shape.h"
+#include "platform/base/errors.h"
+#include "platform/controls/control.h"
+#include "platform/controls/shape.h"
 
 #include <algorithm>
 #include <cmath>

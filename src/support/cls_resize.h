@@ -2,7 +2,7 @@
 // of each control and scales all of them by the ratios of the window's inner size, never the fonts.
 #pragma once
 
-#include "platform/form.h"
+#include "platform/controls/form.h"
 
 #include <QString>
 

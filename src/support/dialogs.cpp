@@ -1,9 +1,9 @@
 #include "support/dialogs.h"
 
 #include "core/shared_state.h"
-#include "platform/errors.h"
-#include "platform/files.h"
-#include "platform/host.h"
+#include "platform/base/errors.h"
+#include "platform/files/files.h"
+#include "platform/host/host.h"
 
 using namespace platform;
 

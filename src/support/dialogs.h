@@ -1,7 +1,7 @@
 // The common dialogs, driven with plain texts and controls. Cancel is the one negative result.
 #pragma once
 
-#include "platform/visual_control.h"
+#include "platform/controls/visual_control.h"
 
 #include <QString>
 

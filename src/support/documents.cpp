@@ -1,8 +1,8 @@
 #include "support/documents.h"
 
-#include "platform/errors.h"
-#include "platform/files.h"
-#include "platform/host.h"
+#include "platform/base/errors.h"
+#include "platform/files/files.h"
+#include "platform/host/host.h"
 
 using namespace platform;
 

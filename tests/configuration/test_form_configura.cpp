@@ -4,9 +4,9 @@
 
 #include "core/palette.h"
 #include "language/language.h"
-#include "platform/application.h"
-#include "platform/errors.h"
-#include "platform/local_text.h"
+#include "platform/base/errors.h"
+#include "platform/base/local_text.h"
+#include "platform/machine/application.h"
 #include "support/cls_resize.h"
 #include "support/exercise_fixture.h"
 #include "support/registered_tests.h"

@@ -2,7 +2,7 @@
 #include "core/palette.h"
 
 #include "core/shared_state.h"
-#include "platform/errors.h"
+#include "platform/base/errors.h"
 #include "support/registered_tests.h"
 
 #include <QSet>

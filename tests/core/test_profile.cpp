@@ -4,7 +4,7 @@
 #include "core/profile_text.h"
 #include "core/shared_state.h"
 #include "language/language.h"
-#include "platform/errors.h"
+#include "platform/base/errors.h"
 #include "support/application_folder.h"
 #include "support/registered_tests.h"
 #include "support/scripted_host.h"

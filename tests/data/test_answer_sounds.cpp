@@ -6,7 +6,7 @@
 #include <QDir>
 #include <QTest>
 
-#include "platform/sound_file.h"
+#include "platform/sound/sound_file.h"
 #include "support/registered_tests.h"
 
 namespace {

@@ -1,6 +1,6 @@
 // The windows that a language file names: each control is there, and Italian says what the design
 // says, so that a window reads and sounds the same with and without its language file.
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "support/exercise_fixture.h"
 #include "support/language_file.h"
 #include "support/registered_tests.h"

@@ -2,7 +2,7 @@
 // in it, and all else is as of a new player.
 #include "core/profile.h"
 #include "menu/form_menu.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "support/registered_tests.h"
 #include "support/speaking_player.h"
 

@@ -1,7 +1,7 @@
 // What holds for each of the eight exercises: the player's colours, levels that follow the score,
 // the mouse without a part in scanning, and errors that a child never sees.
 #include "exercises/every_exercise.h"
-#include "platform/application.h"
+#include "platform/machine/application.h"
 #include "support/registered_tests.h"
 
 #include <QImage>

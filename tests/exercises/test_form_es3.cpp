@@ -2,7 +2,7 @@
 #include "exercises/form_es3.h"
 
 #include "exercises/differences_fixture.h"
-#include "platform/application.h"
+#include "platform/machine/application.h"
 #include "support/exercise_fixture.h"
 #include "support/fair_tasks.h"
 #include "support/hands.h"

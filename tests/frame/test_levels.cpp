@@ -1,7 +1,7 @@
 // Levels: chosen by hand or following the score, with a row of the log for each change.
 #include "exercises/form_es1.h"
 
-#include "platform/application.h"
+#include "platform/machine/application.h"
 #include "support/exercise_fixture.h"
 #include "support/hands.h"
 #include "support/registered_tests.h"

@@ -3,7 +3,7 @@
 
 #include "exercises/exercise_table.h"
 #include "exercises/form_es1.h"
-#include "platform/application.h"
+#include "platform/machine/application.h"
 #include "support/exercise_fixture.h"
 #include "support/hands.h"
 #include "support/registered_tests.h"

@@ -1,8 +1,8 @@
 // Initialisation files of any bytes: look-ups end, and a change is found again and keeps the rest.
-#include "platform/files.h"
-#include "platform/ini.h"
+#include "platform/files/files.h"
+#include "platform/files/ini.h"
 
-#include "platform/folder_host.h"
+#include "support/folder_host.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,6 @@
 // The record reader takes any bytes, ends, and fails only with the errors that it names.
-#include "platform/errors.h"
-#include "platform/files.h"
+#include "platform/base/errors.h"
+#include "platform/files/files.h"
 
 #include <cstddef>
 #include <cstdint>

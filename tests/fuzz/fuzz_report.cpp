@@ -1,7 +1,7 @@
 // The reader of reports takes any bytes, ends, keeps within its table and fails only with the
 // errors that it names.
-#include "platform/errors.h"
-#include "platform/grid_cells.h"
+#include "platform/base/errors.h"
+#include "platform/controls/grid_cells.h"
 #include "results/report.h"
 
 #include <cstddef>

@@ -1,6 +1,6 @@
 // The program with a drive of its own in the folder where it stands, for the tests that play it
 // from outside: each plays on a copy of that folder.
-#include "platform/machine_host.h"
+#include "platform/machine/machine_host.h"
 #include "program.h"
 
 #include <filesystem>

@@ -2,8 +2,8 @@
 #include "language/language.h"
 
 #include "core/shared_state.h"
-#include "platform/errors.h"
-#include "platform/files.h"
+#include "platform/base/errors.h"
+#include "platform/files/files.h"
 #include "support/application_folder.h"
 #include "support/registered_tests.h"
 #include "support/scripted_host.h"

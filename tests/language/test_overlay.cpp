@@ -2,8 +2,8 @@
 #include "language/language.h"
 
 #include "core/shared_state.h"
-#include "platform/control.h"
-#include "platform/form.h"
+#include "platform/controls/control.h"
+#include "platform/controls/form.h"
 #include "support/application_folder.h"
 #include "support/registered_tests.h"
 #include "support/scripted_host.h"

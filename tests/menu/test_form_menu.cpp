@@ -3,8 +3,8 @@
 
 #include "exercises/form_es1.h"
 #include "language/language.h"
-#include "platform/application.h"
-#include "platform/errors.h"
+#include "platform/base/errors.h"
+#include "platform/machine/application.h"
 #include "support/cls_resize.h"
 #include "support/registered_tests.h"
 

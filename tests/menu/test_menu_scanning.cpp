@@ -2,8 +2,8 @@
 #include "menu/menu_player.h"
 
 #include "exercises/form_es3.h"
-#include "platform/application.h"
-#include "platform/errors.h"
+#include "platform/base/errors.h"
+#include "platform/machine/application.h"
 #include "support/registered_tests.h"
 
 #include <QTest>

@@ -1,9 +1,9 @@
 // The players at the menu: the list of them, and how the menu dresses for the one who plays.
 #include "menu/menu_player.h"
 
-#include "platform/application.h"
-#include "platform/errors.h"
-#include "platform/files.h"
+#include "platform/base/errors.h"
+#include "platform/files/files.h"
+#include "platform/machine/application.h"
 #include "support/registered_tests.h"
 
 #include <QAbstractItemView>

@@ -17,10 +17,10 @@
 #include "core/profile.h"
 #include "core/shared_state.h"
 #include "frame/quick_print.h"
-#include "platform/application.h"
-#include "platform/form.h"
-#include "platform/machine_host.h"
-#include "platform/picture.h"
+#include "platform/controls/form.h"
+#include "platform/controls/picture.h"
+#include "platform/machine/application.h"
+#include "platform/machine/machine_host.h"
 #include "printing/frm_stampa.h"
 #include "printing/print_engine.h"
 #include "printing/stampa_fpb.h"
@@ -64,11 +64,11 @@ public:
                : Answer == QStringLiteral("no") ? BoxAnswer::No
                                                 : BoxAnswer::Cancel;
     }
-    void WaitForModal(Form &form) override
+    void WaitForModal(ModalWindow &window) override
     {
-        auto &dialog = dynamic_cast<FrmStampa &>(form);
+        auto &dialog = dynamic_cast<FrmStampa &>(window);
         if (!Picture.isEmpty()) {
-            form.Window()->grab().save(Picture);
+            dialog.Window()->grab().save(Picture);
             dialog.cmdChiudi.OnClick();
             return;
         }

@@ -1,7 +1,7 @@
 // The print engine against a device that fails at each step in turn: every box with its title, and
 // what is left behind.
 #include "language/language.h"
-#include "platform/picture.h"
+#include "platform/controls/picture.h"
 #include "printing/print_engine.h"
 #include "printing/print_fields.h"
 #include "printing/print_pages.h"

@@ -1,7 +1,7 @@
 // The log of exercises: its table, the report as it is written and as it is read, the boxes of
 // every failure, and the printed page.
 #include "language/language.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "platform/printing/printer_font.h"
 #include "results/form_esercizi_eseguiti.h"
 #include "support/as_user.h"

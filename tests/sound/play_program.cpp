@@ -4,7 +4,7 @@
 #include <iostream>
 #include <string>
 
-#include "platform/sound_player.h"
+#include "platform/sound/sound_player.h"
 
 int main()
 {

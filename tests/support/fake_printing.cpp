@@ -1,7 +1,7 @@
 #include "support/fake_printing.h"
 
-#include "platform/errors.h"
-#include "platform/form.h"
+#include "platform/base/errors.h"
+#include "platform/controls/form.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,8 +1,8 @@
 // A host for tests of files: a drive and an application folder of its own, and nothing else.
 #pragma once
 
-#include "platform/errors.h"
-#include "platform/host.h"
+#include "platform/base/errors.h"
+#include "platform/host/host.h"
 
 #include <QDir>
 #include <QFile>
@@ -53,7 +53,7 @@ public:
     std::optional<platform::Color> ChooseColor() override { Fail(); }
     std::optional<platform::FontChoice> ChooseFont() override { Fail(); }
     QString ChooseFile(const platform::FileQuestion &) override { Fail(); }
-    void WaitForModal(platform::Form &) override { Fail(); }
+    void WaitForModal(platform::ModalWindow &) override { Fail(); }
     void PlaySound(const QString &) override { Fail(); }
     void OpenDocument(const QString &) override { Fail(); }
     platform::Printing &Printers() override { Fail(); }

@@ -2,7 +2,7 @@
 // reaches `FatalError`.
 #include "support/registered_tests.h"
 
-#include "platform/application.h"
+#include "platform/machine/application.h"
 
 #include <QFileInfo>
 #include <QMap>

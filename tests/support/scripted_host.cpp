@@ -1,8 +1,8 @@
 #include "support/scripted_host.h"
 
-#include "platform/errors.h"
-#include "platform/form.h"
-#include "platform/held_keys.h"
+#include "platform/base/errors.h"
+#include "platform/controls/form.h"
+#include "platform/controls/held_keys.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -241,8 +241,9 @@ QString ScriptedHost::ChooseFile(const FileQuestion &question)
     return NextDialog(QStringLiteral("file ") + question.Title).File;
 }
 
-void ScriptedHost::WaitForModal(Form &form)
+void ScriptedHost::WaitForModal(ModalWindow &window)
 {
+    auto &form = dynamic_cast<Form &>(window);
     bool closed = false;
     form.WhenClosed([&closed] { closed = true; });
     const ExpectedDialog dialog = NextDialog(QStringLiteral("modal"));
@@ -278,9 +279,6 @@ void ScriptedHost::EndProgram()
 {
     Events << QStringLiteral("end");
     Ended = true;
-    // Not deleted here: a handler of one of them may be what ended the program.
-    while (!Form::Loaded().empty())
-        Form::Loaded().back()->Drop();
 }
 
 void ScriptedHost::FatalError(int number, const QString &text)

@@ -2,7 +2,7 @@
 // was told to expect, and records what windows show in the order it happens.
 #pragma once
 
-#include "platform/host.h"
+#include "platform/host/host.h"
 #include "support/fake_printing.h"
 
 #include <QList>
@@ -89,7 +89,7 @@ public:
     std::optional<platform::Color> ChooseColor() override;
     std::optional<platform::FontChoice> ChooseFont() override;
     QString ChooseFile(const platform::FileQuestion &question) override;
-    void WaitForModal(platform::Form &form) override;
+    void WaitForModal(platform::ModalWindow &window) override;
     void PlaySound(const QString &nativePath) override;
     void OpenDocument(const QString &nativePath) override;
     platform::Printing &Printers() override { return Printer; }

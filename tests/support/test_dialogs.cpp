@@ -2,8 +2,8 @@
 #include "support/dialogs.h"
 
 #include "core/shared_state.h"
-#include "platform/errors.h"
-#include "platform/label.h"
+#include "platform/base/errors.h"
+#include "platform/controls/label.h"
 #include "support/registered_tests.h"
 #include "support/scripted_host.h"
 

@@ -1,5 +1,6 @@
 // The choice of houses to colour by hand: each goes to the printing dialog, and the exercise that
 // asked comes back.
+#include "platform/movies/drawn_picture.h"
 #include "support/windows/form1.h"
 
 #include "printing/frm_stampa.h"

@@ -1,7 +1,7 @@
 // All windows of the program by name, for the tests that look at each of them.
 #pragma once
 
-#include "platform/form.h"
+#include "platform/controls/form.h"
 
 #include <QStringList>
 

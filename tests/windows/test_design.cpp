@@ -1,6 +1,6 @@
 // Each window opens as designed: its controls in their order, places in twips, captions and states
 // as text against a kept file.
-#include "platform/shape.h"
+#include "platform/controls/shape.h"
 #include "support/exercise_fixture.h"
 #include "support/expected_text.h"
 #include "support/registered_tests.h"

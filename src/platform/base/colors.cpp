@@ -1,7 +1,7 @@
 // Colours as they are painted; the system's are those of a quiet paper-coloured picture book.
-#include "platform/colors.h"
+#include "platform/base/colors.h"
 
-#include "platform/errors.h"
+#include "platform/base/errors.h"
 
 #include <QColor>
 

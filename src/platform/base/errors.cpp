@@ -1,5 +1,5 @@
 // The standard texts of the run-time errors, and the two checked conversions.
-#include "platform/errors.h"
+#include "platform/base/errors.h"
 
 #include <cmath>
 #include <limits>

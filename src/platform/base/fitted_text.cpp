@@ -1,4 +1,4 @@
-#include "platform/fitted_text.h"
+#include "platform/base/fitted_text.h"
 
 #include <QFont>
 #include <QFontMetricsF>

@@ -1,7 +1,7 @@
 // Text drawn in the largest size in which all of it fits its place: no line is cut, no word broken.
 #pragma once
 
-#include "platform/font.h"
+#include "platform/base/font.h"
 
 #include <QSize>
 #include <QStringList>

@@ -1,4 +1,4 @@
-#include "platform/font.h"
+#include "platform/base/font.h"
 
 #include <QFont>
 

@@ -1,4 +1,4 @@
-#include "platform/local_text.h"
+#include "platform/base/local_text.h"
 
 #include <QDate>
 #include <QLocale>

@@ -1,6 +1,6 @@
-#include "platform/numbers.h"
+#include "platform/base/numbers.h"
 
-#include "platform/errors.h"
+#include "platform/base/errors.h"
 
 #include <QLocale>
 

@@ -1,4 +1,4 @@
-#include "platform/page.h"
+#include "platform/base/page.h"
 
 #include <QPainter>
 #include <QPainterPath>

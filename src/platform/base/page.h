@@ -1,7 +1,7 @@
 // The page that a sentence stands on: round corners in a dark outline.
 #pragma once
 
-#include "platform/colors.h"
+#include "platform/base/colors.h"
 
 class QPainter;
 class QRect;

@@ -1,6 +1,6 @@
-#include "platform/text_page.h"
+#include "platform/base/text_page.h"
 
-#include "platform/page.h"
+#include "platform/base/page.h"
 
 #include <QPainter>
 

@@ -2,8 +2,8 @@
 // letters. Nothing scrolls, since who has one switch cannot.
 #pragma once
 
-#include "platform/colors.h"
-#include "platform/fitted_text.h"
+#include "platform/base/colors.h"
+#include "platform/base/fitted_text.h"
 
 #include <QPlainTextEdit>
 

@@ -1,6 +1,6 @@
-#include "platform/button.h"
+#include "platform/controls/button.h"
 
-#include "platform/picture.h"
+#include "platform/movies/drawn_picture.h"
 
 #include <QKeyEvent>
 #include <QKeySequence>

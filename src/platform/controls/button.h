@@ -1,8 +1,8 @@
 // A large rounded button with one picture or one text. It never takes the keyboard by itself.
 #pragma once
 
-#include "platform/fitted_text.h"
-#include "platform/visual_control.h"
+#include "platform/base/fitted_text.h"
+#include "platform/controls/visual_control.h"
 
 namespace platform {
 

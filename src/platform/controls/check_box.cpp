@@ -1,6 +1,6 @@
-#include "platform/check_box.h"
+#include "platform/controls/check_box.h"
 
-#include "platform/choice_view.h"
+#include "platform/controls/choice_view.h"
 
 #include <QCheckBox>
 #include <QKeySequence>

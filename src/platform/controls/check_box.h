@@ -1,7 +1,7 @@
 // A box that is ticked or not. Each change raises the click, by a person or by code.
 #pragma once
 
-#include "platform/visual_control.h"
+#include "platform/controls/visual_control.h"
 
 namespace platform {
 

@@ -1,4 +1,4 @@
-#include "platform/choice_view.h"
+#include "platform/controls/choice_view.h"
 
 #include <QPainterPath>
 

@@ -2,9 +2,9 @@
 // while it has the keyboard.
 #pragma once
 
-#include "platform/colors.h"
-#include "platform/fitted_text.h"
-#include "platform/font.h"
+#include "platform/base/colors.h"
+#include "platform/base/fitted_text.h"
+#include "platform/base/font.h"
 
 #include <QMouseEvent>
 #include <QPaintEvent>

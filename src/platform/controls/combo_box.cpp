@@ -1,6 +1,6 @@
-#include "platform/combo_box.h"
+#include "platform/controls/combo_box.h"
 
-#include "platform/form_window.h"
+#include "platform/controls/form_window.h"
 
 #include <QComboBox>
 #include <QFont>

@@ -2,7 +2,7 @@
 // changes.
 #pragma once
 
-#include "platform/visual_control.h"
+#include "platform/controls/visual_control.h"
 
 #include <QStringList>
 

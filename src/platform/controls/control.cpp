@@ -1,7 +1,7 @@
-#include "platform/control.h"
+#include "platform/controls/control.h"
 
-#include "platform/form.h"
-#include "platform/host.h"
+#include "platform/controls/form.h"
+#include "platform/host/host.h"
 
 #include <algorithm>
 

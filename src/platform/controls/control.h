@@ -2,7 +2,7 @@
 // of any control. What a kind of control does not have raises error 438.
 #pragma once
 
-#include "platform/errors.h"
+#include "platform/base/errors.h"
 
 #include <QString>
 
@@ -78,6 +78,10 @@ public:
     virtual void SetTop(double) { throw RunTimeError(NoSuchProperty); }
     virtual void SetWidth(double) { throw RunTimeError(NoSuchProperty); }
     virtual void SetHeight(double) { throw RunTimeError(NoSuchProperty); }
+
+    // What its form tells it: that it has a new size, and that no event comes any more.
+    virtual void FormResized() {}
+    virtual void FormGone() {}
 
 protected:
     // The spoken name is another one now.

@@ -1,8 +1,8 @@
 // Named controls with an integer index, and the index is the meaning. Events carry it.
 #pragma once
 
-#include "platform/control.h"
-#include "platform/event_handler.h"
+#include "platform/controls/control.h"
+#include "platform/host/event_handler.h"
 
 #include <map>
 #include <memory>

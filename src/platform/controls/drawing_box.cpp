@@ -1,6 +1,6 @@
-#include "platform/drawing_box.h"
+#include "platform/controls/drawing_box.h"
 
-#include "platform/picture.h"
+#include "platform/controls/picture.h"
 
 #include <QFile>
 #include <QImage>

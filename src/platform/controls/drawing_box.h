@@ -1,8 +1,8 @@
 // A picture box to draw bitmaps on, measured in pixels. What was drawn stays until it is cleared.
 #pragma once
 
-#include "platform/printing/printing.h"
-#include "platform/visual_control.h"
+#include "platform/controls/visual_control.h"
+#include "platform/host/printing.h"
 
 namespace platform {
 

@@ -1,10 +1,8 @@
-#include "platform/form.h"
+#include "platform/controls/form.h"
 
-#include "platform/control.h"
-#include "platform/form_window.h"
-#include "platform/host.h"
-#include "platform/status_bar.h"
-#include "platform/timer.h"
+#include "platform/controls/control.h"
+#include "platform/controls/form_window.h"
+#include "platform/host/host.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -241,8 +239,7 @@ void Form::Resized()
         return;
     m_window->LayOut();
     for (Control *control : m_controls)
-        if (auto *bar = dynamic_cast<StatusBar *>(control))
-            bar->Dock();
+        control->FormResized();
     OnResize();
 }
 
@@ -264,8 +261,7 @@ void Form::Drop()
     m_self.reset();
     std::erase(loaded, this);
     for (Control *control : m_controls)
-        if (auto *timer = dynamic_cast<Timer *>(control))
-            timer->Stop();
+        control->FormGone();
     m_window->hide();
     m_window->setEnabled(false);
     Closed();
@@ -302,6 +298,14 @@ Form *FormRef::Get() const
 void DoEvents()
 {
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void EndProgram()
+{
+    // Not deleted here: a handler of one of them may be what ends the program.
+    while (!loaded.empty())
+        loaded.back()->Drop();
+    host().EndProgram();
 }
 
 double ScreenWidth()

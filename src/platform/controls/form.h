@@ -1,8 +1,10 @@
 // A window: designed in twips, filled with controls at absolute places, full screen when shown.
 #pragma once
 
-#include "platform/colors.h"
-#include "platform/event_handler.h"
+#include "platform/base/colors.h"
+#include "platform/base/mouse_pointer.h"
+#include "platform/host/event_handler.h"
+#include "platform/host/host.h"
 
 #include <QString>
 
@@ -18,13 +20,11 @@ namespace platform {
 class Control;
 class FormWindow;
 
-enum class MousePointer { Default = 0, Hourglass = 11, Custom = 99 };
-
-class Form {
+class Form : public ModalWindow {
 public:
     // The design size of the client area, under the menu bar, in twips.
     Form(const char *name, double scaleWidth, double scaleHeight);
-    virtual ~Form();
+    ~Form() override;
     Form(const Form &) = delete;
     Form &operator=(const Form &) = delete;
 
@@ -68,7 +68,7 @@ public:
     // A modal form ends and stays loaded.
     void Hide();
     // The end of a modal form, once.
-    void WhenClosed(std::function<void()> closed) { m_whenClosed = std::move(closed); }
+    void WhenClosed(std::function<void()> closed) override { m_whenClosed = std::move(closed); }
     bool Shown() const { return m_shown; }
     // Raises Unload, hides the window, lets no event reach it any more, and deletes the form when
     // the event loop is back where this was asked. The end of the last form ends the program.
@@ -134,6 +134,9 @@ private:
 // Lets timers, painting and posted events through; a person's keys and clicks stay queued in
 // their order.
 void DoEvents();
+
+// Drops every form and ends the program in order.
+void EndProgram();
 
 // The screen in twips.
 double ScreenWidth();

@@ -1,4 +1,4 @@
-#include "platform/form_window.h"
+#include "platform/controls/form_window.h"
 
 #include <QCloseEvent>
 #include <QMenuBar>

@@ -1,7 +1,7 @@
 // The widget of a form: menu bar, client area, persistent drawing.
 #pragma once
 
-#include "platform/form.h"
+#include "platform/controls/form.h"
 
 #include <QWidget>
 

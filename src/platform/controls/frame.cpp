@@ -1,7 +1,7 @@
-#include "platform/frame.h"
+#include "platform/controls/frame.h"
 
-#include "platform/fitted_text.h"
-#include "platform/form_window.h"
+#include "platform/base/fitted_text.h"
+#include "platform/controls/form_window.h"
 
 #include <QFontMetrics>
 #include <QGroupBox>

@@ -1,7 +1,7 @@
 // A container of controls: a page, or a group with a line round it and a heading.
 #pragma once
 
-#include "platform/visual_control.h"
+#include "platform/controls/visual_control.h"
 
 namespace platform {
 

@@ -1,6 +1,6 @@
-#include "platform/grid.h"
+#include "platform/controls/grid.h"
 
-#include "platform/form_window.h"
+#include "platform/controls/form_window.h"
 
 #include <QAbstractTableModel>
 #include <QFont>

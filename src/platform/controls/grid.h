@@ -1,8 +1,8 @@
 // A table to read: row 0 is its heading and stays in sight, column 0 counts the rows.
 #pragma once
 
-#include "platform/grid_cells.h"
-#include "platform/visual_control.h"
+#include "platform/controls/grid_cells.h"
+#include "platform/controls/visual_control.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
-#include "platform/grid_cells.h"
+#include "platform/controls/grid_cells.h"
 
-#include "platform/errors.h"
+#include "platform/base/errors.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "platform/held_keys.h"
+#include "platform/controls/held_keys.h"
 
-#include "platform/keys.h"
+#include "platform/controls/keys.h"
 
 #include <QKeyEvent>
 

@@ -1,6 +1,6 @@
-#include "platform/keys.h"
+#include "platform/controls/keys.h"
 
-#include "platform/control.h"
+#include "platform/controls/control.h"
 
 #include <QKeyEvent>
 

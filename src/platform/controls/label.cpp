@@ -1,7 +1,7 @@
-#include "platform/label.h"
+#include "platform/controls/label.h"
 
-#include "platform/form_window.h"
-#include "platform/page.h"
+#include "platform/base/page.h"
+#include "platform/controls/form_window.h"
 
 #include <QFont>
 #include <QFontMetrics>

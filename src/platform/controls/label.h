@@ -2,8 +2,8 @@
 // text fits, so that a child never has to scroll.
 #pragma once
 
-#include "platform/fitted_text.h"
-#include "platform/visual_control.h"
+#include "platform/base/fitted_text.h"
+#include "platform/controls/visual_control.h"
 
 namespace platform {
 

@@ -1,4 +1,4 @@
-#include "platform/list_box.h"
+#include "platform/controls/list_box.h"
 
 #include <QFont>
 #include <QListWidget>

@@ -1,6 +1,6 @@
-#include "platform/menu.h"
+#include "platform/controls/menu.h"
 
-#include "platform/form.h"
+#include "platform/controls/form.h"
 
 #include <QAction>
 #include <QKeySequence>

@@ -1,8 +1,8 @@
 // Items of the menu bar. An item under which others stand is a menu.
 #pragma once
 
-#include "platform/control.h"
-#include "platform/event_handler.h"
+#include "platform/controls/control.h"
+#include "platform/host/event_handler.h"
 
 class QAction;
 class QMenu;

@@ -1,4 +1,4 @@
-#include "platform/movie_control.h"
+#include "platform/controls/movie_control.h"
 
 #include "platform/movies/movie_reader.h"
 

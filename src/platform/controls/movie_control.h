@@ -2,9 +2,9 @@
 // are lost silently.
 #pragma once
 
-#include "platform/visual_control.h"
+#include "platform/controls/visual_control.h"
 
-#include "platform/host.h"
+#include "platform/host/host.h"
 
 class QMouseEvent;
 class QPointF;

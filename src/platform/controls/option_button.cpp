@@ -1,6 +1,6 @@
-#include "platform/option_button.h"
+#include "platform/controls/option_button.h"
 
-#include "platform/choice_view.h"
+#include "platform/controls/choice_view.h"
 
 #include <QRadioButton>
 

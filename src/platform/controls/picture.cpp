@@ -1,63 +1,15 @@
-#include "platform/picture.h"
+#include "platform/controls/picture.h"
 
-#include "platform/files.h"
+#include "platform/movies/drawn_picture.h"
 
 #include <QFile>
-#include <QHash>
 #include <QPainter>
 #include <QPixmap>
-#include <QPixmapCache>
-#include <QSvgRenderer>
 #include <QWidget>
 
 #include <algorithm>
-#include <memory>
 
 namespace platform {
-
-namespace {
-
-// Drawings are parsed once per process: a window is made anew at each visit.
-QSvgRenderer *Drawing(const QString &name)
-{
-    static QHash<QString, std::shared_ptr<QSvgRenderer>> drawings;
-    auto &drawing = drawings[name];
-    if (!drawing) {
-        drawing = std::make_shared<QSvgRenderer>();
-        QByteArray content;
-        if (Skipping([&] {
-                content = ReadFile(AppPath() + QStringLiteral("\\immagini\\") + name +
-                                   QStringLiteral(".svg"));
-            }) == 0)
-            drawing->load(content);
-    }
-    return drawing->isValid() ? drawing.get() : nullptr;
-}
-
-} // namespace
-
-QPixmap DrawnPicture(const QString &name, const QSize &size, double ratio)
-{
-    const QString key =
-        QStringLiteral("%1 %2 %3 %4").arg(name).arg(size.width()).arg(size.height()).arg(ratio);
-    QPixmap pixmap;
-    if (QPixmapCache::find(key, &pixmap))
-        return pixmap;
-    QSvgRenderer *drawing = Drawing(name);
-    if (drawing == nullptr || size.isEmpty())
-        return {};
-    pixmap = QPixmap(size * ratio);
-    pixmap.setDevicePixelRatio(ratio);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    const QSizeF fitted = QSizeF(drawing->defaultSize()).scaled(size, Qt::KeepAspectRatio);
-    drawing->render(&painter, QRectF(QPointF((size.width() - fitted.width()) / 2,
-                                             (size.height() - fitted.height()) / 2),
-                                     fitted));
-    painter.end();
-    QPixmapCache::insert(key, pixmap);
-    return pixmap;
-}
 
 class PictureView : public QWidget {
 public:

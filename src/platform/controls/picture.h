@@ -1,17 +1,12 @@
-// Pictures of the program: drawings that belong to the windows, by name, and the two controls that
-// show them, the picture box (which can take the keyboard) and the lighter image.
+// The two controls that show drawings of the program by name: the picture box (which can take the
+// keyboard) and the lighter image.
 #pragma once
 
-#include "platform/visual_control.h"
+#include "platform/controls/visual_control.h"
 
 class QPixmap;
-class QSize;
 
 namespace platform {
-
-// The drawing `name` (without folder and ending) in that size, logical pixels, for a screen of
-// `ratio` device pixels a logical one. Kept once drawn. Empty when there is no such drawing.
-QPixmap DrawnPicture(const QString &name, const QSize &size, double ratio);
 
 class PictureView;
 

@@ -1,4 +1,4 @@
-#include "platform/scroll_bar.h"
+#include "platform/controls/scroll_bar.h"
 
 #include <QPainter>
 #include <QSlider>

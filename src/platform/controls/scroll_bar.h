@@ -1,7 +1,7 @@
 // A value between two ends, moved along a line. Each change raises Change, by a person or by code.
 #pragma once
 
-#include "platform/visual_control.h"
+#include "platform/controls/visual_control.h"
 
 namespace platform {
 

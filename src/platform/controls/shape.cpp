@@ -1,6 +1,6 @@
-#include "platform/shape.h"
+#include "platform/controls/shape.h"
 
-#include "platform/form_window.h"
+#include "platform/controls/form_window.h"
 
 #include <QPainter>
 #include <QWidget>

@@ -1,7 +1,7 @@
 // Shapes without events: a rectangle and a line.
 #pragma once
 
-#include "platform/visual_control.h"
+#include "platform/controls/visual_control.h"
 
 namespace platform {
 

@@ -1,6 +1,6 @@
-#include "platform/status_bar.h"
+#include "platform/controls/status_bar.h"
 
-#include "platform/form_window.h"
+#include "platform/controls/form_window.h"
 
 #include <QFont>
 #include <QLabel>

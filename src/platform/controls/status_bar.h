@@ -1,7 +1,7 @@
 // A bar of panels, docked at the foot of the form; only its height can be set.
 #pragma once
 
-#include "platform/visual_control.h"
+#include "platform/controls/visual_control.h"
 
 class QLabel;
 
@@ -18,8 +18,7 @@ public:
     void SetTop(double twips) override;   // 383
     void SetWidth(double twips) override; // 383
 
-    // After the form has a new size.
-    void Dock() { PutInPlace(); }
+    void FormResized() override { PutInPlace(); }
 
 protected:
     void PutInPlace() override;

@@ -1,7 +1,7 @@
-#include "platform/tab_strip.h"
+#include "platform/controls/tab_strip.h"
 
-#include "platform/fitted_text.h"
-#include "platform/picture.h"
+#include "platform/base/fitted_text.h"
+#include "platform/movies/drawn_picture.h"
 
 #include <QPainter>
 #include <QPainterPath>

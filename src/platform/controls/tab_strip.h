@@ -2,7 +2,7 @@
 // raises the click, a choice by code only when it changes.
 #pragma once
 
-#include "platform/visual_control.h"
+#include "platform/controls/visual_control.h"
 
 #include <QStringList>
 

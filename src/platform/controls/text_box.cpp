@@ -1,6 +1,6 @@
-#include "platform/text_box.h"
+#include "platform/controls/text_box.h"
 
-#include "platform/text_page.h"
+#include "platform/base/text_page.h"
 
 #include <QEvent>
 #include <QFont>

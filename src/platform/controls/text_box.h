@@ -1,8 +1,8 @@
 // A box to type or to read text in.
 #pragma once
 
-#include "platform/fitted_text.h"
-#include "platform/visual_control.h"
+#include "platform/base/fitted_text.h"
+#include "platform/controls/visual_control.h"
 
 class QLineEdit;
 

@@ -1,6 +1,6 @@
-#include "platform/timer.h"
+#include "platform/controls/timer.h"
 
-#include "platform/form.h"
+#include "platform/controls/form.h"
 
 namespace platform {
 
@@ -23,7 +23,7 @@ void Timer::SetInterval(int milliseconds)
     Start();
 }
 
-void Timer::Stop()
+void Timer::FormGone()
 {
     m_stopped = true;
     m_ticker.reset();

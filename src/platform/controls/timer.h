@@ -1,9 +1,9 @@
 // A timer of a form. It starts disabled; an interval of 0 means no ticks.
 #pragma once
 
-#include "platform/control.h"
-#include "platform/event_handler.h"
-#include "platform/host.h"
+#include "platform/controls/control.h"
+#include "platform/host/event_handler.h"
+#include "platform/host/host.h"
 
 namespace platform {
 
@@ -20,8 +20,7 @@ public:
 
     EventHandler<void()> OnTimer;
 
-    // Takes the ticks away for good: the form is unloaded.
-    void Stop();
+    void FormGone() override; // takes the ticks away for good
 
 private:
     void Start();

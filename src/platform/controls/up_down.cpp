@@ -1,4 +1,4 @@
-#include "platform/up_down.h"
+#include "platform/controls/up_down.h"
 
 #include <QRegularExpression>
 #include <QToolButton>

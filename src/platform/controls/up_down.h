@@ -2,7 +2,7 @@
 // " / " between them: "Più copie / Meno copie".
 #pragma once
 
-#include "platform/text_box.h"
+#include "platform/controls/text_box.h"
 
 class QToolButton;
 

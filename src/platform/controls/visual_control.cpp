@@ -1,9 +1,9 @@
-#include "platform/visual_control.h"
+#include "platform/controls/visual_control.h"
 
-#include "platform/form_window.h"
-#include "platform/held_keys.h"
-#include "platform/keys.h"
-#include "platform/picture.h"
+#include "platform/controls/form_window.h"
+#include "platform/controls/held_keys.h"
+#include "platform/controls/keys.h"
+#include "platform/movies/drawn_picture.h"
 
 #include <QApplication>
 #include <QCursor>

@@ -2,11 +2,11 @@
 // pointer, the events of mouse and keyboard.
 #pragma once
 
-#include "platform/colors.h"
-#include "platform/control.h"
-#include "platform/event_handler.h"
-#include "platform/font.h"
-#include "platform/form.h"
+#include "platform/base/colors.h"
+#include "platform/base/font.h"
+#include "platform/controls/control.h"
+#include "platform/controls/form.h"
+#include "platform/host/event_handler.h"
 
 #include <QObject>
 #include <QPointer>

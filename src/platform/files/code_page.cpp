@@ -1,5 +1,5 @@
 // Code page 1252: the 32 letters that differ from the first 256 of Unicode.
-#include "platform/files.h"
+#include "platform/files/files.h"
 
 #include <QList>
 

@@ -2,7 +2,7 @@
 // rights a new file takes, and how content is replaced without losing what was there.
 #pragma once
 
-#include "platform/place.h"
+#include "platform/files/place.h"
 
 #include <QByteArray>
 #include <QStringList>
@@ -35,25 +35,25 @@ struct Stamp {
 };
 
 // None raises an error; what cannot be examined is `Missing`.
-Nature NatureOf(const Place &place);
+Nature NatureOf(const FilePlace &place);
 
 // Errors 53, 70, 75.
-Stamp StampOf(const Place &place);
-QByteArray ReadAll(const Place &place);
+Stamp StampOf(const FilePlace &place);
+QByteArray ReadAll(const FilePlace &place);
 
 // Plain names of the files, and of the folders too when asked for; on the drive no links. Unsorted.
 // A folder that is not there gives none; errors 70 and 75.
-QStringList NamesIn(const Place &folder, bool folders);
+QStringList NamesIn(const FilePlace &folder, bool folders);
 
 // Errors 58, 61, 70, 75, 76. Below the drive the folder takes rights and group of its parent.
-void MakeFolder(const Place &place);
+void MakeFolder(const FilePlace &place);
 
 // A file opened for new content. What exists is opened without the create flag and never replaced
 // by another file, because a sticky folder keeps other users' files in place; what is new is made
 // exclusively and below the drive takes rights and group of its folder, without the execute bits.
 class OutputFile {
 public:
-    explicit OutputFile(const Place &place); // errors 52, 61, 70, 75, 76
+    explicit OutputFile(const FilePlace &place); // errors 52, 61, 70, 75, 76
     ~OutputFile();
     OutputFile(const OutputFile &) = delete;
     OutputFile &operator=(const OutputFile &) = delete;

@@ -1,11 +1,11 @@
 // Files and folders on systems that give rights by inheritance: Qt's own calls are enough.
-#include "platform/file_access.h"
+#include "platform/files/file_access.h"
 
 #include <QtGlobal>
 
 #ifndef Q_OS_UNIX
 
-#include "platform/errors.h"
+#include "platform/base/errors.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -33,12 +33,12 @@ Nature NatureOf(const QFileInfo &info, bool onDrive)
 
 } // namespace
 
-Nature NatureOf(const Place &place)
+Nature NatureOf(const FilePlace &place)
 {
     return NatureOf(QFileInfo(place.Native()), place.OnDrive);
 }
 
-Stamp StampOf(const Place &place)
+Stamp StampOf(const FilePlace &place)
 {
     const QFileInfo info(place.Native());
     const Nature nature = NatureOf(info, place.OnDrive);
@@ -54,7 +54,7 @@ Stamp StampOf(const Place &place)
     return stamp;
 }
 
-QByteArray ReadAll(const Place &place)
+QByteArray ReadAll(const FilePlace &place)
 {
     if (StampOf(place).Size > LongestContent)
         throw RunTimeError(PathFileAccess, place.Native());
@@ -64,7 +64,7 @@ QByteArray ReadAll(const Place &place)
     return file.readAll();
 }
 
-QStringList NamesIn(const Place &folder, bool folders)
+QStringList NamesIn(const FilePlace &folder, bool folders)
 {
     const Nature nature = NatureOf(folder);
     if (nature == Nature::Other)
@@ -83,7 +83,7 @@ QStringList NamesIn(const Place &folder, bool folders)
     return names;
 }
 
-void MakeFolder(const Place &place)
+void MakeFolder(const FilePlace &place)
 {
     const QString path = place.Native();
     if (NatureOf(place) != Nature::Missing)
@@ -99,7 +99,7 @@ struct OutputFile::State {
     bool New = false;
 };
 
-OutputFile::OutputFile(const Place &place) : m_state(std::make_unique<State>())
+OutputFile::OutputFile(const FilePlace &place) : m_state(std::make_unique<State>())
 {
     const QString path = place.Native();
     const Nature nature = NatureOf(place);

@@ -1,12 +1,12 @@
 // Files and folders by descriptors: every folder on the way is opened by name in the one before, so
 // that nobody can put a link in its place between a check and the use.
-#include "platform/file_access.h"
+#include "platform/files/file_access.h"
 
 #include <QtGlobal>
 
 #ifdef Q_OS_UNIX
 
-#include "platform/errors.h"
+#include "platform/base/errors.h"
 
 #include <QFile>
 
@@ -89,13 +89,13 @@ QByteArray Encoded(const QString &name)
     return QFile::encodeName(name);
 }
 
-int NoFollow(const Place &place)
+int NoFollow(const FilePlace &place)
 {
     return place.OnDrive ? O_NOFOLLOW : 0;
 }
 
 // The folder at the place itself; not open and `errno` set on failure.
-Descriptor OpenFolder(const Place &place, int lastMode)
+Descriptor OpenFolder(const FilePlace &place, int lastMode)
 {
     const bool rootIsLast = place.Parts.isEmpty();
     Descriptor folder(::open(Encoded(place.Root).constData(),
@@ -108,7 +108,7 @@ Descriptor OpenFolder(const Place &place, int lastMode)
     return folder;
 }
 
-bool Examine(const Place &place, struct stat &what)
+bool Examine(const FilePlace &place, struct stat &what)
 {
     if (place.Parts.isEmpty())
         return ::stat(Encoded(place.Root).constData(), &what) == 0;
@@ -145,13 +145,13 @@ void TakeGroupAndRights(int number, const struct stat &folder, mode_t rights, co
 
 } // namespace
 
-Nature NatureOf(const Place &place)
+Nature NatureOf(const FilePlace &place)
 {
     struct stat what = {};
     return Examine(place, what) ? NatureOf(what) : Nature::Missing;
 }
 
-Stamp StampOf(const Place &place)
+Stamp StampOf(const FilePlace &place)
 {
     struct timespec now = {};
     ::clock_gettime(CLOCK_REALTIME, &now);
@@ -171,7 +171,7 @@ Stamp StampOf(const Place &place)
     return stamp;
 }
 
-QByteArray ReadAll(const Place &place)
+QByteArray ReadAll(const FilePlace &place)
 {
     const QString path = place.Native();
     if (place.Parts.isEmpty())
@@ -206,7 +206,7 @@ QByteArray ReadAll(const Place &place)
     return content;
 }
 
-QStringList NamesIn(const Place &folder, bool folders)
+QStringList NamesIn(const FilePlace &folder, bool folders)
 {
     Descriptor opened = OpenFolder(folder, O_RDONLY);
     if (!opened.IsOpen()) {
@@ -241,7 +241,7 @@ QStringList NamesIn(const Place &folder, bool folders)
     return names;
 }
 
-void MakeFolder(const Place &place)
+void MakeFolder(const FilePlace &place)
 {
     const QString path = place.Native();
     if (place.Parts.isEmpty())
@@ -280,14 +280,14 @@ struct OutputFile::State {
     bool New = false;
     int64_t OldSize = 0; // bytes
 
-    void Open(const Place &place)
+    void Open(const FilePlace &place)
     {
         // With O_NONBLOCK a pipe without a reader is refused instead of waited for.
         File = Descriptor(::openat(Folder.Number(), Name.constData(),
                                    O_WRONLY | O_NONBLOCK | O_CLOEXEC | NoFollow(place)));
     }
 
-    void Make(const Place &place)
+    void Make(const FilePlace &place)
     {
         struct stat folder = {};
         if (::fstat(Folder.Number(), &folder) != 0)
@@ -341,7 +341,7 @@ struct OutputFile::State {
     }
 };
 
-OutputFile::OutputFile(const Place &place) : m_state(std::make_unique<State>())
+OutputFile::OutputFile(const FilePlace &place) : m_state(std::make_unique<State>())
 {
     State &state = *m_state;
     state.Path = place.Native();

@@ -1,9 +1,8 @@
 // Look-ups, folders and whole files by the paths of the program.
-#include "platform/files.h"
+#include "platform/files/files.h"
 
-#include "platform/errors.h"
-#include "platform/file_access.h"
-#include "platform/host.h"
+#include "platform/base/errors.h"
+#include "platform/files/file_access.h"
 
 #include <algorithm>
 
@@ -22,17 +21,9 @@ Nature NatureAt(const QString &path)
 
 } // namespace
 
-QString AppPath()
-{
-    QString folder = host().ApplicationFolder();
-    while (folder.size() > 1 && folder.endsWith(QLatin1Char('/')))
-        folder.chop(1);
-    return folder;
-}
-
 QStringList DirList(const QString &pattern, LookUp kind)
 {
-    const Place place = LocatePattern(pattern);
+    const FilePlace place = LocatePattern(pattern);
     if (place.Parts.isEmpty())
         return {};
     QStringList names = NamesIn(place.Folder(), kind == LookUp::FilesAndFolders);

@@ -2,6 +2,8 @@
 // that all users of the machine share. Below it names are found without regard to case.
 #pragma once
 
+#include "platform/files/place.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -9,18 +11,6 @@
 #include <memory>
 
 namespace platform {
-
-// The native path of a literal. Three kinds are known: one on drive C:, one that begins with the
-// application folder (`AppPath`) and goes on with backslashes, and a native one that a person
-// chose, which stays as it is (below the drive its names and links are judged all the same). Names
-// on the drive and in the application folder are matched to what is there without regard to case,
-// part by part: the exact name first, else the first in order; what is not there keeps the spelling
-// of the literal. Error 52 for a name with / : * ? " < > |, control characters, a trailing dot, or
-// more than 255 bytes.
-QString NativePath(const QString &path);
-
-// The application folder without a separator at its end, ready for a literal such as "\\swf".
-QString AppPath();
 
 // Directory look-up with one pattern in the last part ("*" and "?"), sorted by name without regard
 // to case. Plain names, no folder part; "." and ".." never come. Special files are left out,

@@ -1,10 +1,10 @@
 // Initialisation files, read and changed line by line. A file is kept byte for byte but for the one
 // line that a change is for.
-#include "platform/ini.h"
+#include "platform/files/ini.h"
 
-#include "platform/errors.h"
-#include "platform/file_access.h"
-#include "platform/files.h"
+#include "platform/base/errors.h"
+#include "platform/files/file_access.h"
+#include "platform/files/files.h"
 
 #include <QHash>
 #include <QList>
@@ -212,7 +212,7 @@ QString IniFile::Value(const QString &section, const QString &key) const
 
 std::shared_ptr<const IniFile> OpenIni(const QString &path)
 {
-    const Place place = Locate(path);
+    const FilePlace place = Locate(path);
     // Taken before the content, so that a change in between shows at the next look-up.
     const Stamp stamp = StampOf(place);
     Kept &file = KeptFiles()[place.Native()];
@@ -235,7 +235,7 @@ bool WriteIni(const QString &path, const QString &section, const QString &key, c
     if (BreaksLines(ToCodePage(section)) || BreaksLines(assignment))
         return false;
     return Skipping([&] {
-               const Place place = Locate(path);
+               const FilePlace place = Locate(path);
                QByteArray content;
                if (NatureOf(place) != Nature::Missing)
                    content = ReadAll(place);

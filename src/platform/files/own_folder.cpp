@@ -1,4 +1,4 @@
-#include "platform/own_folder.h"
+#include "platform/files/own_folder.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,9 +1,8 @@
 // Literal paths: taking them apart, refusing names, and finding the spelling on disk.
-#include "platform/place.h"
+#include "platform/files/place.h"
 
-#include "platform/errors.h"
-#include "platform/files.h"
-#include "platform/host.h"
+#include "platform/base/errors.h"
+#include "platform/host/host.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -69,7 +68,7 @@ QString Spelled(const QString &folder, const QString &name)
 }
 
 // Spells the parts but the last `unspelled`, and refuses links to go through on the drive.
-void Spell(Place &place, qsizetype unspelled)
+void Spell(FilePlace &place, qsizetype unspelled)
 {
     QString folder = place.Root;
     for (qsizetype i = 0; i < place.Parts.size(); ++i) {
@@ -84,9 +83,9 @@ void Spell(Place &place, qsizetype unspelled)
 }
 
 // A literal with backslashes; nothing for a native path.
-std::optional<Place> Parse(const QString &path, bool pattern)
+std::optional<FilePlace> Parse(const QString &path, bool pattern)
 {
-    Place place;
+    FilePlace place;
     QString tail;
     if (path.startsWith(QStringLiteral("C:\\"), Qt::CaseInsensitive)) {
         place.OnDrive = true;
@@ -113,11 +112,11 @@ std::optional<Place> Parse(const QString &path, bool pattern)
 }
 
 // A native path keeps its spelling; below the drive its names and links are judged all the same.
-Place FromNative(const QString &path, qsizetype patterns)
+FilePlace FromNative(const QString &path, qsizetype patterns)
 {
     const QString clean = QDir::cleanPath(path);
     const QString drive = QDir::cleanPath(host().DriveRoot()) + QLatin1Char('/');
-    Place place;
+    FilePlace place;
     if (clean.startsWith(drive)) {
         place.Root = host().DriveRoot();
         place.OnDrive = true;
@@ -137,28 +136,28 @@ Place FromNative(const QString &path, qsizetype patterns)
 
 } // namespace
 
-QString Place::Native() const
+QString FilePlace::Native() const
 {
     return Root + Parts.join(QLatin1Char('/'));
 }
 
-Place Place::Folder() const
+FilePlace FilePlace::Folder() const
 {
-    Place folder = *this;
+    FilePlace folder = *this;
     if (!folder.Parts.isEmpty())
         folder.Parts.removeLast();
     return folder;
 }
 
-Place Locate(const QString &path)
+FilePlace Locate(const QString &path)
 {
-    const std::optional<Place> literal = Parse(path, false);
+    const std::optional<FilePlace> literal = Parse(path, false);
     if (!literal)
         return FromNative(path, 0);
     if (!literal->OnDrive) {
         const QFileInfo there(literal->Native());
         if (there.isSymLink()) {
-            Place target = FromNative(there.symLinkTarget(), 0);
+            FilePlace target = FromNative(there.symLinkTarget(), 0);
             if (target.OnDrive)
                 return target;
         }
@@ -166,12 +165,12 @@ Place Locate(const QString &path)
     return *literal;
 }
 
-Place LocatePattern(const QString &path)
+FilePlace LocatePattern(const QString &path)
 {
-    const std::optional<Place> literal = Parse(path, true);
+    const std::optional<FilePlace> literal = Parse(path, true);
     if (literal)
         return *literal;
-    Place place = FromNative(path, 1);
+    FilePlace place = FromNative(path, 1);
     if (path.endsWith(QLatin1Char('/')))
         place.Parts << QStringLiteral("*");
     return place;
@@ -214,9 +213,17 @@ bool Fits(const QString &name, const QString &pattern)
     return in == wanted.size();
 }
 
+QString AppPath()
+{
+    QString folder = host().ApplicationFolder();
+    while (folder.size() > 1 && folder.endsWith(QLatin1Char('/')))
+        folder.chop(1);
+    return folder;
+}
+
 QString NativePath(const QString &path)
 {
-    const std::optional<Place> literal = Parse(path, false);
+    const std::optional<FilePlace> literal = Parse(path, false);
     return literal ? literal->Native() : path;
 }
 

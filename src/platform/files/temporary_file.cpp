@@ -1,6 +1,6 @@
-#include "platform/temporary_file.h"
+#include "platform/files/temporary_file.h"
 
-#include "platform/errors.h"
+#include "platform/base/errors.h"
 
 #include <QDir>
 #include <QFile>

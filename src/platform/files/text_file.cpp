@@ -1,8 +1,8 @@
 // Text files of the program, written line by line and read field by field.
-#include "platform/files.h"
+#include "platform/files/files.h"
 
-#include "platform/errors.h"
-#include "platform/file_access.h"
+#include "platform/base/errors.h"
+#include "platform/files/file_access.h"
 
 #include <charconv>
 #include <system_error>

@@ -1,7 +1,7 @@
 // The one generator of the program, behind the host.
 #pragma once
 
-#include "platform/host.h"
+#include "platform/host/host.h"
 
 namespace platform {
 

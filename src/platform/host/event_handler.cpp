@@ -1,7 +1,7 @@
-#include "platform/event_handler.h"
+#include "platform/host/event_handler.h"
 
-#include "platform/errors.h"
-#include "platform/host.h"
+#include "platform/base/errors.h"
+#include "platform/host/host.h"
 
 namespace platform {
 

@@ -2,7 +2,7 @@
 // and where the program and its drive lie. The product's host is the machine, a test's is scripted.
 #pragma once
 
-#include "platform/colors.h"
+#include "platform/base/colors.h"
 
 #include <QString>
 
@@ -12,8 +12,6 @@
 #include <optional>
 
 namespace platform {
-
-class Form;
 
 struct ScreenSize {
     int Width = 0; // logical pixels
@@ -55,6 +53,14 @@ public:
     virtual ~Ticker() = default;
 };
 
+// A window that was shown modally, as far as who waits for its end has to know it.
+class ModalWindow {
+public:
+    virtual ~ModalWindow() = default;
+    // Runs `closed` at the end of the window, once.
+    virtual void WhenClosed(std::function<void()> closed) = 0;
+};
+
 class Printing;
 
 class Host {
@@ -85,8 +91,8 @@ public:
     virtual std::optional<Color> ChooseColor() = 0;
     virtual std::optional<FontChoice> ChooseFont() = 0;
     virtual QString ChooseFile(const FileQuestion &question) = 0;
-    // Lets a person use a form that was shown modally; comes back when it is closed.
-    virtual void WaitForModal(Form &form) = 0;
+    // Lets a person use a window that was shown modally; comes back when it is closed.
+    virtual void WaitForModal(ModalWindow &window) = 0;
 
     // Plays a wave file at once and cuts off the one still playing. Never fails, never waits.
     virtual void PlaySound(const QString &nativePath) = 0;
@@ -104,7 +110,7 @@ public:
     // Registers a font file for this process; false when it cannot be read.
     virtual bool RegisterFont(const QString &nativePath) = 0;
 
-    // Ends: at once and in order (`EndProgram`), or after an error that nothing trapped.
+    // Ends: in order (`EndProgram`, after the last window), or after an error that nothing trapped.
     virtual void EndProgram() = 0;
     virtual void FatalError(int number, const QString &text) = 0;
 

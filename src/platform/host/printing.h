@@ -3,7 +3,7 @@
 // here raises an error or waits for a printing system that does not answer.
 #pragma once
 
-#include "platform/font.h"
+#include "platform/base/font.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,9 +1,9 @@
-#include "platform/application.h"
+#include "platform/machine/application.h"
 
-#include "platform/form.h"
-#include "platform/held_keys.h"
-#include "platform/host.h"
-#include "platform/x11_keyboard.h"
+#include "platform/controls/form.h"
+#include "platform/controls/held_keys.h"
+#include "platform/host/host.h"
+#include "platform/machine/x11_keyboard.h"
 
 #include <QApplication>
 #include <QDialog>

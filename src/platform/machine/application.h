@@ -1,7 +1,7 @@
 // The running application: the event dispatch that ends the program on an error nothing trapped.
 #pragma once
 
-#include "platform/event_handler.h"
+#include "platform/host/event_handler.h"
 
 #include <functional>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "platform/command_line.h"
+#include "platform/machine/command_line.h"
 
 #include <QByteArray>
 #include <QByteArrayList>

@@ -1,6 +1,6 @@
-#include "platform/font_dialog.h"
+#include "platform/machine/font_dialog.h"
 
-#include "platform/font.h"
+#include "platform/base/font.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

@@ -2,7 +2,7 @@
 // with nothing chosen; a family and a size have to be.
 #pragma once
 
-#include "platform/host.h"
+#include "platform/host/host.h"
 
 #include <QDialog>
 

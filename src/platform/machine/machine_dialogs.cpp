@@ -1,9 +1,9 @@
 // The common dialogs of the machine. They are the toolkit's or our own and never the desktop's, so
 // that they are the same everywhere and nothing is kept in the person's home.
-#include "platform/machine_host.h"
+#include "platform/machine/machine_host.h"
 
-#include "platform/font_dialog.h"
-#include "platform/form.h"
+#include "platform/controls/form.h"
+#include "platform/machine/font_dialog.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -52,10 +52,10 @@ QString MachineHost::ChooseFile(const FileQuestion &question)
     return dialog.selectedFiles().value(0);
 }
 
-void MachineHost::WaitForModal(Form &form)
+void MachineHost::WaitForModal(ModalWindow &window)
 {
     QEventLoop loop;
-    form.WhenClosed([&loop] { loop.quit(); });
+    window.WhenClosed([&loop] { loop.quit(); });
     loop.exec();
 }
 

@@ -1,9 +1,8 @@
-#include "platform/machine_host.h"
+#include "platform/machine/machine_host.h"
 
-#include "platform/form.h"
-#include "platform/local_text.h"
-#include "platform/own_folder.h"
-#include "platform/sound_player.h"
+#include "platform/base/local_text.h"
+#include "platform/files/own_folder.h"
+#include "platform/sound/sound_player.h"
 
 #include <QApplication>
 #include <QDate>
@@ -182,16 +181,14 @@ bool MachineHost::RegisterFont(const QString &nativePath)
 
 void MachineHost::EndProgram()
 {
-    while (!Form::Loaded().empty())
-        Form::Loaded().back()->Drop();
     QCoreApplication::exit(0);
 }
 
 void MachineHost::FatalError(int number, const QString &text)
 {
     // A window that throws while it paints would throw again behind the box.
-    for (Form *form : Form::Loaded())
-        form->LockDrawing(true);
+    for (QWidget *window : QApplication::topLevelWidgets())
+        window->setUpdatesEnabled(false);
     const QString line = number == 0 ? text : QStringLiteral("%1: %2").arg(number).arg(text);
     QMessageBox(QMessageBox::Critical, QStringLiteral("MorleneKVT"), line, QMessageBox::Ok).exec();
     m_lock.reset();

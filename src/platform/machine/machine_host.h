@@ -1,7 +1,7 @@
 // The machine as the program's host.
 #pragma once
 
-#include "platform/host.h"
+#include "platform/host/host.h"
 #include "platform/printing/machine_printing.h"
 
 #include <memory>
@@ -27,7 +27,7 @@ public:
     std::optional<Color> ChooseColor() override;
     std::optional<FontChoice> ChooseFont() override;
     QString ChooseFile(const FileQuestion &question) override;
-    void WaitForModal(Form &form) override;
+    void WaitForModal(ModalWindow &window) override;
     void PlaySound(const QString &nativePath) override;
     void OpenDocument(const QString &nativePath) override;
     Printing &Printers() override { return m_printing; }

@@ -1,4 +1,4 @@
-#include "platform/x11_keyboard.h"
+#include "platform/machine/x11_keyboard.h"
 
 #include <QGuiApplication>
 

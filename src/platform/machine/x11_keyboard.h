@@ -1,7 +1,7 @@
 // The keyboard of an X server; silent on other systems.
 #pragma once
 
-#include "platform/held_keys.h"
+#include "platform/controls/held_keys.h"
 
 namespace platform {
 

@@ -1,8 +1,8 @@
 // Finds the file that a movie's name stands for, and the reader that knows its content.
 #include "platform/movies/movie_reader.h"
 
-#include "platform/errors.h"
-#include "platform/files.h"
+#include "platform/base/errors.h"
+#include "platform/files/files.h"
 #include "platform/movies/movie_formats.h"
 #include "platform/movies/svg_movie.h"
 

@@ -1,8 +1,8 @@
 // Pixels of windows and pictures, as 24 bits each.
 #include "platform/printing/machine_printing.h"
 
-#include "platform/form.h"
-#include "platform/picture.h"
+#include "platform/controls/form.h"
+#include "platform/controls/picture.h"
 
 #include <QImage>
 #include <QPixmap>

@@ -2,7 +2,7 @@
 // asked and nothing waits until a document has ended, which is then handed over.
 #pragma once
 
-#include "platform/printing/printing.h"
+#include "platform/host/printing.h"
 #include "platform/printing/spooler.h"
 
 namespace platform {

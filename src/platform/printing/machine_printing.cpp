@@ -1,6 +1,6 @@
 #include "platform/printing/machine_printing.h"
 
-#include "platform/form.h"
+#include "platform/controls/form.h"
 #include "platform/printing/machine_device.h"
 #include "platform/printing/properties_dialog.h"
 

@@ -1,7 +1,7 @@
 // The printers of the machine.
 #pragma once
 
-#include "platform/printing/printing.h"
+#include "platform/host/printing.h"
 #include "platform/printing/spooler.h"
 
 #include <QMap>

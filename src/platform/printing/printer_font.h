@@ -2,7 +2,7 @@
 // printer.
 #pragma once
 
-#include "platform/font.h"
+#include "platform/base/font.h"
 
 class QFont;
 

@@ -1,7 +1,7 @@
 #include "platform/printing/printer_object.h"
 
-#include "platform/errors.h"
-#include "platform/host.h"
+#include "platform/base/errors.h"
+#include "platform/host/host.h"
 #include "platform/printing/printer_font.h"
 
 #include <QFont>

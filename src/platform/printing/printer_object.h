@@ -2,8 +2,8 @@
 // and sizes are twips.
 #pragma once
 
-#include "platform/form.h"
-#include "platform/printing/printing.h"
+#include "platform/controls/form.h"
+#include "platform/host/printing.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #include "platform/printing/properties_dialog.h"
 
-#include "platform/form.h"
+#include "platform/controls/form.h"
 
 #include <QComboBox>
 #include <QDialog>

@@ -1,7 +1,7 @@
 // The printer's own dialog: paper, orientation and copies.
 #pragma once
 
-#include "platform/printing/printing.h"
+#include "platform/host/printing.h"
 
 #include <QList>
 

@@ -1,4 +1,4 @@
-#include "platform/sound_file.h"
+#include "platform/sound/sound_file.h"
 
 #include <QFile>
 #include <QFileInfo>

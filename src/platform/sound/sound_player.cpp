@@ -1,6 +1,6 @@
 // The sound of a right or a wrong answer must never keep the child waiting, whatever the sound
 // server does. So the server is talked to from a thread of its own, and no reply is waited for.
-#include "platform/sound_player.h"
+#include "platform/sound/sound_player.h"
 
 #if defined(MORLENE_PULSE)
 
@@ -11,7 +11,7 @@
 
 #include <pulse/pulseaudio.h>
 
-#include "platform/sound_file.h"
+#include "platform/sound/sound_file.h"
 
 namespace platform {
 namespace {

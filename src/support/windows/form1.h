@@ -1,11 +1,11 @@
 // A choice of three houses to print and to colour by hand.
 #pragma once
 
-#include "platform/control_array.h"
-#include "platform/form.h"
-#include "platform/label.h"
-#include "platform/menu.h"
-#include "platform/picture.h"
+#include "platform/controls/control_array.h"
+#include "platform/controls/form.h"
+#include "platform/controls/label.h"
+#include "platform/controls/menu.h"
+#include "platform/controls/picture.h"
 
 class Form1 : public platform::Form {
 public:

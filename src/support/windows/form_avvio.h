@@ -1,11 +1,11 @@
 // The splash: the first thing shown, until its picture button is pressed.
 #pragma once
 
-#include "platform/button.h"
-#include "platform/control_array.h"
-#include "platform/form.h"
-#include "platform/label.h"
-#include "platform/picture.h"
+#include "platform/controls/button.h"
+#include "platform/controls/control_array.h"
+#include "platform/controls/form.h"
+#include "platform/controls/label.h"
+#include "platform/controls/picture.h"
 
 class FormAvvio : public platform::Form {
 public:

@@ -2,7 +2,7 @@
 
 #include "core/windows.h"
 #include "language/language.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "support/documents.h"
 #include "support/full_screen.h"
 

@@ -2,10 +2,10 @@
 // document on the program.
 #pragma once
 
-#include "platform/button.h"
-#include "platform/form.h"
-#include "platform/label.h"
-#include "platform/picture.h"
+#include "platform/controls/button.h"
+#include "platform/controls/form.h"
+#include "platform/controls/label.h"
+#include "platform/controls/picture.h"
 
 class FormInfo : public platform::Form {
 public:

@@ -1,5 +1,5 @@
 // Texts are drawn as large as they fit, with nothing cut: not a line, not a word, not a stroke.
-#include "platform/fitted_text.h"
+#include "platform/base/fitted_text.h"
 
 #include "support/registered_tests.h"
 

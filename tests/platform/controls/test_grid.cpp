@@ -1,10 +1,10 @@
 // Tables: their texts, their limits, and what is seen of them; and numbers as a person writes them.
-#include "platform/errors.h"
-#include "platform/files.h"
-#include "platform/grid.h"
-#include "platform/local_text.h"
-#include "platform/numbers.h"
-#include "platform/picture.h"
+#include "platform/base/errors.h"
+#include "platform/base/local_text.h"
+#include "platform/base/numbers.h"
+#include "platform/controls/grid.h"
+#include "platform/controls/picture.h"
+#include "platform/files/files.h"
 #include "support/registered_tests.h"
 #include "support/scripted_host.h"
 

@@ -1,8 +1,8 @@
 // Rights on the drive that all users of the machine share, links, special files, and full disks.
-#include "folder_host.h"
+#include "support/folder_host.h"
 
-#include "platform/files.h"
-#include "platform/ini.h"
+#include "platform/files/files.h"
+#include "platform/files/ini.h"
 #include "support/as_user.h"
 #include "support/registered_tests.h"
 

@@ -1,8 +1,8 @@
 // Initialisation files: what a look-up finds, what a change keeps, and when a file is read anew.
-#include "folder_host.h"
+#include "support/folder_host.h"
 
-#include "platform/files.h"
-#include "platform/ini.h"
+#include "platform/files/files.h"
+#include "platform/files/ini.h"
 #include "support/registered_tests.h"
 
 #include <QTest>

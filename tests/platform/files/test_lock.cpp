@@ -1,6 +1,6 @@
 // One program a user: a second one of the same user is told, another user's is free.
-#include "platform/machine_host.h"
-#include "platform/own_folder.h"
+#include "platform/files/own_folder.h"
+#include "platform/machine/machine_host.h"
 #include "support/as_user.h"
 #include "support/registered_tests.h"
 #include "support/scripted_host.h"

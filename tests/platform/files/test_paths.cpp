@@ -1,7 +1,7 @@
 // Where literal paths lead, which names are refused, and what look-ups find.
-#include "folder_host.h"
+#include "support/folder_host.h"
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "support/registered_tests.h"
 
 #include <QTest>

@@ -1,7 +1,7 @@
 // Text files byte by byte: the code page, lines and numbers as written, and the field rules.
-#include "folder_host.h"
+#include "support/folder_host.h"
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "support/registered_tests.h"
 
 #include <QLocale>

@@ -1,10 +1,10 @@
 // Modal forms, and the machine's own dialogs driven as a person would: what they open on, what they
 // answer, and that nothing is left in the person's home.
-#include "platform/button.h"
-#include "platform/font_dialog.h"
-#include "platform/form.h"
-#include "platform/machine_host.h"
-#include "platform/timer.h"
+#include "platform/controls/button.h"
+#include "platform/controls/form.h"
+#include "platform/controls/timer.h"
+#include "platform/machine/font_dialog.h"
+#include "platform/machine/machine_host.h"
 
 #include "support/registered_tests.h"
 #include "support/scripted_host.h"

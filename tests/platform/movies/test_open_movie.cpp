@@ -1,6 +1,6 @@
 // Which file a movie's name stands for, and how many movies a folder holds.
-#include "platform/movie_helpers.h"
-#include "platform/raster_pictures.h"
+#include "platform/movies/movie_helpers.h"
+#include "platform/movies/raster_pictures.h"
 #include "support/registered_tests.h"
 #include "support/scripted_host.h"
 

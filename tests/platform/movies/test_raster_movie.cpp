@@ -1,6 +1,6 @@
 // Rewards that are WebP or GIF: the frame that stands at a moment, and damaged files.
-#include "platform/movie_helpers.h"
-#include "platform/raster_pictures.h"
+#include "platform/movies/movie_helpers.h"
+#include "platform/movies/raster_pictures.h"
 #include "support/registered_tests.h"
 
 #include <QElapsedTimer>

@@ -1,5 +1,5 @@
 // Rewards that are drawings: where everything stands at a given moment.
-#include "platform/movie_helpers.h"
+#include "platform/movies/movie_helpers.h"
 
 #include "platform/movies/motion_path.h"
 #include "platform/movies/svg_animation.h"

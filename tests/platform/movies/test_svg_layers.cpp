@@ -1,6 +1,6 @@
 // A moving drawing painted in layers looks like the same drawing painted in one go, whatever moves
 // and stands still in turn.
-#include "platform/movie_helpers.h"
+#include "platform/movies/movie_helpers.h"
 #include "platform/movies/svg_animation.h"
 #include "platform/movies/svg_document.h"
 #include "platform/movies/svg_layers.h"

@@ -1,5 +1,5 @@
 // The figure: painting its parts, hiding smoke and clouds, clicks, and files that are no drawing.
-#include "platform/movie_helpers.h"
+#include "platform/movies/movie_helpers.h"
 #include "support/registered_tests.h"
 
 #include <QBuffer>

@@ -1,5 +1,5 @@
 // A figure that is laid together of pictures looks like one drawn in one go, in all its colours.
-#include "platform/movie_helpers.h"
+#include "platform/movies/movie_helpers.h"
 #include "platform/movies/svg_piece.h"
 #include "support/registered_tests.h"
 

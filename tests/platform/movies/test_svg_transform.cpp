@@ -1,5 +1,5 @@
 // Where the elements of a drawing stand.
-#include "platform/movie_helpers.h"
+#include "platform/movies/movie_helpers.h"
 #include "platform/movies/svg_transform.h"
 #include "support/registered_tests.h"
 

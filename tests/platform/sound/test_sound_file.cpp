@@ -1,6 +1,6 @@
 // A teacher's sound is played whatever kind of sound file it is; anything else in its place stays
 // silent.
-#include "platform/sound_file.h"
+#include "platform/sound/sound_file.h"
 #include "support/registered_tests.h"
 
 #include <QDir>
