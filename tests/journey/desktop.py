@@ -162,8 +162,18 @@ class Program:
     def click_at(self, x, y):
         subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", "1"], check=True)
 
+    def settled_box(self, item):
+        """A window that is just opening still moves its controls."""
+        def same_twice():
+            before = self.box(item)
+            time.sleep(0.05)
+            after = self.box(item)
+            sides = [(box.x, box.y, box.width, box.height) for box in (before, after)]
+            return sides[0] == sides[1] and after
+        return wait_for("a place that stays", same_twice)
+
     def click(self, item):
-        place = self.box(item)
+        place = self.settled_box(item)
         self.click_at(place.x + place.width // 2, place.y + place.height // 2)
 
     def colour(self, item):

@@ -1,7 +1,9 @@
 """All eight exercises on all their levels, one task each, by mouse and by the three ways without
 one: from outside, by real events, with nothing known but what the screen shows.
 
-    alone exercises PROGRAM MODE
+    alone exercises PROGRAM MODE [FIRST LAST]
+
+The exercises are numbered from 1 in the order of the menu.
 """
 import sys
 import time
@@ -399,14 +401,14 @@ def open_exercise(child, entry, shows):
     program.await_object(shows)
 
 
-def play_all(desktop, executable, drive, mode):
+def play_all(desktop, executable, drive, mode, first=1, last=len(EXERCISES)):
     fresh_drive(drive)
     write_profile(drive, mode)
     child = Child(Program(desktop, executable), mode)
     program = child.program
     program.await_object("Command1")
     program.key_until("Return", "the menu", lambda: program.find("Image1(0)"))
-    for entry, (play, levels, shows) in enumerate(EXERCISES):
+    for entry, (play, levels, shows) in list(enumerate(EXERCISES))[first - 1:last]:
         begun = time.monotonic()
         child.late = 0
         open_exercise(child, entry, shows)
@@ -424,6 +426,6 @@ def play_all(desktop, executable, drive, mode):
 if __name__ == "__main__":
     try:
         with Desktop() as shared:
-            play_all(shared, sys.argv[1], sys.argv[2], int(sys.argv[3]))
+            play_all(shared, *sys.argv[1:3], *map(int, sys.argv[3:]))
     except Failure as failure:
         sys.exit(f"FAILED: {failure}")
