@@ -15,24 +15,14 @@ struct Piece {
     uint8_t Part;
 };
 
-// The group of a part, and those of its objects that stand outside of it.
+// The groups of the visible parts, in the order of the document.
 std::vector<Piece> PiecesOf(const SvgDocument &document, unsigned visible)
 {
     std::vector<Piece> pieces;
     for (size_t number = 0; number < FigureParts.size(); ++number) {
-        if ((visible & (1U << number)) == 0)
-            continue;
-        const QByteArray name = FigureParts[number];
-        int end = 0;
-        for (const char *object : {"", ".interno", ".ombra", ".contorno"}) {
-            const int index = document.Index(name + object);
-            const bool inGroup = !pieces.empty() && pieces.back().Part == number + 1 &&
-                                 index > pieces.back().Index && index < end;
-            if (index < 0 || inGroup)
-                continue;
+        const int index = document.Index(FigureParts[number]);
+        if (index >= 0 && (visible & (1U << number)) != 0)
             pieces.push_back({index, static_cast<uint8_t>(number + 1)});
-            end = document.Elements[static_cast<size_t>(index)].End;
-        }
     }
     std::sort(pieces.begin(), pieces.end(),
               [](const Piece &a, const Piece &b) { return a.Index < b.Index; });
