@@ -73,7 +73,6 @@ void MovieControl::GotoFrame(int frame)
     if (!m_reader)
         return;
     m_frame = frame;
-    m_reader->GotoFrame(frame);
     Note("GotoFrame", QString::number(frame));
     ShowPointer(frame == 1 ? platform::MousePointer::Custom : platform::MousePointer::Default);
     FollowPointer();

@@ -25,7 +25,6 @@ public:
     // Both are lost silently when the movie has no such thing.
     virtual void SetVariable(const QString &name, const QString &value) = 0;
     virtual void SetProperty(const QString &target, int property, const QString &value) = 0;
-    virtual void GotoFrame(int frame) = 0;
 
     // Milliseconds since the movie was loaded. False: nothing changed on the picture.
     virtual bool Advance(int milliseconds) = 0;

@@ -66,7 +66,6 @@ public:
 
     void SetVariable(const QString &, const QString &) override {}
     void SetProperty(const QString &, int, const QString &) override {}
-    void GotoFrame(int) override {}
 
     bool Advance(int milliseconds) override
     {

@@ -42,7 +42,6 @@ public:
     void Paint(QPainter &painter, const QRectF &target) override;
     void SetVariable(const QString &name, const QString &value) override;
     void SetProperty(const QString &target, int property, const QString &value) override;
-    void GotoFrame(int) override {} // all four look the same; the control takes the clicks by them
     bool Advance(int milliseconds) override;
     int Duration() const override { return m_source->Animation.Duration(); }
     int Hit(const QPointF &point, const QRectF &target) override;

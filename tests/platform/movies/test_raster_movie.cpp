@@ -116,7 +116,6 @@ void TestRasterMovie::itIsNoFigure()
     movie->SetVariable("QualeOggetto", "tetto.interno");
     movie->SetVariable("TestoColore.QualeColore", "00FF00");
     movie->SetProperty("fumo", 7, "0");
-    movie->GotoFrame(2);
     QCOMPARE(Shown(*movie), before);
     QCOMPARE(movie->Hit({50, 50}, {0, 0, 100, 100}), 0);
     QVERIFY(movie->Description().isEmpty());
