@@ -87,46 +87,23 @@ std::vector<double> SvgTrack::Mixed(double share) const
     return numbers;
 }
 
-QByteArray SvgTrack::ValueAt(double share, const QByteArray &below) const
+QByteArray SvgTrack::ValueAt(double share) const
 {
     if (What == Kind::Text) {
         double part = 0;
         return Texts[Gap(share, part)];
     }
-    std::vector<double> numbers = Mixed(share);
-    switch (What) {
-    case Kind::Color: {
-        QByteArray text = "#";
+    const std::vector<double> numbers = Mixed(share);
+    QByteArray text;
+    if (What == Kind::Transform) {
+        text = Call(Function, numbers);
+    } else if (What == Kind::Color) {
+        text = "#";
         for (const double number : numbers)
             text += QByteArray::number(static_cast<int>(std::lround(number)), 16)
                         .rightJustified(2, '0');
-        return text;
-    }
-    case Kind::Transform: {
-        const QByteArray own = Call(Function, numbers);
-        return Sum && !below.isEmpty() ? below + ' ' + own : own;
-    }
-    case Kind::Motion: {
-        const MotionPath::Place place = Path.At(numbers.front());
-        const double degrees = TurnWithPath ? place.Degrees + Turn : Turn;
-        QByteArray own = Call("translate", {place.Point.x(), place.Point.y()});
-        if (degrees != 0)
-            own += ' ' + Call("rotate", {degrees});
-        return Sum && !below.isEmpty() ? below + ' ' + own : own;
-    }
-    default:
-        break;
-    }
-    if (Sum && numbers.size() == 1) {
-        const QByteArray number = below.isEmpty() ? QByteArray("0") : below;
-        numbers[0] += number.toDouble();
-    }
-    QByteArray text = Pieces.front();
-    for (size_t index = 0; index < numbers.size(); ++index) {
-        if (index > 0)
-            text += ' ';
-        AppendNumber(text, numbers[index]);
-        text += Pieces[static_cast<qsizetype>(index) + 1];
+    } else {
+        AppendNumber(text, numbers.front());
     }
     return text;
 }
@@ -157,19 +134,11 @@ SvgAnimation::Values SvgAnimation::At(const SvgDocument &base, double millisecon
     for (const Target &target : m_targets) {
         const QByteArray *own =
             base.Elements[static_cast<size_t>(target.Element)].Find(target.Attribute);
-        QByteArray value = own != nullptr ? *own : QByteArray();
-        QByteArray motion;
-        bool there = own != nullptr;
+        std::optional<QByteArray> value = own != nullptr ? std::optional(*own) : std::nullopt;
         for (const SvgTrack &track : target.Tracks)
-            if (const auto share = track.Share(milliseconds)) {
-                QByteArray &below = track.What == SvgTrack::Kind::Motion ? motion : value;
-                below = track.ValueAt(*share, below);
-                there = true;
-            }
-        // The way moves what the element's own transformation has made.
-        if (!motion.isEmpty())
-            value = value.isEmpty() ? motion : motion + ' ' + value;
-        values.push_back(there ? std::optional(value) : std::nullopt);
+            if (const auto share = track.Share(milliseconds))
+                value = track.ValueAt(*share);
+        values.push_back(std::move(value));
     }
     return values;
 }

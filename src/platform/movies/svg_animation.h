@@ -1,11 +1,9 @@
 // The animations of a drawing, computed for any moment: the renderer knows only still pictures.
 //
-// Understood: animate, set, animateTransform and animateMotion with begin, dur, values, from, to,
-// by, keyTimes, keySplines, keyPoints, calcMode, repeatCount, additive and fill, times in plain
-// seconds or milliseconds. One that starts at an event, or that contradicts itself, is left out.
+// Understood is what CONTRIBUTING.md promises to artists. An animation that starts at an event, or
+// that contradicts itself, is left out.
 #pragma once
 
-#include "platform/movies/motion_path.h"
 #include "platform/movies/svg_document.h"
 
 #include <array>
@@ -17,7 +15,7 @@ namespace platform {
 
 // One element of animation, ready to be asked.
 struct SvgTrack {
-    enum class Kind { Text, Numbers, Color, Transform, Motion };
+    enum class Kind { Text, Number, Color, Transform };
 
     Kind What = Kind::Text;
     int Element = 0;
@@ -27,18 +25,13 @@ struct SvgTrack {
     double Cycle = 0;   // ms; 0: holds its first value
     double Repeats = 1; // may be infinite
     bool Freeze = false;
-    bool Sum = false;
 
     std::vector<double> Times;                  // 0 to 1, one for each value
     std::vector<std::array<double, 4>> Splines; // one for each gap, or none
     bool Steps = false;                         // jumps from value to value
     std::vector<QByteArray> Texts;              // Kind::Text
     std::vector<std::vector<double>> Frames;    // all others
-    QList<QByteArray> Pieces;                   // Kind::Numbers: what stands between
     QByteArray Function;                        // Kind::Transform: "translate"
-    MotionPath Path;                            // Kind::Motion: frames are shares
-    double Turn = 0;                            // Kind::Motion: degrees
-    bool TurnWithPath = false;
 
     double End() const
     {
@@ -46,8 +39,8 @@ struct SvgTrack {
     }
     // The share of the cycle at a moment; nothing when the track says nothing then.
     std::optional<double> Share(double milliseconds) const;
-    // The attribute's value at a share, on top of what stood there.
-    QByteArray ValueAt(double share, const QByteArray &below) const;
+    // The attribute's value at a share.
+    QByteArray ValueAt(double share) const;
 
 private:
     std::vector<double> Mixed(double share) const;

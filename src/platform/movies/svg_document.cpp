@@ -62,8 +62,7 @@ void SvgElement::Remove(const QByteArray &name)
 
 bool IsAnimation(const SvgElement &element)
 {
-    return element.Name == "animate" || element.Name == "animateTransform" ||
-           element.Name == "animateMotion" || element.Name == "set";
+    return element.Name == "animate" || element.Name == "animateTransform" || element.Name == "set";
 }
 
 QByteArray SvgText(const SvgDocument &document, const std::function<bool(int)> &skipped)

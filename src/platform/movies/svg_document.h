@@ -43,8 +43,8 @@ struct SvgDocument {
 constexpr qint64 LargestSvg = qint64{8} * 1024 * 1024;
 
 // Nothing for what is no drawing, is damaged, or is larger or deeper than a drawing needs. Style
-// attributes become plain attributes; scripts, style sheets, texts, dashes, filters and pictures
-// from outside are left out.
+// attributes become plain attributes; scripts, style sheets, texts, dashes, filters, copies and
+// pictures are left out.
 std::optional<SvgDocument> ParseSvg(const QByteArray &content);
 
 bool IsAnimation(const SvgElement &element);

@@ -4,8 +4,6 @@
 
 #include "platform/movies/svg_values.h"
 
-#include <QBuffer>
-#include <QImageReader>
 #include <QSet>
 #include <QStringDecoder>
 #include <QXmlStreamReader>
@@ -19,109 +17,33 @@ constexpr int DeepestElement = 64;
 constexpr int MostTokens = 200000;
 constexpr int MostAttributes = 200; // of one tag: the XML reader compares each with each
 constexpr size_t MostElements = 5000;
-constexpr qint64 MostDrawingBytes = qint64{1} << 20; // of all attributes, after copies by "use"
-constexpr qint64 MostPixels = qint64{16} << 20;      // of all pictures inside, likewise
-constexpr int DeepestUse = 8;
+constexpr qint64 MostDrawingBytes = qint64{1} << 20; // of all attributes
 
 const QSet<QByteArray> &KnownElements()
 {
-    static const QSet<QByteArray> names{"svg",
-                                        "g",
-                                        "defs",
-                                        "path",
-                                        "rect",
-                                        "circle",
-                                        "ellipse",
-                                        "line",
-                                        "polyline",
-                                        "use",
-                                        "polygon",
-                                        "image",
-                                        "stop",
-                                        "linearGradient",
-                                        "radialGradient",
-                                        "set",
-                                        "animate",
-                                        "animateTransform",
-                                        "animateMotion"};
+    static const QSet<QByteArray> names =
+        Names("svg g defs path rect circle ellipse line polyline polygon linearGradient "
+              "radialGradient stop set animate animateTransform");
     return names;
 }
 
 // Those that may stand in a style attribute as well.
 const QSet<QByteArray> &PaintAttributes()
 {
-    static const QSet<QByteArray> names{
-        "fill",           "fill-opacity",      "fill-rule",       "stroke",     "stroke-width",
-        "stroke-opacity", "stroke-linecap",    "stroke-linejoin", "opacity",    "display",
-        "visibility",     "stroke-miterlimit", "color",           "stop-color", "stop-opacity"};
+    static const QSet<QByteArray> names =
+        Names("fill fill-opacity fill-rule stroke stroke-width stroke-opacity stroke-linecap "
+              "stroke-linejoin stroke-miterlimit opacity display visibility color stop-color "
+              "stop-opacity");
     return names;
 }
 
 const QSet<QByteArray> &PlainAttributes()
 {
-    static const QSet<QByteArray> names{"id",
-                                        "d",
-                                        "points",
-                                        "x",
-                                        "y",
-                                        "x1",
-                                        "y1",
-                                        "x2",
-                                        "y2",
-                                        "cx",
-                                        "cy",
-                                        "r",
-                                        "rx",
-                                        "ry",
-                                        "fx",
-                                        "fy",
-                                        "width",
-                                        "height",
-                                        "transform",
-                                        "offset",
-                                        "viewBox",
-                                        "gradientTransform",
-                                        "gradientUnits",
-                                        "spreadMethod",
-                                        "begin",
-                                        "dur",
-                                        "values",
-                                        "keyTimes",
-                                        "keySplines",
-                                        "keyPoints",
-                                        "from",
-                                        "to",
-                                        "by",
-                                        "calcMode",
-                                        "repeatCount",
-                                        "additive",
-                                        "type",
-                                        "path",
-                                        "rotate",
-                                        "attributeName"};
+    static const QSet<QByteArray> names =
+        Names("id d points x y x1 y1 x2 y2 cx cy r rx ry fx fy width height transform offset "
+              "viewBox gradientTransform gradientUnits spreadMethod attributeName begin dur values "
+              "keyTimes keySplines from to calcMode repeatCount type");
     return names;
-}
-
-// The picture's bytes as a data address that holds a PNG or JPEG and nothing else (a drawing in a
-// data address could name files again); its size is added to `pixels`.
-std::optional<QByteArray> SafePicture(const QByteArray &address, qint64 &pixels)
-{
-    const qsizetype comma = address.indexOf(",");
-    if (!address.startsWith("data:") || comma < 0 || !address.left(comma).endsWith(";base64"))
-        return std::nullopt;
-    QByteArray bytes = QByteArray::fromBase64(address.mid(comma + 1));
-    const QByteArray format = bytes.startsWith("\x89PNG")        ? "png"
-                              : bytes.startsWith("\xff\xd8\xff") ? "jpeg"
-                                                                 : "";
-    if (format.isEmpty())
-        return std::nullopt;
-    QBuffer buffer(&bytes);
-    QImageReader reader(&buffer, format);
-    const QSize size = reader.size();
-    if (!size.isValid() || size.width() > 4096 || size.height() > 4096)
-        return std::nullopt;
-    pixels += qint64{size.width()} * size.height();
-    return "data:image/" + format + ";base64," + bytes.toBase64();
 }
 
 class Parser {
@@ -134,23 +56,16 @@ private:
     bool Token();
     bool Start();
     void TakeAttributes(SvgElement &element);
-    void TakePicture(SvgElement &element, const QByteArray &address);
     void TakeStyle(SvgElement &element, const QByteArray &style) const;
     bool Finish();
     bool TakeViewBox();
-    bool CopiesAreBounded();
-    bool AddCost(int from, int to, int depth);
 
     QXmlStreamReader m_xml;
     SvgDocument m_document;
     std::vector<int> m_open;
-    std::vector<qint64> m_pixels; // of each element's picture
     int m_depth = 0;
     int m_skippedFrom = 0; // depth of the unknown element that we are in, 0 for none
     qint64 m_bytes = 0;
-    qint64 m_copiedBytes = 0;
-    qint64 m_copiedPixels = 0;
-    size_t m_copiedElements = 0;
 };
 
 std::optional<SvgDocument> Parser::Run()
@@ -208,18 +123,11 @@ bool Parser::Start()
     SvgElement element;
     element.Name = name;
     element.Parent = root ? -1 : m_open.back();
-    m_pixels.push_back(0);
     TakeAttributes(element);
-    if (name == "image" && element.Find("xlink:href") == nullptr) {
-        m_pixels.pop_back();
-        m_skippedFrom = m_depth;
-        return true;
-    }
     for (const SvgAttribute &attribute : element.Attributes) {
-        const bool picture = name == "image" && attribute.Name == "xlink:href";
-        if (!picture && attribute.Name != "id" && !NumbersAreSane(attribute.Value))
+        if (attribute.Name != "id" && !NumbersAreSane(attribute.Value))
             return false;
-        m_bytes += picture ? 0 : attribute.Value.size();
+        m_bytes += attribute.Value.size();
     }
     if (m_bytes > MostDrawingBytes)
         return false;
@@ -242,10 +150,8 @@ void Parser::TakeAttributes(SvgElement &element)
         // The renderer knows the older name of a reference only.
         if (name == "href" &&
             (plain || attribute.namespaceUri() == QLatin1String("http://www.w3.org/1999/xlink"))) {
-            if (element.Name != "image" && value.trimmed().startsWith('#'))
+            if (value.trimmed().startsWith('#'))
                 element.Set("xlink:href", value.trimmed());
-            else if (element.Name == "image")
-                TakePicture(element, value.trimmed());
         } else if (plain && name == "style") {
             style = value;
         } else if (plain &&
@@ -255,12 +161,6 @@ void Parser::TakeAttributes(SvgElement &element)
     }
     if (!IsAnimation(element))
         TakeStyle(element, style);
-}
-
-void Parser::TakePicture(SvgElement &element, const QByteArray &address)
-{
-    if (const auto picture = SafePicture(address, m_pixels.back()))
-        element.Set("xlink:href", *picture);
 }
 
 void Parser::TakeStyle(SvgElement &element, const QByteArray &style) const
@@ -277,7 +177,7 @@ void Parser::TakeStyle(SvgElement &element, const QByteArray &style) const
 
 bool Parser::Finish()
 {
-    if (m_document.Elements.empty() || !TakeViewBox() || !CopiesAreBounded())
+    if (m_document.Elements.empty() || !TakeViewBox())
         return false;
     SvgElement &root = m_document.Elements.front();
     root.Set("xmlns", "http://www.w3.org/2000/svg");
@@ -309,38 +209,6 @@ bool Parser::TakeViewBox()
     for (const double number : box)
         text += QByteArray::number(number, 'g', 12) + ' ';
     root.Set("viewBox", text.trimmed());
-    return true;
-}
-
-// A "use" that names a group with more of them grows without bounds, or for ever: counts what is
-// painted in the end.
-bool Parser::CopiesAreBounded()
-{
-    return AddCost(0, static_cast<int>(m_document.Elements.size()), 0);
-}
-
-bool Parser::AddCost(int from, int to, int depth)
-{
-    if (depth > DeepestUse)
-        return false;
-    for (int index = from; index < to; ++index) {
-        const SvgElement &element = m_document.Elements[static_cast<size_t>(index)];
-        m_copiedPixels += m_pixels[static_cast<size_t>(index)];
-        ++m_copiedElements;
-        for (const SvgAttribute &attribute : element.Attributes)
-            if (element.Name != "image")
-                m_copiedBytes += attribute.Value.size();
-        if (m_copiedPixels > MostPixels || m_copiedBytes > MostDrawingBytes ||
-            m_copiedElements > MostElements)
-            return false;
-        const QByteArray reference = element.Value("xlink:href");
-        if (element.Name != "use" || !reference.startsWith('#'))
-            continue;
-        const int target = m_document.Index(reference.mid(1));
-        if (target >= 0 &&
-            !AddCost(target, m_document.Elements[static_cast<size_t>(target)].End, depth + 1))
-            return false;
-    }
     return true;
 }
 

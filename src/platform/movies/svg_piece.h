@@ -17,8 +17,8 @@ struct SvgPiece {
     QPoint Corner;  // its place, in the painter's pixels
 };
 
-// Only plain shapes can be painted apart: a copy or a gradient refers to an element that may lie in
-// another piece. Nor is a drawing of very many elements worth it.
+// Only plain shapes can be painted apart: a gradient may lie in another piece. Nor is a drawing of
+// very many elements worth it.
 bool CanCut(const SvgDocument &document);
 // Whether the pixels of pieces fall on the painter's pixels.
 bool CanPaintPieces(const QPainter &painter);

@@ -13,38 +13,23 @@ namespace {
 
 constexpr double LongestMovie = 24.0 * 60 * 60 * 1000; // ms
 
+// Attributes of a shape or group that move by number; place and turn have their own element.
+const QSet<QByteArray> &NumberAttributes()
+{
+    static const QSet<QByteArray> names =
+        Names("x y x1 y1 x2 y2 cx cy r rx ry width height opacity "
+              "fill-opacity stroke-opacity stroke-width");
+    return names;
+}
+
 bool IsColor(const QByteArray &attribute)
 {
-    return attribute == "fill" || attribute == "stroke" || attribute == "stop-color" ||
-           attribute == "color";
+    return attribute == "fill" || attribute == "stroke";
 }
 
-double Neutral(const QByteArray &attribute)
+bool IsSwitch(const QByteArray &attribute)
 {
-    return attribute.contains("opacity") ? 1 : 0;
-}
-
-// "10px" is the number 10 between "" and "px".
-struct Skeleton {
-    QList<QByteArray> Pieces{QByteArray()};
-    std::vector<double> Numbers;
-};
-
-Skeleton Dissect(const QByteArray &text)
-{
-    Skeleton skeleton;
-    int position = 0;
-    while (position < text.size()) {
-        if (const auto number = ScanNumber(text, position)) {
-            skeleton.Numbers.push_back(*number);
-            skeleton.Pieces.append(QByteArray());
-        } else {
-            const char letter = text[position++];
-            if (letter != ' ' && letter != ',' && letter != '\n' && letter != '\t')
-                skeleton.Pieces.last() += letter;
-        }
-    }
-    return skeleton;
+    return attribute == "display" || attribute == "visibility";
 }
 
 class Compiler {
@@ -63,7 +48,6 @@ private:
     bool NumberValues();
     bool ColorValues();
     bool TransformValues();
-    bool MotionValues();
     bool Keys();
     bool Easing();
     size_t Count() const { return std::max(m_track.Frames.size(), m_track.Texts.size()); }
@@ -72,10 +56,7 @@ private:
     const SvgDocument &m_document;
     const SvgElement &m_element;
     SvgTrack m_track;
-    QList<QByteArray> m_values; // as written, from "from", "to" and "by" too
-    bool m_byOnly = false;
-    bool m_fromBy = false;
-    bool m_paced = false;
+    QList<QByteArray> m_values; // as written, from "from" and "to" too
 };
 
 std::optional<SvgTrack> Compiler::Run()
@@ -88,25 +69,14 @@ std::optional<SvgTrack> Compiler::Run()
 bool Compiler::Target()
 {
     m_track.Element = m_element.Parent;
-    if (const QByteArray *reference = m_element.Find("xlink:href"))
-        m_track.Element = m_document.Index(reference->mid(1));
-    if (m_track.Element < 0 ||
+    if (Has("xlink:href") || m_track.Element < 0 ||
         IsAnimation(m_document.Elements[static_cast<size_t>(m_track.Element)]))
         return false;
     m_track.Attribute = m_element.Value("attributeName");
-    if (m_element.Name == "animateMotion" ||
-        (m_element.Name == "animateTransform" && m_track.Attribute.isEmpty()))
-        m_track.Attribute = "transform";
-    // What names things, or is the frame of the whole picture, is not animated.
-    static const QList<QByteArray> fixed{"",      "id",          "xlink:href", "href", "viewBox",
-                                         "xmlns", "xmlns:xlink", "style",      "class"};
-    const bool transform = m_track.Attribute.endsWith("ransform");
-    const bool plain = std::all_of(m_track.Attribute.begin(), m_track.Attribute.end(), [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-               c == '-';
-    });
-    return plain && !fixed.contains(m_track.Attribute) && !m_track.Attribute.contains("dash") &&
-           transform == (m_element.Name == "animateTransform" || m_element.Name == "animateMotion");
+    if (m_element.Name == "animateTransform")
+        return m_track.Attribute == "transform";
+    return IsColor(m_track.Attribute) || IsSwitch(m_track.Attribute) ||
+           NumberAttributes().contains(m_track.Attribute);
 }
 
 bool Compiler::Timing()
@@ -133,7 +103,6 @@ bool Compiler::Timing()
             return false;
     }
     m_track.Freeze = m_element.Value("fill") == "freeze";
-    m_track.Sum = m_element.Value("additive") == "sum";
     return std::abs(m_track.Begin) <= LongestMovie;
 }
 
@@ -145,27 +114,12 @@ bool Compiler::Values()
     }
     if (Has("values"))
         m_values = SplitTrimmed(m_element.Value("values"), ';');
-    else if (Has("to"))
+    else if (Has("from") && Has("to"))
         m_values = {m_element.Value("from"), m_element.Value("to")};
-    else if (Has("by"))
-        m_values = {m_element.Value("from"), m_element.Value("by")};
-    const bool both = !Has("values") && Has("by") && !Has("to");
-    m_byOnly = both && !Has("from");
-    m_fromBy = both && Has("from");
-    m_track.Sum = m_track.Sum || m_byOnly;
-    if (m_element.Name == "animateMotion")
-        return MotionValues();
     if (m_values.isEmpty())
         return false;
     if (m_element.Name == "animateTransform")
         return TransformValues();
-    if (m_values.first().isEmpty()) { // from what the drawing has
-        const QByteArray base =
-            m_document.Elements[static_cast<size_t>(m_track.Element)].Value(m_track.Attribute);
-        m_values.first() = m_byOnly          ? QByteArray("0")
-                           : !base.isEmpty() ? base
-                                             : QByteArray::number(Neutral(m_track.Attribute));
-    }
     return (IsColor(m_track.Attribute) ? ColorValues() : NumberValues()) || TextValues();
 }
 
@@ -175,7 +129,7 @@ bool Compiler::TextValues()
     m_track.Frames.clear();
     m_track.Texts.assign(m_values.begin(), m_values.end());
     m_track.Steps = true;
-    return !m_track.Texts.empty() && !m_fromBy && !m_byOnly;
+    return true;
 }
 
 bool Compiler::ColorValues()
@@ -189,105 +143,46 @@ bool Compiler::ColorValues()
                                   static_cast<double>(color.green()),
                                   static_cast<double>(color.blue())});
     }
-    return !m_fromBy && !m_byOnly;
+    return true;
 }
 
 bool Compiler::NumberValues()
 {
-    m_track.What = SvgTrack::Kind::Numbers;
+    m_track.What = SvgTrack::Kind::Number;
     for (const QByteArray &value : m_values) {
-        Skeleton skeleton = Dissect(value);
-        if (m_track.Frames.empty())
-            m_track.Pieces = skeleton.Pieces;
-        const bool word = m_track.Attribute != "d" && !m_track.Pieces.first().isEmpty();
-        if (word || skeleton.Numbers.empty() || skeleton.Pieces != m_track.Pieces)
+        auto numbers = NumberList(value);
+        if (!numbers || numbers->size() != 1)
             return false;
-        if (m_fromBy && !m_track.Frames.empty())
-            for (size_t index = 0; index < skeleton.Numbers.size(); ++index)
-                skeleton.Numbers[index] += m_track.Frames.front()[index];
-        m_track.Frames.push_back(std::move(skeleton.Numbers));
+        m_track.Frames.push_back(std::move(*numbers));
     }
-    // Nothing to add to: the sum starts from what the attribute means when it is left out.
-    const bool base = m_document.Elements[static_cast<size_t>(m_track.Element)].Find(
-                          m_track.Attribute) != nullptr;
-    if (m_track.Sum && !base)
-        for (auto &frame : m_track.Frames)
-            frame.front() += Neutral(m_track.Attribute);
     return true;
 }
 
 bool Compiler::TransformValues()
 {
     m_track.What = SvgTrack::Kind::Transform;
-    m_track.Function = Has("type") ? m_element.Value("type") : QByteArray("translate");
-    static const QHash<QByteArray, size_t> sizes{
-        {"translate", 2}, {"scale", 2}, {"rotate", 3}, {"skewX", 1}, {"skewY", 1}};
-    const auto size = sizes.constFind(m_track.Function);
-    if (size == sizes.constEnd())
-        return false;
+    m_track.Function = m_element.Value("type");
     const bool scale = m_track.Function == "scale";
+    const bool rotate = m_track.Function == "rotate";
+    if (!scale && !rotate && m_track.Function != "translate")
+        return false;
+    const size_t size = rotate ? 3 : 2;
     for (const QByteArray &value : m_values) {
         auto numbers = NumberList(value);
-        if (!numbers || numbers->size() > *size)
+        if (!numbers || numbers->empty() || numbers->size() > size ||
+            (rotate && numbers->size() == 2))
             return false;
-        if (numbers->empty()) // only "to" or "by": from the place where nothing is moved
-            numbers->push_back(scale && !m_byOnly ? 1 : 0);
-        if (*size == 3 && numbers->size() == 2)
-            return false;
-        const double missing = scale ? numbers->front() : 0;
-        numbers->resize(*size, missing);
-        if (m_fromBy && !m_track.Frames.empty())
-            for (size_t index = 0; index < numbers->size(); ++index)
-                (*numbers)[index] += m_track.Frames.front()[index];
+        numbers->resize(size, scale ? numbers->front() : 0);
         m_track.Frames.push_back(std::move(*numbers));
     }
-    // By itself a factor is added to the size that is there.
-    if (m_byOnly && scale)
-        for (auto &frame : m_track.Frames)
-            for (double &number : frame)
-                number += 1;
-    return true;
-}
-
-bool Compiler::MotionValues()
-{
-    m_track.What = SvgTrack::Kind::Motion;
-    std::vector<QPointF> points;
-    for (const QByteArray &value : m_values) {
-        auto numbers = NumberList(value);
-        if (!numbers || (numbers->size() != 2 && !numbers->empty()))
-            return false;
-        numbers->resize(2, 0);
-        QPointF point((*numbers)[0], (*numbers)[1]);
-        points.push_back(m_fromBy && !points.empty() ? points.front() + point : point);
-    }
-    const bool path = Has("path");
-    m_track.Path = path ? MotionPath(PathFromData(m_element.Value("path"))) : MotionPath(points);
-    if (m_track.Path.IsEmpty())
-        return false;
-    const QByteArray rotate = m_element.Value("rotate");
-    m_track.TurnWithPath = rotate.startsWith("auto");
-    m_track.Turn = rotate == "auto-reverse" ? 180 : rotate.toDouble();
-    if (Has("keyPoints")) {
-        for (const QByteArray &value : SplitTrimmed(m_element.Value("keyPoints"), ';'))
-            m_track.Frames.push_back({std::clamp(value.toDouble(), 0.0, 1.0)});
-        return !m_track.Frames.empty();
-    }
-    const QByteArray mode = m_element.Value("calcMode");
-    m_paced = path || mode.isEmpty() || mode == "paced";
-    if (m_paced)
-        m_track.Frames = {{0.0}, {1.0}};
-    else
-        for (const double share : m_track.Path.Shares())
-            m_track.Frames.push_back({share});
     return true;
 }
 
 bool Compiler::Keys()
 {
     const size_t count = Count();
-    m_track.Steps = m_track.Steps || (m_element.Value("calcMode") == "discrete" && !m_paced);
-    if (Has("keyTimes") && !m_paced && m_element.Name != "set") {
+    m_track.Steps = m_track.Steps || m_element.Value("calcMode") == "discrete";
+    if (Has("keyTimes") && m_element.Name != "set") {
         double before = 0;
         for (const QByteArray &value : SplitTrimmed(m_element.Value("keyTimes"), ';')) {
             const double time = value.toDouble();

@@ -70,6 +70,12 @@ QList<QByteArray> SplitTrimmed(const QByteArray &text, char separator)
     return parts;
 }
 
+QSet<QByteArray> Names(const QByteArray &text)
+{
+    const QList<QByteArray> names = text.split(' ');
+    return {names.begin(), names.end()};
+}
+
 std::optional<double> ClockValue(const QByteArray &text)
 {
     const QByteArray clock = text.trimmed();

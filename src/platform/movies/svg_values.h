@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QSet>
 
 #include <optional>
 #include <vector>
@@ -18,6 +19,9 @@ std::optional<std::vector<double>> NumberList(const QByteArray &text);
 
 // Parts between separators, blanks round them taken off; an empty last part is left out.
 QList<QByteArray> SplitTrimmed(const QByteArray &text, char separator);
+
+// The words of a text.
+QSet<QByteArray> Names(const QByteArray &text);
 
 // Plain seconds: "2", "2s", "1.5s", "500ms", also negative. In milliseconds.
 std::optional<double> ClockValue(const QByteArray &text);
