@@ -11,7 +11,8 @@ RUN_PACKAGES=(libqt6widgets6 libcups2 libqt6svg6 libqt6xml6 qt6-qpa-plugins qt6-
 TEST_PACKAGES=(xvfb openbox xdotool x11-utils dbus at-spi2-core python3-pyatspi python3-pil
     pulseaudio pulseaudio-utils procps
     cups-daemon cups-core-drivers cups-filters-core-drivers cups-client poppler-utils
-    clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 locales mold)
+    clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14
+    g++-mingw-w64-x86-64-posix locales mold)
 
 BENCH_PACKAGES=(xvfb openbox x11-utils libxcb-damage0-dev libxcb-xtest0-dev libxcb-keysyms1-dev
     x11proto-dev)

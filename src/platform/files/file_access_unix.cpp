@@ -4,7 +4,7 @@
 
 #include <QtGlobal>
 
-#ifdef Q_OS_UNIX
+#ifndef Q_OS_WIN
 
 #include "platform/base/errors.h"
 

@@ -3,14 +3,14 @@
 #include <QDir>
 #include <QFileInfo>
 
-#ifdef Q_OS_UNIX
+#ifndef Q_OS_WIN
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
 
 namespace platform {
 
-#ifdef Q_OS_UNIX
+#ifndef Q_OS_WIN
 
 namespace {
 

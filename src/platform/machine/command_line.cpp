@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#ifdef MORLENE_XCB
+#ifndef Q_OS_WIN
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -31,7 +31,7 @@ constexpr const char *Help =
     "  -h, --help     mostra questo aiuto\n"
     "  -v, --version  mostra la versione\n";
 
-#ifdef MORLENE_XCB
+#ifndef Q_OS_WIN
 
 // The connection stays open until the process ends: a server that nobody else uses starts anew when
 // its last one goes, and would turn away the toolkit, which comes next.

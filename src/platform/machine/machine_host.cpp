@@ -139,7 +139,7 @@ void MachineHost::OpenDocument(const QString &nativePath)
 {
     if (!QFileInfo::exists(nativePath))
         return;
-#ifdef Q_OS_LINUX
+#ifndef Q_OS_WIN
     // Not the toolkit's own way, which complains on standard error where nothing opens documents.
     QProcess viewer;
     viewer.setProgram(QStringLiteral("xdg-open"));

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <memory>
 
-#ifdef MORLENE_XCB
+#ifndef Q_OS_WIN
 #include <xcb/xcb.h>
 // The header uses a C++ keyword as a name.
 #define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro)
@@ -15,7 +15,7 @@
 
 namespace platform {
 
-#ifdef MORLENE_XCB
+#ifndef Q_OS_WIN
 namespace {
 
 xcb_connection_t *Connection()
@@ -30,7 +30,7 @@ xcb_connection_t *Connection()
 
 void AskForDetectableAutoRepeat()
 {
-#ifdef MORLENE_XCB
+#ifndef Q_OS_WIN
     xcb_connection_t *connection = Connection();
     if (connection == nullptr)
         return;
@@ -42,7 +42,7 @@ void AskForDetectableAutoRepeat()
 
 KeysDown KeysDownNow()
 {
-#ifdef MORLENE_XCB
+#ifndef Q_OS_WIN
     xcb_connection_t *connection = Connection();
     if (connection == nullptr)
         return {};

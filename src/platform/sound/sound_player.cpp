@@ -2,7 +2,9 @@
 // server does. So the server is talked to from a thread of its own, and no reply is waited for.
 #include "platform/sound/sound_player.h"
 
-#if defined(MORLENE_PULSE)
+#include <QtGlobal>
+
+#ifndef Q_OS_WIN
 
 #include <chrono>
 #include <memory>
@@ -209,7 +211,7 @@ void PlaySoundFile(const QString &nativePath)
 
 } // namespace platform
 
-#elif defined(Q_OS_WIN)
+#else
 
 #include <windows.h>
 
@@ -220,9 +222,5 @@ void platform::PlaySoundFile(const QString &nativePath)
     PlaySoundW(reinterpret_cast<const wchar_t *>(nativePath.utf16()), nullptr,
                SND_FILENAME | SND_ASYNC | SND_NODEFAULT);
 }
-
-#else
-
-void platform::PlaySoundFile(const QString &) {}
 
 #endif

@@ -1,9 +1,9 @@
-// Files and folders on systems that give rights by inheritance: Qt's own calls are enough.
+// Files and folders on Windows, where rights are inherited: the toolkit's own calls are enough.
 #include "platform/files/file_access.h"
 
 #include <QtGlobal>
 
-#ifndef Q_OS_UNIX
+#ifdef Q_OS_WIN
 
 #include "platform/base/errors.h"
 
