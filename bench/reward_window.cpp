@@ -1,11 +1,11 @@
 // One reward in the place that a figure has in an exercise, played once.
 //
 //     bench_reward_window NUMBER
-#include "platform/machine/application.h"
-#include "platform/files/files.h"
 #include "platform/controls/form.h"
-#include "platform/machine/machine_host.h"
 #include "platform/controls/movie_control.h"
+#include "platform/files/files.h"
+#include "platform/machine/application.h"
+#include "platform/machine/machine_host.h"
 
 namespace {
 

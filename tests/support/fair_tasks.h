@@ -5,8 +5,8 @@
 
 #include <cmath>
 
-// 10000 before a push, by the environment that the test script sets; fewer while one works, and under
-// the sanitizers, which look for other faults.
+// 10000 before a push, by the environment that the test script sets; fewer while one works, and
+// under the sanitizers, which look for other faults.
 inline int HowManyFairTasks()
 {
 #ifdef MORLENE_SANITIZED
