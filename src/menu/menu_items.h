@@ -14,7 +14,7 @@ struct VoceMenu {
 };
 
 constexpr int QuanteVoci = 9;
-constexpr int Esci = 8; // the item that ends the program
+constexpr int Esci = QuanteVoci - 1; // the item that ends the program, the last one
 
 // The numbering of the windows does not follow the order of the items.
 constexpr std::array<VoceMenu, QuanteVoci> Voci = {{

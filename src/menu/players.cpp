@@ -7,6 +7,7 @@
 #include "core/shared_state.h"
 #include "core/start.h"
 #include "frame/scanning.h"
+#include "menu/menu_items.h"
 #include "platform/base/errors.h"
 #include "platform/files/files.h"
 
@@ -17,7 +18,6 @@ using namespace platform;
 namespace {
 
 constexpr double MisuraIniziale = 14; // points
-constexpr int UltimaVoce = 8;
 
 } // namespace
 
@@ -113,7 +113,7 @@ void FormMenu::ImpostaModoInput()
         PictureScansioneManuale.SetBackColor(BackColor());
         PictureScansioneAutomatica.SetVisible(false);
         Timer1.SetEnabled(true);
-        PosizioneScansione = UltimaVoce;
+        PosizioneScansione = Esci;
         break;
     case 2:
         PictureScansioneAutomatica.SetVisible(true);
