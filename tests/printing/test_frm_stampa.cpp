@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <sys/inotify.h>
 #include <unistd.h>
@@ -407,6 +408,9 @@ private Q_SLOTS:
             QCOMPARE(PlaceOf(dialog.shpFoglio), (QList<int>{1560, 240, w + 120, h + 120}));
             QCOMPARE(PlaceOf(dialog.shpBordo), (QList<int>{1605, 285, w + 30, h + 30}));
             QCOMPARE(PlaceOf(dialog.picPreview), (QList<int>{1620, 300, w, h}));
+            // The sheet is white up to its edge.
+            const QImage sheet = dialog.shpFoglio.Widget()->grab().toImage();
+            QCOMPARE(sheet.pixelColor(2, sheet.height() / 2), QColor(Qt::white));
         });
     }
 
@@ -817,15 +821,16 @@ private Q_SLOTS:
             dialog.cmdScalaOK.OnClick();
             QCOMPARE(Stampa.StampaW, 50);
             QCOMPARE(Stampa.StampaH, 50);
+            for (const char *ignored : {"", "0", "-4", "n", "1n"}) {
+                dialog.txtScala.SetText(QString::fromLatin1(ignored));
+                dialog.cmdScalaOK.OnClick();
+                QCOMPARE(Stampa.StampaW, 50);
+                QCOMPARE(Stampa.StampaH, 50);
+            }
             dialog.txtScala.SetText(QStringLiteral("0.1"));
             dialog.txtScala.OnLostFocus();
             QCOMPARE(Stampa.StampaW, 2000);
             QCOMPARE(Stampa.StampaH, 2000);
-            for (const char *ignored : {"", "0", "-4", "n", "1n"}) {
-                dialog.txtScala.SetText(QString::fromLatin1(ignored));
-                dialog.cmdScalaOK.OnClick();
-                QCOMPARE(Stampa.StampaW, 2000);
-            }
         });
         request.W = 50; // 500 wide, twice as high as wide
         desk.Open(request, [&](FrmStampa &dialog) {
@@ -864,6 +869,18 @@ private Q_SLOTS:
             dialog.cmdScalaOK.OnClick();
             QCOMPARE(Stampa.StampaW, 100);
             QVERIFY(!dialog.Unloaded());
+        });
+    }
+
+    void pendingEventsPassWhenAScaleIsTaken()
+    {
+        Desk desk;
+        desk.Open([&](FrmStampa &dialog) {
+            dialog.txtScala.SetText(QStringLiteral("20"));
+            bool passed = false;
+            QTimer::singleShot(0, dialog.Window(), [&] { passed = true; });
+            dialog.cmdScalaOK.OnClick();
+            QVERIFY(passed);
         });
     }
 
