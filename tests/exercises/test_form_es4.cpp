@@ -69,8 +69,10 @@ private Q_SLOTS:
     void theHouseStartsGreyWithOneSentence()
     {
         Player player;
+        Colori(0, 0) = QStringLiteral("ABCDEF");
         player.Host.Expect(Task({1, 2, 3, 4, 1, 2}) + Order({2}));
         auto &form = player.Open<FormEs4>();
+        QCOMPARE(form.ShockwaveFlash1.BGColor(), QStringLiteral("ABCDEF"));
         QCOMPARE(form.ShockwaveFlash1.Shown(),
                  QStringLiteral("comignolo CCCCCC, tetto CCCCCC, pareti CCCCCC, finestre CCCCCC, "
                                 "porta CCCCCC, gradino CCCCCC, fumo 0, nuvole 0"));
