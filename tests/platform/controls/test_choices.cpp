@@ -243,6 +243,24 @@ private Q_SLOTS:
         QCOMPARE(bar->tabRect(0).height(), 40);
     }
 
+    void aScrollBarShowsItsWholeTrackAndHowFarItsValueLies()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        const auto seen = [&](double across, double down) {
+            const QImage bar = form.HScroll1.Widget()->grab().toImage();
+            return bar.pixelColor(static_cast<int>(bar.width() * across),
+                                  static_cast<int>(bar.height() * down));
+        };
+        form.HScroll1.SetValue(4);
+        const QColor track = seen(0.85, 0.5);
+        QVERIFY(track != seen(0.85, 0));
+        QCOMPARE(seen(0.5, 0.5), track);
+        form.HScroll1.SetValue(60);
+        QVERIFY(seen(0.5, 0.5) != track);
+        QCOMPARE(seen(0.2, 0.5), seen(0.5, 0.5));
+    }
+
     void aScrollBarTellsEachChangeAndRefusesWhatLiesOutside()
     {
         ScriptedHost host;

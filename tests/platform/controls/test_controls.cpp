@@ -716,6 +716,35 @@ private Q_SLOTS:
         QCOMPARE(form.Label1.Font().Size, 20.0);
     }
 
+    void aShapeIsPaintedAnewWhenItsLookChanges()
+    {
+        class Paints : public QObject {
+        public:
+            bool eventFilter(QObject *, QEvent *event) override
+            {
+                Count += event->type() == QEvent::Paint ? 1 : 0;
+                return false;
+            }
+            int Count = 0;
+        };
+        ScriptedHost host;
+        auto *form = new Form("Finestra", 3000, 3000);
+        Shape shape({*form, "Shape1"}, {150, 150, 900, 900});
+        form->Show();
+        QCoreApplication::processEvents();
+        Paints paints;
+        shape.Widget()->installEventFilter(&paints);
+        const std::vector<std::function<void()>> changes = {
+            [&] { shape.SetBorderColor(Rgb(0xFF, 0, 0)); }, [&] { shape.SetBorderWidth(3); },
+            [&] { shape.SetFilled(true); }, [&] { shape.SetBackColor(Rgb(0, 0xFF, 0)); }};
+        for (const auto &change : changes) {
+            QCoreApplication::processEvents();
+            paints.Count = 0;
+            change();
+            QTRY_COMPARE(paints.Count, 1);
+        }
+    }
+
     // --- Movies ---
 
     void callsBeforeAMovieAreLostAndTheBackgroundStays()
