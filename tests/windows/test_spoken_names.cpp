@@ -136,6 +136,8 @@ private Q_SLOTS:
                     QVERIFY2(spoken.startsWith(QStringLiteral("voce")),
                              Described(*control).constData());
                     QVERIFY2(!said.contains(spoken), Described(*control).constData());
+                    // The two arrows of a field share one line of the file, and say a half each.
+                    QVERIFY2(!spoken.contains(QLatin1Char('/')), Described(*control).constData());
                     said << spoken;
                 }
             }
