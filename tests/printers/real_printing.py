@@ -62,6 +62,13 @@ class Page:
         red, green, blue = self.channels(*[(-1, lightest)] * 3)
         return self.box(ImageChops.lighter(ImageChops.lighter(red, green), blue))
 
+    def longest_lines(self):
+        """Millimetres of dark on the darkest row and on the darkest column."""
+        dark = self.picture.convert("L").point(lambda value: 255 if value < 128 else 0)
+        row = dark.resize((1, dark.height), Image.BOX).getextrema()[1]
+        column = dark.resize((dark.width, 1), Image.BOX).getextrema()[1]
+        return row / 255 * self.width, column / 255 * self.height
+
     def green(self):
         red, green, blue = self.channels((-1, 100), (90, 170), (-1, 100))
         return self.box(ImageChops.darker(ImageChops.darker(red, green), blue))
@@ -180,6 +187,11 @@ class RealPrinting(unittest.TestCase):
             self.assertIn("Esercizio", page)
         self.assertIn("Trova l'intrusa: età, città", pages[0])
         self.assertIn("499", pages[-1])
+        # The frame of the table runs across and down the first page.
+        page = Page(path)
+        row, column = page.longest_lines()
+        self.assertGreater(row, page.width * 0.7)
+        self.assertGreater(column, page.height * 0.6)
 
     def test_a_document_that_is_not_ended_never_comes(self):
         self.system.add_printer("Stampante")
