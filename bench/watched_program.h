@@ -10,6 +10,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -19,6 +20,8 @@ public:
     {
         if (m_pid != 0)
             return;
+        // It ends with who watches, however that ends.
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
         std::vector<char *> words;
         for (std::string &word : command)
             words.push_back(word.data());
