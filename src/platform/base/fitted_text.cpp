@@ -166,13 +166,10 @@ FittedText::FittedText(const QString &text, const Font &font, const QSize &room,
     for (int columns = 1; columns <= most && best < own; ++columns) {
         // A further column has to give larger letters. `low` fits, or nothing is known to fit.
         int low = std::max(best, std::min(own, SmallestPixels) - 1);
-        int high = own + 1;
         if (Fits(own, columns))
             low = own;
-        while (high - low > 1 && low < own) {
-            const int middle = (low + high) / 2;
-            (Fits(middle, columns) ? low : high) = middle;
-        }
+        else
+            low = Largest(low, own, columns);
         if (low > best && low >= std::min(own, SmallestPixels)) {
             best = low;
             m_drawn.Columns = columns;
@@ -182,6 +179,7 @@ FittedText::FittedText(const QString &text, const Font &font, const QSize &room,
     if (!m_drawn.Whole)
         best = std::min(own, SmallestPixels);
     m_drawn.Points = best == own ? font.Size : best * 0.75;
+    m_measured.clear();
     LayOut(best);
 }
 
@@ -247,6 +245,26 @@ std::vector<int> FittedText::Lines(const Sheet &sheet) const
     return lines;
 }
 
+// The same in letters of the font's own size and a room enlarged as much, so that one font serves a
+// whole search. `ease` makes the room wider; letters of another size are never quite in proportion.
+std::vector<int> FittedText::LinesInProportion(const Sheet &sheet, double ease) const
+{
+    if (m_measured.empty())
+        for (const QString &sentence : m_sentences) {
+            const QFont letters = FontOf(m_font, ToPixelSize(m_font.Size));
+            m_measured.push_back(std::make_unique<QTextLayout>(sentence, letters));
+            m_measured.back()->setCacheEnabled(true);
+        }
+    const double scale = static_cast<double>(ToPixelSize(m_font.Size)) / sheet.Letters.pixelSize();
+    std::vector<int> lines;
+    for (const auto &layout : m_measured) {
+        if (!BreakLines(*layout, sheet.ColumnWidth * scale * (1 + ease), Qt::AlignLeft))
+            return {};
+        lines.push_back(std::max(1, layout->lineCount()));
+    }
+    return lines;
+}
+
 bool FittedText::Fits(const Sheet &sheet, const std::vector<int> &lines) const
 {
     if (lines.empty())
@@ -262,6 +280,33 @@ bool FittedText::Fits(int pixels, int columns) const
     const Sheet sheet = SheetAt(pixels, columns);
     return sheet.ColumnWidth > 0 && sheet.InkHeight() <= m_room.height() &&
            Fits(sheet, Lines(sheet));
+}
+
+bool FittedText::MayFit(int pixels, int columns, double ease) const
+{
+    const Sheet sheet = SheetAt(pixels, columns);
+    return sheet.ColumnWidth > 0 && sheet.InkHeight() <= m_room.height() &&
+           Fits(sheet, LinesInProportion(sheet, ease));
+}
+
+// The largest size above `low` and below `high` that fits; `low` when none does. Each size that is
+// tried in earnest costs a font, so they are guessed first.
+int FittedText::Largest(int low, int high, int columns) const
+{
+    int guess = low;
+    for (int tooLarge = high; tooLarge - guess > 1;) {
+        const int middle = (guess + tooLarge) / 2;
+        (MayFit(middle, columns, 0) ? guess : tooLarge) = middle;
+    }
+    while (guess > low && !Fits(guess, columns))
+        --guess;
+    // Advances are rounded to whole pixels, which tells most in small letters.
+    const auto mayGrow = [&](int pixels) {
+        return pixels < high && MayFit(pixels, columns, 0.02 + 0.5 / pixels);
+    };
+    while (mayGrow(guess + 1) && Fits(guess + 1, columns))
+        ++guess;
+    return guess;
 }
 
 void FittedText::LayOut(int pixels)

@@ -48,8 +48,11 @@ private:
     // `step` leads from the closest lines to easy ones.
     Sheet SheetAt(int pixels, int columns, int step = 0) const;
     std::vector<int> Lines(const Sheet &sheet) const;
+    std::vector<int> LinesInProportion(const Sheet &sheet, double ease) const;
     bool Fits(const Sheet &sheet, const std::vector<int> &lines) const;
     bool Fits(int pixels, int columns) const;
+    bool MayFit(int pixels, int columns, double ease) const;
+    int Largest(int low, int high, int columns) const;
     void LayOut(int pixels);
     void PutInPlace(const Sheet &sheet, const std::vector<double> &heights);
 
@@ -61,6 +64,7 @@ private:
     int m_mostColumns;
     std::unique_ptr<LetterReach> m_reach; // in the font's own size
     DrawnText m_drawn;
+    mutable std::vector<std::unique_ptr<QTextLayout>> m_measured; // while the size is looked for
     std::vector<std::unique_ptr<QTextLayout>> m_laid;
 };
 

@@ -60,6 +60,8 @@ public:
     // In the size that suits all that share it.
     const FittedText &Laid() const
     {
+        if (m_together->size() == 1)
+            return Own();
         if (m_laid == nullptr) {
             Font letters = m_font;
             for (const LabelView *label : *m_together)
