@@ -82,12 +82,16 @@ QString FileLinguaCorrente()
     return Cartella() + LinguaCorrente + QStringLiteral(".lng");
 }
 
+QString MLSValore(const IniFile &file, const QString &sezione, const QString &chiave)
+{
+    if (file.Content().size() <= LimiteIni)
+        return file.Value(sezione, chiave);
+    return CercaPerRighe(file.Content(), chiave);
+}
+
 QString MLSLeggiIni(const QString &file, const QString &sezione, const QString &chiave)
 {
-    const std::shared_ptr<const IniFile> aperto = OpenIni(file);
-    if (aperto->Content().size() <= LimiteIni)
-        return aperto->Value(sezione, chiave);
-    return CercaPerRighe(aperto->Content(), chiave);
+    return MLSValore(*OpenIni(file), sezione, chiave);
 }
 
 void MLSScriviIni(const QString &file, const QString &sezione, const QString &chiave,

@@ -7,6 +7,10 @@
 #include <QString>
 #include <QStringList>
 
+namespace platform {
+class IniFile;
+}
+
 // Base name of the current language file; empty: not yet known. Written by the first look-up and by
 // the language menu.
 extern QString LinguaCorrente;
@@ -18,6 +22,9 @@ extern QString LinguaCorrente;
 // section and also where a longer key begins so, and a value without quotes loses its first and
 // last letter.
 QString MLSLeggiIni(const QString &file, const QString &sezione, const QString &chiave);
+
+// The same of a file that is open: for many values at once.
+QString MLSValore(const platform::IniFile &file, const QString &sezione, const QString &chiave);
 
 // A failed write is silent.
 void MLSScriviIni(const QString &file, const QString &sezione, const QString &chiave,
