@@ -28,7 +28,7 @@ protected:
         if (!Loaded.isNull())
             painter.drawPixmap(rect(), Loaded);
         else if (!Picture.isEmpty())
-            painter.drawPixmap(0, 0, DrawnPicture(Picture, size(), devicePixelRatioF()));
+            PaintPicture(painter, Picture, size(), devicePixelRatioF());
         if (Bordered) {
             painter.setPen(ToQColor(Ink));
             painter.drawRect(rect().adjusted(0, 0, -1, -1));

@@ -32,7 +32,26 @@ QSvgRenderer *Drawing(const QString &name)
     return drawing->isValid() ? drawing.get() : nullptr;
 }
 
+void Draw(QPainter &painter, QSvgRenderer &drawing, const QSize &size)
+{
+    const QSizeF fitted = QSizeF(drawing.defaultSize()).scaled(size, Qt::KeepAspectRatio);
+    drawing.render(&painter, QRectF(QPointF((size.width() - fitted.width()) / 2,
+                                            (size.height() - fitted.height()) / 2),
+                                    fitted));
+}
+
+// A larger one is not kept: to make and lay down its picture costs more than to draw it.
+constexpr double MostKeptPixels = 256 * 1024;
+
 } // namespace
+
+void PaintPicture(QPainter &painter, const QString &name, const QSize &size, double ratio)
+{
+    if (size.width() * ratio * size.height() * ratio <= MostKeptPixels)
+        painter.drawPixmap(0, 0, DrawnPicture(name, size, ratio));
+    else if (QSvgRenderer *drawing = Drawing(name))
+        Draw(painter, *drawing, size);
+}
 
 QPixmap DrawnPicture(const QString &name, const QSize &size, double ratio)
 {
@@ -48,10 +67,7 @@ QPixmap DrawnPicture(const QString &name, const QSize &size, double ratio)
     pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    const QSizeF fitted = QSizeF(drawing->defaultSize()).scaled(size, Qt::KeepAspectRatio);
-    drawing->render(&painter, QRectF(QPointF((size.width() - fitted.width()) / 2,
-                                             (size.height() - fitted.height()) / 2),
-                                     fitted));
+    Draw(painter, *drawing, size);
     painter.end();
     QPixmapCache::insert(key, pixmap);
     return pixmap;
