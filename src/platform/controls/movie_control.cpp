@@ -4,6 +4,7 @@
 
 #include <QCursor>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QWidget>
 
@@ -14,9 +15,10 @@ public:
     MovieControl *Owner = nullptr;
 
 protected:
-    void paintEvent(QPaintEvent *) override
+    void paintEvent(QPaintEvent *event) override
     {
         QPainter painter(this);
+        painter.setClipRect(event->rect());
         painter.fillRect(rect(), QColor(QLatin1Char('#') + Owner->m_bgColor));
         if (Owner->m_reader)
             Owner->m_reader->Paint(painter, rect());
@@ -61,7 +63,7 @@ void MovieControl::Play()
     m_ticker = host().StartTicker(FrameMilliseconds, [this] {
         const auto elapsed = static_cast<int>(host().Milliseconds() - m_started);
         if (m_reader->Advance(elapsed))
-            m_view->update();
+            m_view->update(m_reader->Changed(m_view->rect()));
         // An ended movie costs nothing.
         if (elapsed >= m_reader->Duration())
             m_ticker.reset();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QRect>
 #include <QSizeF>
 #include <QString>
 
@@ -28,6 +29,8 @@ public:
 
     // Milliseconds since the movie was loaded. False: nothing changed on the picture.
     virtual bool Advance(int milliseconds) = 0;
+    // What of a painting in `target` is no longer as it was when this was last asked, or painted.
+    virtual QRect Changed(const QRect &target) { return target; }
     // Length of the longest animation in milliseconds; 0 for a still picture.
     virtual int Duration() const = 0;
 

@@ -67,14 +67,40 @@ void SvgLayers::Follow(Layer &layer, SvgDocument &moment)
     layer.Renderer.reset();
 }
 
-void SvgLayers::Paint(QPainter &painter, const QRectF &target, SvgDocument moment,
-                      const std::vector<int> &changed)
+// Looked up on a small sheet that shows as much again on each side of the drawing, since what lies
+// there may come in. What reaches the edge of that is taken to be anywhere.
+QRectF SvgLayers::BoundsOf(QSvgRenderer &text, const QRectF &box)
+{
+    constexpr int Side = 128; // pixels of the drawing's larger side
+    const double scale = Side / std::max(box.width(), box.height());
+    const QRectF middle(box.width() * scale, box.height() * scale, box.width() * scale,
+                        box.height() * scale);
+    QImage sheet((middle.size() * 3).toSize().expandedTo({3, 3}),
+                 QImage::Format_ARGB32_Premultiplied);
+    sheet.fill(Qt::transparent);
+    QPainter painter(&sheet);
+    text.render(&painter, middle);
+    painter.end();
+    const QRect painted = PaintedPart(sheet);
+    if (painted.isEmpty())
+        return {};
+    // A thin line may leave no trace in the pixel beside.
+    const QRect safe = painted.adjusted(-1, -1, 1, 1);
+    if (!sheet.rect().contains(safe))
+        return {box.x() - box.width() * 1000, box.y() - box.height() * 1000, box.width() * 2001,
+                box.height() * 2001};
+    return {(safe.x() - middle.x()) / scale + box.x(), (safe.y() - middle.y()) / scale + box.y(),
+            safe.width() / scale, safe.height() / scale};
+}
+
+QRectF SvgLayers::Follow(const QRectF &target, SvgDocument moment, const std::vector<int> &changed)
 {
     const bool elsewhere = std::exchange(m_target, target) != target;
     const QRectF &box = moment.ViewBox;
-    QTransform screen = QTransform::fromTranslate(target.x(), target.y());
-    screen.scale(target.width() / box.width(), target.height() / box.height());
-    screen.translate(-box.x(), -box.y());
+    m_screen = QTransform::fromTranslate(target.x(), target.y());
+    m_screen.scale(target.width() / box.width(), target.height() / box.height());
+    m_screen.translate(-box.x(), -box.y());
+    QRectF different;
     for (Layer &layer : m_layers) {
         const bool touched = std::any_of(changed.begin(), changed.end(), [&](int one) {
             return std::binary_search(layer.Movers.begin(), layer.Movers.end(), one);
@@ -83,21 +109,37 @@ void SvgLayers::Paint(QPainter &painter, const QRectF &target, SvgDocument momen
             layer.Rested = 0;
         if (touched || elsewhere)
             layer.Kept.reset();
-        if (touched || layer.Text.isEmpty())
+        if (touched || layer.Text.isEmpty()) {
+            const auto seen = [&] { return (layer.Place * m_screen).mapRect(layer.Bounds); };
+            different |= seen();
             Follow(layer, moment);
+            if (!layer.Renderer && !layer.Movers.empty()) {
+                layer.Renderer = std::make_shared<QSvgRenderer>(layer.Text);
+                layer.Bounds = BoundsOf(*layer.Renderer, box);
+            }
+            different |= seen();
+        }
         if (!layer.Kept && layer.Rested >= PaintingsUntilKept)
             layer.Kept = PaintPiece(PieceText(moment, layer.From, layer.To), target, m_sheet);
+    }
+    return (elsewhere ? target : different) & target;
+}
+
+void SvgLayers::Paint(QPainter &painter)
+{
+    const QRectF clip = painter.clipBoundingRect();
+    for (Layer &layer : m_layers) {
         if (layer.Kept) {
             painter.drawImage(layer.Kept->Corner, layer.Kept->Picture);
             continue;
         }
-        if (!layer.Renderer)
-            layer.Renderer = std::make_shared<QSvgRenderer>(layer.Text);
-        painter.save();
-        painter.setTransform(screen.inverted() * layer.Place * screen, true);
-        layer.Renderer->render(&painter, target);
-        painter.restore();
         ++layer.Rested;
+        if (!(layer.Place * m_screen).mapRect(layer.Bounds).intersects(clip))
+            continue;
+        painter.save();
+        painter.setTransform(m_screen.inverted() * layer.Place * m_screen, true);
+        layer.Renderer->render(&painter, m_target);
+        painter.restore();
     }
 }
 

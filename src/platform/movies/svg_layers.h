@@ -25,10 +25,10 @@ public:
     SvgLayers(const SvgDocument &document, const std::vector<int> &animated);
 
     bool IsEmpty() const { return m_layers.empty(); }
-    // `moment` is the drawing as it is now; `changed` are the elements whose attributes differ
-    // from those painted last.
-    void Paint(QPainter &painter, const QRectF &target, SvgDocument moment,
-               const std::vector<int> &changed);
+    // `moment` is the drawing as it is now, to be painted into `target`; `changed` are the elements
+    // whose attributes differ from those before. Tells what of the target looks different now.
+    QRectF Follow(const QRectF &target, SvgDocument moment, const std::vector<int> &changed);
+    void Paint(QPainter &painter);
 
 private:
     struct Layer { // elements from `From`, before `To`
@@ -38,14 +38,17 @@ private:
         int Rested = 0;          // paintings since it changed
         QByteArray Text;         // as it is, but for `Place`; empty when not known yet
         QTransform Place;        // from the units of the text to the drawing's
+        QRectF Bounds;           // of what the text paints, in its units
         std::shared_ptr<QSvgRenderer> Renderer; // of the text; made when asked
         std::optional<SvgPiece> Kept;
     };
     static void Follow(Layer &layer, SvgDocument &moment);
+    static QRectF BoundsOf(QSvgRenderer &text, const QRectF &box);
 
     std::vector<Layer> m_layers;
     QRectF m_target;
-    QImage m_sheet; // that pictures are drawn on
+    QTransform m_screen; // from the drawing's units to the target's
+    QImage m_sheet;      // that pictures are drawn on
 };
 
 } // namespace platform

@@ -65,8 +65,7 @@ void SvgMovie::Paint(QPainter &painter, const QRectF &target)
     const QRectF fitted = Fitted(Size(), target);
     painter.save();
     painter.setClipRect(fitted, Qt::IntersectClip);
-    const bool moving = m_time > 0 && m_time < Duration();
-    if (moving && m_source->CanCut && CanPaintPieces(painter))
+    if (Moves() && m_source->CanCut && CanPaintPieces(painter))
         PaintLayers(painter, fitted);
     else
         PaintWhole(painter, fitted);
@@ -126,9 +125,23 @@ void SvgMovie::PaintLayers(QPainter &painter, const QRectF &fitted)
     const SvgAnimation &animation = m_source->Animation;
     if (m_layers.IsEmpty())
         m_layers = SvgLayers(m_document, animation.Changes({}, m_values));
-    const std::vector<int> changed = animation.Changes(m_painted, m_values);
+    Follow(fitted);
+    m_layers.Paint(painter);
+}
+
+QRectF SvgMovie::Follow(const QRectF &fitted)
+{
+    const std::vector<int> changed = m_source->Animation.Changes(m_painted, m_values);
     m_painted = m_values;
-    m_layers.Paint(painter, fitted, Moment(), changed);
+    return m_layers.Follow(fitted, Moment(), changed);
+}
+
+QRect SvgMovie::Changed(const QRect &target)
+{
+    if (!Moves() || m_layers.IsEmpty())
+        return target;
+    // A pixel more on each side, for edges between pixels.
+    return Follow(Fitted(Size(), target)).toAlignedRect().adjusted(-1, -1, 1, 1) & target;
 }
 
 void SvgMovie::SetVariable(const QString &name, const QString &value)
@@ -156,10 +169,10 @@ void SvgMovie::Color(const QByteArray &color)
         if (own != nullptr && *own != "none" && !IsAnimation(element))
             element.Set(attribute, color);
     }
-    Changed();
+    Repainted();
 }
 
-void SvgMovie::Changed()
+void SvgMovie::Repainted()
 {
     m_values = m_source->Animation.At(m_document, m_time);
     m_stale = true;
@@ -181,7 +194,7 @@ void SvgMovie::SetProperty(const QString &target, int property, const QString &v
         group.Remove("display");
     else
         group.Set("display", "none");
-    Changed();
+    Repainted();
 }
 
 bool SvgMovie::Advance(int milliseconds)

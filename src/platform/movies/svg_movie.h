@@ -43,16 +43,20 @@ public:
     void SetVariable(const QString &name, const QString &value) override;
     void SetProperty(const QString &target, int property, const QString &value) override;
     bool Advance(int milliseconds) override;
+    QRect Changed(const QRect &target) override;
     int Duration() const override { return m_source->Animation.Duration(); }
     int Hit(const QPointF &point, const QRectF &target) override;
     QString Description() const override;
 
 private:
     void Color(const QByteArray &color);
-    void Changed();
+    void Repainted();
     void PaintWhole(QPainter &painter, const QRectF &fitted);
     void PaintStill(QPainter &painter, const QRectF &fitted);
+    // Brings the layers to the present moment; tells what that changes.
+    QRectF Follow(const QRectF &fitted);
     void PaintLayers(QPainter &painter, const QRectF &fitted);
+    bool Moves() const { return m_time > 0 && m_time < Duration(); }
     SvgDocument Moment() const;
     QByteArray ColorOf(const QByteArray &object) const;
 

@@ -14,26 +14,6 @@ namespace {
 // The largest reward has a fourth of it; each piece costs a rendering of its own.
 constexpr size_t MostElements = 400;
 
-// The smallest rectangle round all that is painted.
-QRect Painted(const QImage &image)
-{
-    QRect painted;
-    for (int y = 0; y < image.height(); ++y) {
-        const auto *row = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-        const auto *end = row + image.width();
-        const auto some = [](QRgb pixel) { return pixel != 0; };
-        const auto *first = std::find_if(row, end, some);
-        if (first == end)
-            continue;
-        const auto *last = end - 1;
-        while (!some(*last))
-            --last;
-        painted |= QRect(QPoint(static_cast<int>(first - row), y),
-                         QPoint(static_cast<int>(last - row), y));
-    }
-    return painted;
-}
-
 bool IsOpaque(const QImage &image)
 {
     for (int y = 0; y < image.height(); ++y) {
@@ -71,6 +51,25 @@ QByteArray PieceText(const SvgDocument &document, int from, int to)
     });
 }
 
+QRect PaintedPart(const QImage &image)
+{
+    QRect painted;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto *row = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        const auto *end = row + image.width();
+        const auto some = [](QRgb pixel) { return pixel != 0; };
+        const auto *first = std::find_if(row, end, some);
+        if (first == end)
+            continue;
+        const auto *last = end - 1;
+        while (!some(*last))
+            --last;
+        painted |= QRect(QPoint(static_cast<int>(first - row), y),
+                         QPoint(static_cast<int>(last - row), y));
+    }
+    return painted;
+}
+
 SvgPiece PaintPiece(const QByteArray &text, const QRectF &target, QImage &sheet)
 {
     const QRect pixels = target.toAlignedRect();
@@ -82,7 +81,7 @@ SvgPiece PaintPiece(const QByteArray &text, const QRectF &target, QImage &sheet)
     painter.translate(-pixels.topLeft());
     renderer.render(&painter, target);
     painter.end();
-    const QRect painted = Painted(sheet);
+    const QRect painted = PaintedPart(sheet);
     if (painted.isEmpty())
         return {};
     QImage picture = sheet.copy(painted);

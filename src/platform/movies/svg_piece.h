@@ -26,6 +26,8 @@ bool CanPaintPieces(const QPainter &painter);
 // The drawing without what lies before element `from` or, from `to` on, behind the run; groups
 // round it stay.
 QByteArray PieceText(const SvgDocument &document, int from, int to);
+// The smallest rectangle round all that is painted.
+QRect PaintedPart(const QImage &image);
 // The whole drawing lies in `target`. The sheet is drawn on, and may serve the next piece.
 SvgPiece PaintPiece(const QByteArray &text, const QRectF &target, QImage &sheet);
 

@@ -62,6 +62,7 @@ private Q_SLOTS:
     void everyFrameLooksAsIfPaintedInOneGo();
     void whatTurnsAndGrowsLooksAsIfPaintedInOneGo();
     void aGroupIsHiddenWithThePartThatStoodStill();
+    void onlyWhatChangedIsPaintedAnew();
     void aMovieThatIsResizedWhileItPlaysStaysWhole();
     void aMovieThatIsSkippedThroughStaysWhole();
     void aPaintedPartKeepsItsNewColorWhileTheMoviePlays();
@@ -125,6 +126,38 @@ void TestSvgLayers::aGroupIsHiddenWithThePartThatStoodStill()
     QCOMPARE(At(Shown(*movie, Screen), 60, 60), QColor(Qt::red));
     movie->Advance(1520);
     QCOMPARE(At(Shown(*movie, Screen), 60, 60), QColor(Qt::white));
+}
+
+// On one and the same picture, with shapes that come in from outside, grow and vanish.
+void TestSvgLayers::onlyWhatChangedIsPaintedAnew()
+{
+    const QByteArray drawing =
+        Svg("<rect width='100' height='100' fill='#ddeeff'/>"
+            "<g stroke='#000000' stroke-width='3'><rect x='-30' y='8' width='20' height='10'>" +
+            Move("0s", "2s", "120 20") +
+            "</rect><circle cx='50' cy='70' r='3' fill='#00ff00'>"
+            "<animate attributeName='r' dur='1s' values='3;20' fill='freeze'/></circle></g>"
+            "<rect x='80' y='80' width='9' height='9' fill='#0000ff'>"
+            "<set attributeName='display' begin='1.5s' to='none'/></rect>");
+    const auto document = ParseSvg(drawing);
+    const auto movie = Movie(drawing);
+    QImage picture = Shown(*movie, Screen);
+    const QRect all(QPoint(), Screen);
+    qint64 painted = 0;
+    int frames = 0;
+    for (int time = 40; time <= movie->Duration(); time += 40, ++frames) {
+        if (movie->Advance(time)) {
+            const QRect changed = movie->Changed(all);
+            painted += qint64{changed.width()} * changed.height();
+            QPainter painter(&picture);
+            painter.setClipRect(changed);
+            painter.fillRect(changed, Qt::white);
+            movie->Paint(painter, all);
+        }
+        QVERIFY2(Difference(picture, Whole(*document, time, Screen)) <= 4,
+                 qPrintable(QString::number(time)));
+    }
+    QVERIFY(painted < qint64{frames} * Screen.width() * Screen.height() * 3 / 4);
 }
 
 void TestSvgLayers::aMovieThatIsResizedWhileItPlaysStaysWhole()
