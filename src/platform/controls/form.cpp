@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QMenuBar>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QWindow>
 
@@ -130,7 +131,7 @@ bool Form::Minimised() const
 
 void Form::LockDrawing(bool locked)
 {
-    m_window->setUpdatesEnabled(!locked);
+    m_window->Lock(locked);
 }
 
 void Form::SetDrawingUnits(double units)
@@ -173,6 +174,8 @@ void Form::Show()
     m_window->Left = m_window->Top = 0;
     const QRect screen(0, 0, ToPixels(ScreenWidth()), ToPixels(ScreenHeight()));
     m_window->setGeometry(screen);
+    m_window->BeingSetUp(true);
+    const auto shows = qScopeGuard([this] { m_window->BeingSetUp(false); });
     // A test's screen is only a size.
     if (m_window->screen()->size() == screen.size())
         m_window->setWindowState(Qt::WindowFullScreen);
@@ -199,6 +202,7 @@ void Form::ShowModal()
         return;
     if (!m_moved)
         Move((ScreenWidth() - Width()) / 2, (ScreenHeight() - Height()) / 2, Width(), Height());
+    ShowWhatIsBeingSetUp();
     m_window->setWindowFlag(Qt::Dialog);
     m_window->setWindowModality(Qt::ApplicationModal);
     m_window->winId();

@@ -67,6 +67,26 @@ void FormWindow::LayOut()
     m_client->setGeometry(0, bar, width(), height() - bar);
 }
 
+void FormWindow::Lock(bool locked)
+{
+    m_locked = locked;
+    LetPaint();
+}
+
+void FormWindow::BeingSetUp(bool busy)
+{
+    if (busy == m_beingSetUp)
+        return;
+    m_beingSetUp = busy;
+    LetPaint();
+}
+
+void ShowWhatIsBeingSetUp()
+{
+    for (const Form *form : Form::Loaded())
+        static_cast<FormWindow *>(form->Window())->BeingSetUp(false);
+}
+
 void FormWindow::resizeEvent(QResizeEvent *)
 {
     m_form.Resized();

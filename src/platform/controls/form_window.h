@@ -36,6 +36,12 @@ public:
     QMenuBar *MenuBar(); // made when first asked for
     int MenuBarHeight() const;
     void LayOut();
+
+    // Nothing is painted while either is set: the drawing is locked, or the window is being set up
+    // and a first frame would be painted over at once.
+    void Lock(bool locked);
+    void BeingSetUp(bool busy);
+
     // Places kept in twips, so that nothing drifts.
     double Left = 0;
     double Top = 0;
@@ -45,10 +51,17 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void LetPaint() { setUpdatesEnabled(!m_locked && !m_beingSetUp); }
+
     Form &m_form;
+    bool m_locked = false;
+    bool m_beingSetUp = false;
     QMenuBar *m_menuBar = nullptr;
     ClientArea *m_client;
 };
+
+// Before a box asks something of a person: what is being set up shows as far as it is.
+void ShowWhatIsBeingSetUp();
 
 constexpr double TwipsPerPixel = 15;
 int ToPixels(double twips);

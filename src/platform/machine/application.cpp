@@ -1,6 +1,6 @@
 #include "platform/machine/application.h"
 
-#include "platform/controls/form.h"
+#include "platform/controls/form_window.h"
 #include "platform/controls/held_keys.h"
 #include "platform/host/host.h"
 #include "platform/machine/x11_keyboard.h"
@@ -62,8 +62,10 @@ public:
     bool notify(QObject *receiver, QEvent *event) override
     {
         if (event->type() == QEvent::Polish)
-            if (const auto *box = dynamic_cast<QDialog *>(receiver))
+            if (const auto *box = dynamic_cast<QDialog *>(receiver)) {
                 ShowAsItStands(*box);
+                ShowWhatIsBeingSetUp();
+            }
         Watch(*receiver, *event);
         bool taken = true;
         Guarded([&] { taken = QApplication::notify(receiver, event); });

@@ -48,6 +48,18 @@ public:
     int Ticks = 0;
 };
 
+// Counts how often a widget is painted.
+class Paintings : public QObject {
+public:
+    explicit Paintings(QWidget *widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        Count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int Count = 0;
+};
+
 // Does something in the dialog of that name as soon as it is open.
 template <typename Dialog> void WhenOpen(const QString &name, std::function<void(Dialog &)> person)
 {
@@ -151,6 +163,59 @@ private Q_SLOTS:
         QVERIFY(Form::Find(QStringLiteral("Modal")) != nullptr);
         QVERIFY(!form->Shown());
         QVERIFY(!host.Ended);
+    }
+
+    void aFormIsPaintedWhenItHasBeenSetUp()
+    {
+        ScriptedHost host;
+        auto *form = new Opener;
+        Paintings paintings(form->Client());
+        form->OnActivate = [&] {
+            DoEvents();
+            form->SetBackColor(0x00FF0000);
+            form->LockDrawing(true);
+            form->LockDrawing(false);
+            DoEvents();
+            QCOMPARE(paintings.Count, 0);
+        };
+        form->Show();
+        DoEvents();
+        QCOMPARE(paintings.Count, 1);
+    }
+
+    void aFormThatOpensAnotherWhileItIsSetUpIsSeenBehindIt()
+    {
+        ScriptedHost host;
+        auto *opener = new Opener;
+        auto *form = new Opener("Modal");
+        Paintings paintings(opener->Client());
+        opener->OnActivate = [&] {
+            if (++opener->Activated == 1)
+                form->ShowModal();
+        };
+        host.ExpectModal([&](Form &shown) {
+            DoEvents();
+            QVERIFY(paintings.Count > 0);
+            shown.Unload();
+        });
+        opener->Show();
+        QCOMPARE(opener->Activated, 2);
+    }
+
+    void aFormThatOpensABoxWhileItIsSetUpIsSeenBehindIt()
+    {
+        ScriptedHost host;
+        auto *form = new Opener;
+        Paintings paintings(form->Client());
+        form->OnActivate = [&] {
+            WhenAnyIsOpen([&](QDialog &) {
+                DoEvents();
+                QVERIFY(paintings.Count > 0);
+            });
+            QMessageBox(QMessageBox::NoIcon, Markup, Markup).exec();
+        };
+        form->Show();
+        QVERIFY(paintings.Count > 0);
     }
 
     void aModalFormOpenedByAnotherActivatesThatOne()
