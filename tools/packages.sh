@@ -1,7 +1,7 @@
 # Debian packages, for the scripts that install what is missing.
 
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache git ca-certificates
-    qt6-base-dev qt6-svg-dev libpulse-dev libsndfile1-dev libxcb1-dev libxcb-xkb-dev
+    qt6-base-dev qt6-svg-dev libpulse-dev libsndfile1-dev libfontconfig-dev libxcb1-dev libxcb-xkb-dev
     python3 python3-fonttools)
 
 RUN_PACKAGES=(libqt6widgets6 libcups2 libqt6svg6 libqt6xml6 qt6-qpa-plugins qt6-image-formats-plugins

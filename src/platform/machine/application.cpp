@@ -16,7 +16,14 @@
 #include <QTemporaryDir>
 #include <QTranslator>
 
+#include <clocale>
 #include <optional>
+
+#ifndef Q_OS_WIN
+#include <thread>
+
+#include <fontconfig/fontconfig.h>
+#endif
 
 namespace platform {
 
@@ -45,6 +52,21 @@ private:
     static constexpr const char *Name = "XDG_RUNTIME_DIR";
     std::optional<QTemporaryDir> m_folder;
 };
+
+#ifndef Q_OS_WIN
+// Reading the list of the system's fonts takes as long as reaching the display and needs nothing of
+// it: both at once.
+class FontsMeanwhile {
+public:
+    FontsMeanwhile() : m_reading([] { FcInit(); }) {}
+    ~FontsMeanwhile() { m_reading.join(); }
+    FontsMeanwhile(const FontsMeanwhile &) = delete;
+    FontsMeanwhile &operator=(const FontsMeanwhile &) = delete;
+
+private:
+    std::thread m_reading;
+};
+#endif
 
 // A box shows names that people and files have; the toolkit would take "a<b>.ini" for markup.
 void ShowAsItStands(const QDialog &box)
@@ -101,6 +123,11 @@ Application::Application(int &argc, char **argv)
 {
     {
         const SessionFolder folder;
+#ifndef Q_OS_WIN
+        // The toolkit sets the locale too; what is set already it does not change under the reader.
+        std::setlocale(LC_ALL, "");
+        const FontsMeanwhile fonts;
+#endif
         m_impl = std::make_unique<Impl>(argc, argv);
     }
     QApplication::setApplicationName(QStringLiteral("morlenekvt"));
