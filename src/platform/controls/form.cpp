@@ -222,15 +222,6 @@ void Form::ShowModal()
     }
 }
 
-void Form::Hide()
-{
-    if (!m_shown)
-        return;
-    m_shown = false;
-    m_window->hide();
-    Closed();
-}
-
 void Form::Closed()
 {
     if (const auto closed = std::exchange(m_whenClosed, nullptr))
@@ -251,7 +242,6 @@ void Form::Unload()
 {
     if (m_unloaded)
         return;
-    OnUnload();
     Drop();
     if (loaded.empty())
         host().EndProgram();
@@ -270,11 +260,6 @@ void Form::Drop()
     m_window->setEnabled(false);
     Closed();
     new Undertaker(this);
-}
-
-bool Form::Active() const
-{
-    return m_window->isActiveWindow();
 }
 
 QWidget *Form::Window() const

@@ -61,23 +61,20 @@ public:
     // size it then has and Activate.
     void Show();
     // A window of its own size before the others, centred unless Load or Activate moved it; no
-    // other takes keys or clicks, while timers go on. Comes back when the form is unloaded or
-    // hidden; the form that was in front then gets Activate anew. An unloaded form may be deleted
-    // as soon as events pass, so it is not to be used after this.
+    // other takes keys or clicks, while timers go on. Comes back when the form is unloaded; the
+    // form that was in front then gets Activate anew. An unloaded form may be deleted as soon as
+    // events pass, so it is not to be used after this.
     void ShowModal();
-    // A modal form ends and stays loaded.
-    void Hide();
     // The end of a modal form, once.
     void WhenClosed(std::function<void()> closed) override { m_whenClosed = std::move(closed); }
     bool Shown() const { return m_shown; }
-    // Raises Unload, hides the window, lets no event reach it any more, and deletes the form when
-    // the event loop is back where this was asked. The end of the last form ends the program.
-    // Unloading twice does nothing.
+    // Hides the window, lets no event reach it any more, and deletes the form when the event loop
+    // is back where this was asked. The end of the last form ends the program. Unloading twice does
+    // nothing.
     void Unload();
-    // Unload without the event and without the end of the program.
+    // Unload without the end of the program.
     void Drop();
     bool Unloaded() const { return m_unloaded; }
-    bool Active() const;
 
     // In the order of design.
     const std::vector<Control *> &Controls() const { return m_controls; }
@@ -88,7 +85,6 @@ public:
     EventHandler<void()> OnLoad;
     EventHandler<void()> OnActivate;
     EventHandler<void()> OnResize;
-    EventHandler<void()> OnUnload;
     EventHandler<void()> OnMouseMove;
 
     // For the controls of this layer and for tests that send real events.

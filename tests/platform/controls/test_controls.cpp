@@ -606,10 +606,6 @@ private Q_SLOTS:
             QCOMPARE(std::exchange(host.FatalNumber, 0), 76);
             *event = {};
         }
-        other->Show();
-        other->OnUnload = fails;
-        QCOMPARE(Skipping([&] { other->Unload(); }), 0);
-        QCOMPARE(std::exchange(host.FatalNumber, 0), 76);
     }
 
     // --- Text ---
