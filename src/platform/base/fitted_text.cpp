@@ -380,11 +380,6 @@ void FittedText::Draw(QPainter &painter, const QPoint &corner) const
         layout->draw(&painter, corner);
 }
 
-double FittingPoints(const QString &text, const Font &font, const QSize &room)
-{
-    return FittedText(text, font, room, Qt::AlignLeft).Drawn().Points;
-}
-
 void DrawFitted(QPainter &painter, const QRect &room, int flags, const QString &text,
                 const Font &font)
 {

@@ -68,9 +68,6 @@ private:
     std::vector<std::unique_ptr<QTextLayout>> m_laid;
 };
 
-// The size in points that the text is drawn in.
-double FittingPoints(const QString &text, const Font &font, const QSize &room);
-
 void DrawFitted(QPainter &painter, const QRect &room, int flags, const QString &text,
                 const Font &font);
 

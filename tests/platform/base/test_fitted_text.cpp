@@ -50,6 +50,11 @@ const QString SixSentences =
 
 } // namespace
 
+static double FittingPoints(const QString &text, const Font &font, const QSize &room)
+{
+    return FittedText(text, font, room, Qt::AlignLeft).Drawn().Points;
+}
+
 class TestFittedText : public QObject {
     Q_OBJECT
 
