@@ -6,8 +6,6 @@
 #include "platform/host/host.h"
 #include "printing/print_pages.h"
 
-#include <algorithm>
-
 using namespace platform;
 
 namespace {

@@ -5,8 +5,6 @@
 #include "platform/host/host.h"
 #include "printing/print_fields.h"
 
-#include <QStringList>
-
 #include <functional>
 
 using namespace platform;

@@ -3,8 +3,6 @@
 #include "platform/controls/form.h"
 #include "platform/host/host.h"
 
-#include <algorithm>
-
 namespace platform {
 
 Control::Control(const ControlId &id)

@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QByteArrayList>
 #include <QDir>
-#include <QFile>
 #include <QLibraryInfo>
 
 #include <algorithm>

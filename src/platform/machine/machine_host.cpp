@@ -7,7 +7,6 @@
 #include <QApplication>
 #include <QDate>
 #include <QDesktopServices>
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QInputDialog>

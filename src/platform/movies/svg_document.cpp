@@ -1,8 +1,6 @@
 // A drawing as a plain list of elements in the order of the file.
 #include "platform/movies/svg_document.h"
 
-#include <algorithm>
-
 namespace platform {
 namespace {
 

@@ -6,7 +6,6 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace platform {
