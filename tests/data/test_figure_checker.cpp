@@ -122,9 +122,10 @@ void TestFigureChecker::aDamagedFigureIsRefused_data()
         "<style> is a style sheet");
     row("picture", "<g id=\"nuvole\">", "<g id=\"nuvole\"><image href=\"sky.png\"/>",
         "<image> is a picture");
-    row("clone", "<g id=\"nuvole\">", "<g id=\"nuvole\"><use href=\"#tetto\"/>", "<use> is a clone");
-    row("foreign file", "<g id=\"nuvole\">",
-        "<g id=\"nuvole\"><path fill=\"url(sky.svg#a)\"/>", "<path> needs another file");
+    row("clone", "<g id=\"nuvole\">", "<g id=\"nuvole\"><use href=\"#tetto\"/>",
+        "<use> is a clone");
+    row("foreign file", "<g id=\"nuvole\">", "<g id=\"nuvole\"><path fill=\"url(sky.svg#a)\"/>",
+        "<path> needs another file");
     row("background", "<g id=\"nuvole\"", "<rect width=\"700\" height=\"900\"/><g id=\"nuvole\"",
         "<rect> belongs to no part");
     row("twice the same id", "<g id=\"nuvole\"", "<g id=\"tetto\"/><g id=\"nuvole\"",
