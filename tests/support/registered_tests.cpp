@@ -33,7 +33,7 @@ int main(int argc, char **argv)
         int failures = 0;
         for (const TestRun run : std::as_const(Tests()))
             failures += run(arguments);
-        return failures;
+        return failures > 0 ? 1 : 0;
     }
     const TestRun run = Tests().value(arguments.takeAt(1));
     if (run == nullptr) {
@@ -42,5 +42,5 @@ int main(int argc, char **argv)
             std::fprintf(stderr, "  %s\n", qPrintable(name));
         return 2;
     }
-    return run(arguments);
+    return run(arguments) > 0 ? 1 : 0;
 }
