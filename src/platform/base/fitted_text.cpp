@@ -145,6 +145,7 @@ struct FittedText::Sheet {
     std::vector<double> Heights(const std::vector<int> &lines) const
     {
         std::vector<double> heights;
+        heights.reserve(lines.size());
         for (const int count : lines)
             heights.push_back(count * LineHeight() - Gap);
         return heights;
