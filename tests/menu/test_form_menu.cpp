@@ -99,6 +99,27 @@ private Q_SLOTS:
         QVERIFY(*sizes.begin() < 72);
     }
 
+    void theTitlesOfOneMenuAreDrawnInOneSize_data()
+    {
+        QTest::addColumn<QString>("lettering");
+        for (const char *lettering : {"minuscolo", "maiuscolo", "corsivo"})
+            QTest::newRow(lettering) << QString::fromLatin1(lettering);
+    }
+
+    void theTitlesOfOneMenuAreDrawnInOneSize()
+    {
+        QFETCH(QString, lettering);
+        MenuPlayer player;
+        TipoCarattere = lettering;
+        const FormMenu &menu = player.OpenMenu();
+        QSet<double> sizes;
+        for (const Label &title : menu.Command1) {
+            QVERIFY(title.Drawn().Whole);
+            sizes << title.Drawn().Points;
+        }
+        QCOMPARE(sizes.size(), 1);
+    }
+
     void aVeryNarrowItemKeepsTheSmallestSize()
     {
         MenuPlayer player;
