@@ -98,6 +98,8 @@ void MLSCaricaForm(Form &finestra)
     if (!finestra.Caption().isEmpty())
         Skipping([&] { finestra.SetCaption(sopra.Valore(nome + QStringLiteral(".Caption"))); });
     Skipping([&] { finestra.SetTag(sopra.Valore(nome + QStringLiteral(".Tag"))); });
+    // By number: an event that was let through may add a control.
+    // NOLINTNEXTLINE(modernize-loop-convert)
     for (size_t i = 0; i < finestra.Controls().size(); ++i) {
         CaricaControllo(sopra, *finestra.Controls().at(i));
         CaricaVoce(sopra, *finestra.Controls().at(i));
