@@ -150,7 +150,8 @@ void Button::SetPicture(const QString &name)
 void Button::Speak(const QString &name)
 {
     m_spoken = name;
-    m_view->setAccessibleName(Caption().isEmpty() ? name : Caption().remove(QLatin1Char('&')));
+    const QString &caption = m_view->Caption;
+    m_view->setAccessibleName(caption.isEmpty() ? name : QString(caption).remove(QLatin1Char('&')));
 }
 
 void Button::SetTakesFocus(bool takes)
