@@ -84,7 +84,7 @@ public:
     bool notify(QObject *receiver, QEvent *event) override
     {
         if (event->type() == QEvent::Polish)
-            if (const auto *box = dynamic_cast<QDialog *>(receiver)) {
+            if (const auto *box = qobject_cast<QDialog *>(receiver)) {
                 ShowAsItStands(*box);
                 ShowWhatIsBeingSetUp();
             }
