@@ -2,6 +2,8 @@
 
 #include "platform/printing/cups.h"
 
+#include <QSizeF>
+
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>

@@ -89,7 +89,9 @@ SoundFile::~SoundFile() = default;
 std::unique_ptr<SoundFile> SoundFile::Open(const QByteArray &bytes)
 {
     auto impl = std::make_unique<Impl>(bytes);
-    return impl->Playable() ? std::unique_ptr<SoundFile>(new SoundFile(std::move(impl))) : nullptr;
+    if (!impl->Playable())
+        return nullptr;
+    return std::unique_ptr<SoundFile>(new SoundFile(std::move(impl)));
 }
 
 std::unique_ptr<SoundFile> SoundFile::Open(const QString &nativePath)
