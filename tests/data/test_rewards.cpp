@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace {
 
@@ -23,7 +24,8 @@ using platform::MovieReader;
 using platform::SvgAnimation;
 using platform::SvgDocument;
 
-constexpr int Fewest = 8;
+constexpr int Fewest = 12;
+constexpr int MostElements = 400; // more of them, or gradients, do not move at full speed
 constexpr int FrameMilliseconds = 40;
 // A third of the size of the drawings, so that the whole takes seconds only.
 constexpr QSize Small(210, 270);
@@ -134,8 +136,9 @@ class TestRewards : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void thereAreEightOrMoreNumberedWithoutGap();
+    void thereAreTwelveOrMoreNumberedWithoutGap();
     void allOfThemLieBesideTheProgram();
+    void noTwoAreAlike();
     void eachLastsFourToTenSeconds_data() { Rewards(); }
     void eachLastsFourToTenSeconds();
     void theFirstPictureHasNoHoles_data() { Rewards(); }
@@ -170,7 +173,7 @@ QByteArray TestRewards::Current()
     return Content(Folder() + name);
 }
 
-void TestRewards::thereAreEightOrMoreNumberedWithoutGap()
+void TestRewards::thereAreTwelveOrMoreNumberedWithoutGap()
 {
     const QStringList names = QDir(Folder()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
     QVERIFY(names.size() >= Fewest);
@@ -186,6 +189,36 @@ void TestRewards::allOfThemLieBesideTheProgram()
     QCOMPARE(QDir(beside).entryList(QDir::Files), names);
     for (const QString &name : names)
         QCOMPARE(Content(beside + name), Content(Folder() + name));
+}
+
+// Told apart by what is on the picture when it begins, in its middle and when it has ended.
+void TestRewards::noTwoAreAlike()
+{
+    struct Reward {
+        QString Name;
+        std::vector<QImage> Pictures;
+    };
+    std::vector<Reward> rewards;
+    for (const QString &name : QDir(Folder()).entryList(QDir::Files)) {
+        const auto movie = platform::ReadMovie(Content(Folder() + name));
+        QVERIFY(movie);
+        Reward reward{name, {Painted(*movie, Small)}};
+        for (const int time : {movie->Duration() / 2, movie->Duration()}) {
+            movie->Advance(time);
+            reward.Pictures.push_back(Painted(*movie, Small));
+        }
+        for (const Reward &other : rewards)
+            for (size_t picture = 0; picture < reward.Pictures.size(); ++picture) {
+                const int different =
+                    Different(reward.Pictures[picture], other.Pictures[picture], 40);
+                QVERIFY2(different > Small.width() * Small.height() / 10,
+                         qPrintable(QStringLiteral("%1 and %2, picture %3: %4 pixels")
+                                        .arg(name, other.Name)
+                                        .arg(picture)
+                                        .arg(different)));
+            }
+        rewards.push_back(std::move(reward));
+    }
 }
 
 void TestRewards::eachLastsFourToTenSeconds()
@@ -256,6 +289,7 @@ void TestRewards::nothingInTheFileIsLeftOut()
     QStringList foreign;
     const int elements = CountElements(file.documentElement(), foreign);
     QVERIFY2(foreign.isEmpty(), qPrintable(foreign.join(QStringLiteral(", "))));
+    QVERIFY2(elements <= MostElements, qPrintable(QString::number(elements)));
     const auto document = platform::ParseSvg(Current());
     QVERIFY(document);
     QCOMPARE(static_cast<int>(document->Elements.size()), elements);
