@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <optional>
 
@@ -348,7 +349,9 @@ void Steps(Screen &screen, const Player &player)
 void Rewards(Screen &screen)
 {
     constexpr auto Slice = 250ms;
-    for (int number = 1; number <= (smoke ? 1 : 8); ++number) {
+    const std::filesystem::directory_iterator movies(folder + "animazioni");
+    const auto count = std::distance(begin(movies), end(movies));
+    for (int number = 1; number <= (smoke ? 1 : count); ++number) {
         screen.WaitUntilQuiet(Quiet);
         screen.Begin();
         Program program({folder + "bench_reward_window", std::to_string(number)});
