@@ -20,12 +20,32 @@ namespace {
 
 constexpr int FamilyPixels = 22; // of a family's name written in itself
 
+// For those who learn to read, the best first: "I", "l" and "1" are told apart, and in all but the
+// last an "a" is as a child writes it.
+constexpr const char *ForLearners[] = {"Andika",     "Andika New Basic", "Andika Compact",
+                                       "Comic Neue", "OpenDyslexicAlta", "OpenDyslexic"};
+
 QListWidget *NamedList(const QString &name, const QString &spoken)
 {
     auto *list = new QListWidget;
     list->setObjectName(name);
     list->setAccessibleName(spoken);
     return list;
+}
+
+// A line that cannot be chosen; the arrow keys pass over it.
+void AddHeading(QListWidget &list, const QString &text)
+{
+    auto *heading = new QListWidgetItem(text, &list);
+    heading->setFlags(Qt::NoItemFlags);
+}
+
+void AddFamily(QListWidget &list, const QString &family)
+{
+    auto *item = new QListWidgetItem(family, &list);
+    QFont font(family);
+    font.setPixelSize(FamilyPixels);
+    item->setFont(font);
 }
 
 QCheckBox *NamedBox(const QString &name, const QString &caption)
@@ -55,6 +75,7 @@ bool WritesLetters(const QRawFont &font)
 FontDialog::FontDialog(QWidget *parent)
     : QDialog(parent),
       m_families(NamedList(QStringLiteral("Families"), QStringLiteral("Tipo di carattere"))),
+      m_order(new QLabel(m_families->accessibleName())),
       m_sizes(NamedList(QStringLiteral("Sizes"), QStringLiteral("Grandezza"))),
       m_bold(NamedBox(QStringLiteral("Bold"), QStringLiteral("Grassetto"))),
       m_italic(NamedBox(QStringLiteral("Italic"), QStringLiteral("Inclinato"))),
@@ -71,7 +92,7 @@ FontDialog::FontDialog(QWidget *parent)
     m_sizes->setMaximumWidth(140);
 
     auto *grid = new QGridLayout;
-    grid->addWidget(new QLabel(m_families->accessibleName()), 0, 0);
+    grid->addWidget(m_order, 0, 0);
     grid->addWidget(new QLabel(m_sizes->accessibleName()), 0, 1);
     grid->addWidget(m_families, 1, 0);
     grid->addWidget(m_sizes, 1, 1);
@@ -98,15 +119,24 @@ FontDialog::FontDialog(QWidget *parent)
 
 void FontDialog::Fill()
 {
-    for (const QString &family : QFontDatabase::families(QFontDatabase::Latin)) {
-        if (QFontDatabase::isPrivateFamily(family) ||
-            !WritesLetters(QRawFont::fromFont(QFont(family))))
-            continue;
-        auto *item = new QListWidgetItem(family, m_families);
-        QFont font(family);
-        font.setPixelSize(FamilyPixels);
-        item->setFont(font);
+    QStringList others;
+    for (const QString &family : QFontDatabase::families(QFontDatabase::Latin))
+        if (!QFontDatabase::isPrivateFamily(family) &&
+            WritesLetters(QRawFont::fromFont(QFont(family))))
+            others << family;
+    QStringList suggested;
+    for (const char *const family : ForLearners)
+        if (others.removeOne(QLatin1String(family)))
+            suggested << QLatin1String(family);
+    for (const QString &family : suggested)
+        AddFamily(*m_families, family);
+    if (!suggested.isEmpty()) {
+        AddHeading(*m_families, QStringLiteral("Gli altri"));
+        m_order->setText(m_order->text() +
+                         QStringLiteral(": in alto quelli per chi impara a leggere"));
     }
+    for (const QString &family : others)
+        AddFamily(*m_families, family);
     for (const int size :
          {8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 32, 36, 40, 48, 60, 72})
         m_sizes->addItem(QString::number(size));

@@ -1,5 +1,5 @@
-// The choice of a font: each family written in itself, its size, its style, and a sample. It opens
-// with nothing chosen; a family and a size have to be.
+// The choice of a font: each family written in itself, those for early readers first, its size, its
+// style, and a sample. It opens with nothing chosen; a family and a size have to be.
 #pragma once
 
 #include "platform/host/host.h"
@@ -24,6 +24,7 @@ private:
     void Update();
 
     QListWidget *m_families;
+    QLabel *m_order; // of the families, told
     QListWidget *m_sizes;
     QCheckBox *m_bold;
     QCheckBox *m_italic;

@@ -15,7 +15,9 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QDirIterator>
+#include <QFile>
 #include <QFileDialog>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -100,6 +102,28 @@ void PressOk(QDialog &dialog)
 {
     QTest::mouseClick(dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok),
                       Qt::LeftButton);
+}
+
+// A copy of a font file under another family name, which has to be as long as its own.
+QString Renamed(const QString &font, const QString &family, const QTemporaryDir &folder)
+{
+    QFile file(font);
+    const QString own =
+        QFontDatabase::applicationFontFamilies(QFontDatabase::addApplicationFont(font)).value(0);
+    if (!file.open(QIODevice::ReadOnly) || own.size() != family.size())
+        return {};
+    const auto inTheFile = [](const QString &name) { // two bytes a letter, the higher one first
+        QByteArray bytes;
+        for (const QChar letter : name)
+            bytes.append('\0').append(letter.toLatin1());
+        return bytes;
+    };
+    QByteArray content = file.readAll();
+    content.replace(inTheFile(own), inTheFile(family)).replace(own.toLatin1(), family.toLatin1());
+    QFile copy(folder.filePath(family + QStringLiteral(".ttf")));
+    return copy.open(QIODevice::WriteOnly) && copy.write(content) == content.size()
+               ? copy.fileName()
+               : QString();
 }
 
 void ChooseRow(QDialog &dialog, const char *list, const QString &text)
@@ -328,6 +352,52 @@ private Q_SLOTS:
                     list->findItems(QString::fromLatin1(family), Qt::MatchStartsWith).isEmpty());
         });
         QVERIFY(!machine.ChooseFont().has_value());
+    }
+
+    void lettersForEarlyReadersStandFirst()
+    {
+        MachineHost machine(m_home.path() + QLatin1Char('/'));
+        SetHost(&machine);
+        const QString ours = QStringLiteral(APPLICATION_DIR "/indis1.ttf");
+        QVERIFY(machine.RegisterFont(ours));
+        const QTemporaryDir fonts;
+        QVERIFY(machine.RegisterFont(Renamed(ours, QStringLiteral("Andika"), fonts)));
+        WhenOpen<FontDialog>(QStringLiteral("ChooseFont"), [](FontDialog &dialog) {
+            auto *list = dialog.findChild<QListWidget *>(QStringLiteral("Families"));
+            QStringList rows;
+            for (int row = 0; row < list->count(); ++row)
+                rows << list->item(row)->text();
+            const auto heading = rows.indexOf(QStringLiteral("Gli altri"));
+            QVERIFY(heading > 0);
+            QStringList first = rows.mid(0, heading);
+            for (const char *family : {"OpenDyslexicAlta", "OpenDyslexic", "Andika New Basic",
+                                       "Andika Compact"}) // where they are installed
+                first.removeOne(QString::fromLatin1(family));
+            QCOMPARE(first, (QStringList{QStringLiteral("Andika"), QStringLiteral("Comic Neue")}));
+            QStringList others = rows.mid(heading + 1);
+            QVERIFY(others.contains(QStringLiteral("Liberation Sans")));
+            QVERIFY(!others.contains(QStringLiteral("Andika")));
+            QVERIFY(!others.contains(QStringLiteral("Comic Neue")));
+            // A heading is nothing to choose, by mouse or by keys.
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                              list->visualItemRect(list->item(static_cast<int>(heading))).center());
+            QCOMPARE(dialog.Chosen().Name, QString());
+            list->setFocus();
+            for (const char *family : {"Andika", "Comic Neue"}) {
+                ChooseRow(dialog, "Families", QString::fromLatin1(family));
+                QCOMPARE(dialog.Chosen().Name, QString::fromLatin1(family));
+            }
+            list->setCurrentRow(static_cast<int>(heading) - 1);
+            QTest::keyClick(list, Qt::Key_Down);
+            QCOMPARE(dialog.Chosen().Name, others.first());
+            QTest::keyClick(list, Qt::Key_Home);
+            QCOMPARE(dialog.Chosen().Name, QStringLiteral("Andika"));
+            ChooseRow(dialog, "Sizes", QStringLiteral("28"));
+            PressOk(dialog);
+        });
+        const std::optional<FontChoice> choice = machine.ChooseFont();
+        QVERIFY(choice.has_value());
+        QCOMPARE(choice->Name, QStringLiteral("Andika"));
     }
 
     void aFileToWriteTakesItsEndingAndIsAskedAboutWhenItIsThere()
