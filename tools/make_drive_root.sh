@@ -2,12 +2,20 @@
 # Makes the folder that all users of the machine share, and in it the folder of fonts. What is there
 # already stays as it is: an administrator may have given it to a group.
 #
-#     make_drive_root.sh FOLDER [PROGRAM-FOLDER]
+#     make_drive_root.sh [--folders-only] FOLDER [PROGRAM-FOLDER]
 #
 # With the program's folder, or lying in it, it also greets in the system's language where the
 # program speaks that: a new drive begins with this language, with a player whose colours have their
 # names in it, and with the same settings for the default player.
+#
+# Where the program has been in use, --folders-only does no more than what the first sentence says: a
+# player that was taken away shall not come back.
 set -eu
+greet=yes
+if [ "$1" = --folders-only ]; then
+    greet=no
+    shift
+fi
 drive=${1%/}
 program=${2:-$(dirname "$(readlink -f "$0")")}
 settings=$drive/ImpostazioniProgrammiTesmi/morlenekvt
@@ -18,7 +26,7 @@ new=no
 for folder in "$drive" "$drive/windows" "$drive/windows/fonts"; do
     [ -d "$folder" ] || install -d -m 1777 "$folder"
 done
-[ -d "$program/giocatori" ] || exit 0
+[ $greet = yes ] && [ -d "$program/giocatori" ] || exit 0
 
 # The name of the language's file in code page 1252, and its player. Italian needs none.
 language=italiano

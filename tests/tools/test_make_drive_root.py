@@ -24,9 +24,9 @@ class MakeDriveRoot(unittest.TestCase):
         self.setting.write_bytes(ITALIAN)
         (self.program / "indis1.ttf").write_bytes(b"font")
 
-    def make(self, *arguments, script=SCRIPT, **variables):
+    def make(self, *arguments, script=SCRIPT, options=(), **variables):
         environment = {"PATH": os.environ["PATH"], **variables}
-        result = subprocess.run([script, self.drive, *arguments], env=environment,
+        result = subprocess.run([script, *options, self.drive, *arguments], env=environment,
                                 capture_output=True, text=True)
         self.assertEqual(result.returncode, 0, result.stderr)
 
@@ -137,6 +137,16 @@ class MakeDriveRoot(unittest.TestCase):
                 self.assertEqual((self.drive / "LangSetting.ini").read_bytes(),
                                  b"[Language]\r\nCurrentLanguage=" + language + b"\r\n")
                 self.assertEqual(self.mode("LangSetting.ini"), 0o666)
+
+    def test_in_use_only_the_folders_are_made_again(self):
+        self.set_up(LANG="en_GB.UTF-8")
+        (self.drive / SETTINGS / "English.ini").unlink()
+        shutil.rmtree(self.drive / "windows/fonts")
+        setting = self.setting.read_bytes()
+        self.make(self.program, options=["--folders-only"], LANG="fr_FR.UTF-8")
+        self.assertEqual(self.players(), ["_predefinito.INI"])
+        self.assertEqual(self.setting.read_bytes(), setting)
+        self.assertEqual(self.mode("windows/fonts"), 0o1777)
 
     def test_lying_in_the_programs_folder_it_knows_it(self):
         script = shutil.copy(SCRIPT, self.program)
