@@ -14,6 +14,8 @@ TEST_PACKAGES=(xvfb openbox xdotool x11-utils dbus at-spi2-core python3-pyatspi 
     clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14
     g++-mingw-w64-x86-64-posix locales mold)
 
+PACKAGE_PACKAGES=(debhelper dpkg-dev lintian)
+
 BENCH_PACKAGES=(xvfb openbox x11-utils libxcb-damage0-dev libxcb-xtest0-dev libxcb-keysyms1-dev
     x11proto-dev)
 
