@@ -1,6 +1,6 @@
 """The real program where it shows no window: without a screen, and with words behind its name.
 
-    alone command_line PROGRAM VERSION
+    alone command_line.py PROGRAM VERSION
 """
 import os
 import subprocess
@@ -8,7 +8,7 @@ import sys
 import tempfile
 
 from desktop import Failure, wait_for
-from journey import SETTINGS, fresh_drive
+from steps import SETTINGS, fresh_drive
 
 SCREENS = ("DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET", "QT_QPA_PLATFORM", "XDG_SESSION_TYPE")
 

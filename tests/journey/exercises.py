@@ -1,88 +1,36 @@
 """All eight exercises on all their levels, one task each, by mouse and by the three ways without
 one: from outside, by real events, with nothing known but what the screen shows.
 
-    alone exercises PROGRAM MODE [FIRST LAST]
+    alone exercises.py PROGRAM MODE [FIRST LAST]
 
 The exercises are numbered from 1 in the order of the menu.
 """
 import sys
 import time
 
-from desktop import Desktop, Failure, Program, figure, screen, wait_for
-from journey import counts, fresh_drive, panel
+from child import EXERCISES, INSIDE, PARTS, Child, differing, where_it_is
+from desktop import Desktop, Failure, Program, screen, wait_for
 from scanning import CHOOSE, LIT, STEP, is_lit, write_profile
 from sentences import COLOURS, PALETTE, sentence_holds, statement_holds
+from steps import fresh_drive
 
 MOUSE, SWITCH, ARROWS = 0, 2, 3
-PARTS = ["comignolo", "tetto", "pareti", "finestre", "porta", "gradino", "fumo", "nuvole"]
-# In the figure's own 700 by 900: a spot inside each part, and one on its outline.
-INSIDE = [(525, 275), (350, 420), (350, 592), (215, 640), (320, 700), (350, 830), (560, 150),
-          (150, 130)]
+# In the figure's own 700 by 900: a spot on the outline of each part.
 OUTLINE = [(478, 340), (350, 230), (100, 700), (140, 700), (288, 760), (350, 798), (614, 38),
            (246, 98)]
 LATE = 6  # tries, where the light goes on while a key is on its way
 
 
-class Child:
+class AnyChild(Child):
     """Plays one running program in one input mode."""
 
     def __init__(self, program, mode):
-        self.program = program
+        super().__init__(program)
         self.mode = mode
-        self.right = self.wrong = self.late = 0
-        self.places = {}  # of what stays where it is for a whole level
-
-    def place(self, name):
-        """Where it lies on the screen; nothing while it does not show. Asked of the program once:
-        the light moves on in less time than asking for every place takes."""
-        if name not in self.places:
-            item = self.program.find(name)
-            if item is None:
-                return None
-            self.places[name] = self.program.box(item)
-        return self.places[name]
+        self.late = 0
 
     def lit(self, picture, x, y):
         return "%02X%02X%02X" % picture.getpixel((x, y)) == LIT
-
-    def shown(self, name):
-        item = self.program.find(name)
-        if item is None or ": " not in item.description:
-            return None
-        return figure(item.description)
-
-    def wait_shown(self, name="ShockwaveFlash1"):
-        return wait_for(name, lambda: self.shown(name))
-
-    def text(self, name):
-        return self.program.text_of(self.program.await_object(name))
-
-    def spot(self, name, place):
-        """Where a place of the figure's own 700 by 900 lies on the screen."""
-        box = self.place(name)
-        scale = min(box.width / 700, box.height / 900)
-        return (round(box.x + (box.width - 700 * scale) / 2 + place[0] * scale),
-                round(box.y + (box.height - 900 * scale) / 2 + place[1] * scale))
-
-    def click(self, name):
-        self.program.click(self.program.await_object(name))
-
-    # What an answer did.
-
-    def answered(self):
-        """True for a right answer, False for a wrong one, once the counters tell."""
-        now = wait_for("an answer", lambda: counts(self.program) != (self.right, self.wrong)
-                       and counts(self.program))
-        better = now[0] > self.right
-        self.right, self.wrong = now
-        return better
-
-    def fresh_level(self, level):
-        self.program.key_until(f"F{level}", f"level {level}",
-                               lambda: panel(self.program, 3).startswith(f"{level} ")
-                               and counts(self.program) == (0, 0))
-        self.right = self.wrong = 0
-        self.places.clear()
 
     # The highlight.
 
@@ -171,11 +119,6 @@ def next_task(child, button):
                                lambda: not is_lit(child.program, f"Command1({button})"))
 
 
-def differing(child):
-    one, other = child.wait_shown(), child.wait_shown("ShockwaveFlash2")
-    return [index for index, part in enumerate(PARTS) if one[part] != other[part]]
-
-
 def outline_lit(child):
     picture = screen()
     return next((index for index, place in enumerate(OUTLINE)
@@ -191,11 +134,6 @@ def uguali_2(child, level):
     differences(child, level, lambda: outline_lit(child),
                 lambda part: child.program.click_at(
                     *child.spot(where_it_is(child, PARTS[part]), INSIDE[part])))
-
-
-def where_it_is(child, part):
-    """Smoke and clouds can be clicked on the figure that has them only."""
-    return "ShockwaveFlash2" if child.shown("ShockwaveFlash1")[part] == "0" else "ShockwaveFlash1"
 
 
 def uguali_1(child, level):
@@ -376,12 +314,8 @@ def indovina_chi(child, _):
     return next_task(child, 0)
 
 
-EXERCISES = [  # in the order of the menu: name, levels, a figure of it
-    (vero_o_falso, 6, "ShockwaveFlash1"), (uguale_diverso, 3, "ShockwaveFlash1"),
-    (uguali_1, 4, "ShockwaveFlash1"), (uguali_2, 4, "ShockwaveFlash1"),
-    (colora, 6, "ShockwaveFlash1"), (insiemi, 4, "ShockwaveFlash1"),
-    (trova_gli_intrusi, 5, "ShockwaveFlash1(0)"), (indovina_chi, 5, "ShockwaveFlash1(0)"),
-]
+PLAYS = [vero_o_falso, uguale_diverso, uguali_1, uguali_2, colora, insiemi, trova_gli_intrusi,
+         indovina_chi]  # in the order of the menu
 
 
 def open_exercise(child, entry, shows):
@@ -404,11 +338,12 @@ def open_exercise(child, entry, shows):
 def play_all(desktop, executable, drive, mode, first=1, last=len(EXERCISES)):
     fresh_drive(drive)
     write_profile(drive, mode)
-    child = Child(Program(desktop, executable), mode)
+    child = AnyChild(Program(desktop, executable), mode)
     program = child.program
     program.await_object("Command1")
     program.key_until("Return", "the menu", lambda: program.find("Image1(0)"))
-    for entry, (play, levels, shows) in list(enumerate(EXERCISES))[first - 1:last]:
+    for entry in range(first - 1, last):
+        play, (levels, shows) = PLAYS[entry], EXERCISES[entry]
         begun = time.monotonic()
         child.late = 0
         open_exercise(child, entry, shows)

@@ -1,14 +1,14 @@
 """One switch that is held down while somebody leaves the exercise by mouse: its repeats and its
 release start nothing in the menu, and the next press of it chooses there.
 
-    alone held_switch PROGRAM
+    alone held_switch.py PROGRAM
 """
 import subprocess
 import sys
 
 from desktop import Desktop, Failure, Program, wait_for
-from journey import fresh_drive
 from scanning import bring_light_to, write_profile
+from steps import fresh_drive
 
 ROUNDS_HELD = 2  # of the light over nine items, 250 ms each: repeats come after 0.66 s
 

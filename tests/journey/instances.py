@@ -1,7 +1,7 @@
 """Two programs at once, and the start after a crash: a second one of the same user gets a box and
 changes nothing, another user's runs, and a lock whose owner was killed bars nobody.
 
-    alone instances PROGRAM
+    alone instances.py PROGRAM
 """
 import os
 import signal
@@ -10,7 +10,7 @@ import sys
 import tempfile
 
 from desktop import Desktop, Failure, Program, wait_for
-from journey import come_to_the_menu, fresh_drive, press_ok
+from steps import come_to_the_menu, fresh_drive, press_ok
 
 OTHER_USER = 65534
 

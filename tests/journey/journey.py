@@ -1,47 +1,20 @@
 """A child's first visit, from outside: the real program in a real window, worked by real mouse
 events and read through the accessibility bus, until the profile stands on the disk.
 
-    alone journey PROGRAM
+    alone journey.py PROGRAM
 """
 import os
-import shutil
 import sys
-import time
 
 from desktop import Desktop, Failure, Program, figure, wait_for
 from sentences import painted, sentence_holds
+from steps import SETTINGS, come_to_the_menu, counts, fresh_drive, panel
 
 TASKS = 20
-SETTINGS = "ImpostazioniProgrammiTesmi/morlenekvt"
-
-
-def fresh_drive(drive):
-    shutil.rmtree(drive, ignore_errors=True)
-    os.makedirs(os.path.join(drive, "windows", "fonts"))
-
-
-def press_ok(program):
-    """A click that comes while the window manager still moves the box goes beside it."""
-    button = program.named("OK", "push button")
-    if button:
-        program.click(button)
-        time.sleep(0.3)
-
-
-def come_to_the_menu(program, first_time):
-    if first_time:
-        wait_for("the splash",
-                 lambda: program.find("Command1") or press_ok(program))
-    program.click(program.await_object("Command1"))
-    return program.await_object("Command1(8)")
 
 
 def answer(program, index):
     program.click(program.await_object(f"Command1({index})"))
-
-
-def panel(program, number):
-    return program.text(f"StatusBar1.Panels({number})")
 
 
 def play(program):
@@ -72,10 +45,6 @@ def play(program):
         answer(program, 2)
         wait_for("the next task", lambda: not program.enabled(program.find("Command1(2)")))
     return right, wrong, untold
-
-
-def counts(program):
-    return tuple(int(panel(program, number).split()[0]) for number in (1, 2))
 
 
 def figure_text(program):

@@ -2,14 +2,14 @@
 own; they are changed in the menu, and both files hold what was chosen, byte for byte, also after
 the program was started again.
 
-    alone players PROGRAM
+    alone players.py PROGRAM
 """
 import os
 import subprocess
 import sys
 
 from desktop import Desktop, Failure, Program, wait_for
-from journey import SETTINGS, come_to_the_menu, fresh_drive
+from steps import SETTINGS, choose_player, come_to_the_menu, fresh_drive, page, press
 
 COMMON = ["True", "False"]
 BACKGROUND = ["FFFFCC", "sfondo", "sfondo", "sfondo", "sfondo"]
@@ -30,14 +30,6 @@ def profile(mode, speed, first, letters, font, chosen):
 ANNA = profile(1, 4, WHITE, "maiuscolo", "arial", "arial")
 BRUNO = profile(2, 5, GREEN, "corsivo", "Indis1", "arial")
 DEFAULT = profile(0, 4, GREEN, "minuscolo", "arial", "arial")
-
-
-def press(program, described):
-    program.click(program.await_object(described))
-
-
-def page(program, name):
-    program.click(wait_for(name, lambda: program.named(name, "page tab")))
 
 
 def open_configuration(program):
@@ -79,11 +71,6 @@ def question_of(item, example):
     window = item.parent
     return any(example in (window.getChildAtIndex(index).name or "")
                for index in range(window.childCount))
-
-
-def choose_player(program, name):
-    press(program, "Combo1")
-    program.click(wait_for(name, lambda: program.named(name, "list item")))
 
 
 def expect_files(drive, files):

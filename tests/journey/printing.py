@@ -2,7 +2,7 @@
 keyboard, warns at once of a print that leaves the sheet, and what comes out is looked at. Then the
 log of the exercises is saved, opened again and printed.
 
-    alone printing PROGRAM
+    alone printing.py PROGRAM
 """
 import os
 import pathlib
@@ -10,11 +10,11 @@ import sys
 import time
 
 from desktop import Desktop, Failure, Program, wait_for
-from journey import SETTINGS, come_to_the_menu, fresh_drive
 from players import leave_configuration, open_configuration
+from printing_system import PrintingSystem
+from steps import SETTINGS, choose, come_to_the_menu, fresh_drive
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "printers"))
-from printing_system import PrintingSystem  # noqa: E402
 from real_printing import Page  # noqa: E402
 
 WARNING_WITHIN = 0.5  # seconds
@@ -105,11 +105,6 @@ def keep_a_log(program):
     open_configuration(program)
     program.click(program.await_object("CheckSalvaUtente"))
     leave_configuration(program)
-
-
-def choose(program, *items):
-    for item in items:
-        program.click(wait_for(item, lambda: program.named(item, "menu item")))
 
 
 def name_the_file(program, name):

@@ -1,14 +1,15 @@
 """The first exercise without a mouse: by two keys, by one switch and by the arrow keys, each by real
 key events alone, through a reward.
 
-    alone scanning PROGRAM
+    alone scanning.py PROGRAM
 """
 import os
 import sys
 
 from desktop import Desktop, Failure, Program, figure, wait_for
-from journey import SETTINGS, counts, figure_text, fresh_drive
+from journey import figure_text
 from sentences import painted, sentence_holds
+from steps import SETTINGS, counts, fresh_drive
 
 LIT = "FF0000"
 RIGHT_ANSWERS = 12  # the tenth is rewarded

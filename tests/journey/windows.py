@@ -1,7 +1,7 @@
 """A tour of all windows, boxes and dialogs: the window manager shows the titles as they are stated,
 a box shows a name as it was typed, and the program has nothing to say on standard error.
 
-    alone windows PROGRAM
+    alone windows.py PROGRAM
 """
 import os
 import re
@@ -11,8 +11,8 @@ import tempfile
 import time
 
 from desktop import Desktop, Failure, Program, wait_for
-from journey import fresh_drive, press_ok
-from players import leave_configuration, open_configuration, page, press
+from players import leave_configuration, open_configuration
+from steps import choose, fresh_drive, page, press, press_ok
 
 EXERCISES = 8
 
@@ -37,11 +37,6 @@ def expect_titles(*wanted):
         wait_for("titles", lambda: titles() == sorted(wanted), 5)
     except Failure:
         raise Failure(f"the titles are {titles()} and not {sorted(wanted)}") from None
-
-
-def choose(program, *items):
-    for item in items:
-        program.click(wait_for(item, lambda: program.named(item, "menu item")))
 
 
 def put_away(program, *left):
