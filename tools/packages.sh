@@ -8,9 +8,12 @@ RUN_PACKAGES=(libqt6widgets6 libcups2 libqt6svg6 libqt6xml6 qt6-qpa-plugins qt6-
     qt6-translations-l10n libpulse0 libsndfile1 libxcb-xkb1 fonts-dejavu-core fonts-liberation2
     fonts-comic-neue)
 
-TEST_PACKAGES=(xvfb openbox xdotool x11-utils dbus at-spi2-core python3-pyatspi python3-pil
+# A screen and a printer of one's own, to work the program from outside.
+PICTURE_PACKAGES=(xvfb openbox xdotool dbus at-spi2-core python3-pyatspi python3-pil
+    cups-daemon cups-core-drivers cups-filters-core-drivers cups-client poppler-utils)
+
+TEST_PACKAGES=("${PICTURE_PACKAGES[@]}" x11-utils
     pulseaudio pulseaudio-utils procps
-    cups-daemon cups-core-drivers cups-filters-core-drivers cups-client poppler-utils
     clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14
     g++-mingw-w64-x86-64-posix locales mold)
 
