@@ -1,6 +1,7 @@
 // Every text of the exercises is seen whole and in letters that a child can read: in each
 // lettering, size, language and on each screen. With SHOW_SIZES in the environment the table is
 // printed.
+#include "core/lettering.h"
 #include "exercises/form_es1.h"
 #include "exercises/form_es2.h"
 #include "exercises/form_es3.h"
@@ -9,9 +10,9 @@
 #include "exercises/form_es6.h"
 #include "exercises/form_es7.h"
 #include "exercises/form_es8.h"
-#include "language/language.h"
-#include "support/exercise_fixture.h"
+#include "support/language_file.h"
 #include "support/registered_tests.h"
+#include "support/speaking_player.h"
 
 #include <QFontDatabase>
 #include <QMap>
@@ -34,7 +35,6 @@ const QList<double> Sizes = {14, 24, 36, 48};
 const QList<ScreenSize> Screens = {{1024, 768}, {1366, 768}, {1920, 1080}, {3840, 2160}};
 const QStringList Letterings = {QStringLiteral("minuscolo"), QStringLiteral("maiuscolo"),
                                 QStringLiteral("corsivo")};
-const QStringList Languages = {QStringLiteral("italiano"), QStringLiteral("english")};
 
 Label &TextOf(TreBottoni &form)
 {
@@ -84,19 +84,34 @@ QStringList Chosen(const QSet<QString> &all)
     return chosen;
 }
 
-struct Case {
-    QString Language;
-    QString Lettering;
-};
-
-void Dress(const Case &one)
+void Dress(const QString &lettering)
 {
-    LinguaCorrente = one.Language;
-    CaricaMessaggi();
-    TipoCarattere = one.Lettering;
-    FontCorrente = one.Lettering == QStringLiteral("corsivo") ? QStringLiteral("Indis1")
-                                                              : QStringLiteral("arial");
-    SuoniAttivi = false;
+    TipoCarattere = lettering;
+    FontCorrente =
+        lettering == QStringLiteral("corsivo") ? QStringLiteral("Indis1") : QStringLiteral("arial");
+}
+
+// The texts of the tasks drawn on each level.
+template <typename Window> QMap<int, QStringList> TextsOf(const QString &language, int levels)
+{
+    SpeakingPlayer player(language);
+    Dress(Letterings.first());
+    player.Host.Seed(4711);
+    auto &form = player.Open<Window>();
+    form.LockDrawing(true);
+    player.Host.Watching = false;
+    QMap<int, QStringList> texts;
+    for (int level = 1; level <= levels; ++level) {
+        QSet<QString> seen;
+        for (int task = 0; task < Tasks; ++task) {
+            form.mnuLiv.OnClick(level);
+            NumeroEserciziEseguiti = 1; // a change of level opens a row
+            seen << Read(TextOf(form));
+        }
+        texts[level] = Chosen(seen);
+    }
+    DropForms();
+    return texts;
 }
 
 // What a table of sizes tells of the texts of one level.
@@ -140,15 +155,38 @@ void Judge(const QString &what, double size, const Summary &summary)
                                                        .arg(summary.Text)));
 }
 
+// In a window as it stands on one screen: the longest text in each size, the others in the largest
+// only, since whoever asks for smaller letters gets the same ones down to those.
+template <typename Window> QMap<double, Summary> Measured(Window &form, const QStringList &texts)
+{
+    QMap<double, Summary> sizes;
+    for (const QString &text : texts) {
+        Write(TextOf(form), text);
+        TextOf(form).SetFontSize(Sizes.last());
+        const DrawnText largest = TextOf(form).Drawn();
+        for (const double size : Sizes) {
+            DrawnText drawn = largest;
+            if (text == texts.first()) {
+                TextOf(form).SetFontSize(size);
+                drawn = TextOf(form).Drawn();
+            }
+            drawn.Points = std::min(size, drawn.Points);
+            sizes[size].Add(text, drawn);
+        }
+    }
+    return sizes;
+}
+
 template <typename Window> void JudgeTexts(const QString &name, int levels)
 {
-    for (const QString &language : Languages)
-        for (const QString &lettering : Letterings) {
-            QMap<int, QStringList> texts; // by level
+    for (const QString &file : LanguageNames()) {
+        const QString language = LanguageOf(file);
+        const QMap<int, QStringList> texts = TextsOf<Window>(language, levels);
+        for (const QString &lettering : Letterings)
             for (const ScreenSize &screen : Screens) {
-                Player player;
+                SpeakingPlayer player(language);
                 player.Host.ScreenSizeNow = screen;
-                Dress({language, lettering});
+                Dress(lettering);
                 player.Host.Seed(4711);
                 // Laid out and never painted: what is drawn is what was measured.
                 auto &form = *new Window;
@@ -156,38 +194,27 @@ template <typename Window> void JudgeTexts(const QString &name, int levels)
                 form.Show();
                 form.LockDrawing(true);
                 QCoreApplication::processEvents();
-                if (texts.isEmpty())
-                    for (int level = 1; level <= levels; ++level) {
-                        QSet<QString> seen;
-                        for (int task = 0; task < Tasks; ++task) {
-                            form.mnuLiv.OnClick(level);
-                            NumeroEserciziEseguiti = 1; // a change of level opens a row
-                            seen << Read(TextOf(form));
-                            player.Host.TakeEvents();
-                        }
-                        texts[level] = Chosen(seen);
-                    }
-                for (int level = 1; level <= levels; ++level)
+                for (int level = 1; level <= levels; ++level) {
+                    QStringList written = texts[level];
+                    if (lettering == QStringLiteral("maiuscolo"))
+                        for (QString &text : written)
+                            text = InMaiuscolo(text);
+                    const auto sizes = Measured(form, written);
                     for (const double size : Sizes) {
-                        TextOf(form).SetFontSize(size);
-                        Summary summary;
-                        for (const QString &text : texts[level]) {
-                            Write(TextOf(form), text);
-                            summary.Add(text, TextOf(form).Drawn());
-                        }
                         Judge(QStringLiteral("%1 level %2 %3 %4 %5x%6")
                                   .arg(name)
                                   .arg(level)
                                   .arg(language, lettering)
                                   .arg(screen.Width)
                                   .arg(screen.Height),
-                              size, summary);
+                              size, sizes[size]);
                         if (QTest::currentTestFailed())
                             return;
                     }
+                }
                 DropForms();
             }
-        }
+    }
 }
 
 } // namespace
