@@ -2,9 +2,10 @@
 // and counts until the last pixel on the screen. An empty window of the toolkit is measured in turn
 // with it. Prints one line a figure: what | program | empty window.
 //
-//     bench_stopwatch PIXELS DRIVE [--smoke]
+//     bench_stopwatch PIXELS DRIVE [--smoke] [SECTION...]
 //
 // PIXELS is the file in which the display server keeps its screen; DRIVE the program's own drive.
+// Sections are named at the end of this file; without one all are measured.
 #include "screen.h"
 #include "watched_program.h"
 
@@ -197,14 +198,18 @@ struct Started {
     double Mapped, Full, Processor, Memory;
 };
 
-Started Start(Screen &screen, const char *name, std::optional<Program> &program)
+Started Start(Screen &screen, const char *name, std::optional<Program> &program,
+              const char *argument = nullptr)
 {
     screen.WaitUntilQuiet(Quiet);
     // Off the window's controls, which would light up.
     screen.Move(screen.Width() - 1, screen.Height() / 2);
     screen.Begin();
     const auto start = Clock::now();
-    program.emplace(std::vector<std::string>{folder + name});
+    std::vector<std::string> command{folder + name};
+    if (argument != nullptr)
+        command.emplace_back(argument);
+    program.emplace(command);
     const bool painted = screen.FirstPainting(10s) > start;
     const auto last = screen.LastPixel(Quiet);
     if (!painted || !program->Runs())
@@ -230,6 +235,18 @@ void Starts(Screen &screen)
         }
     for (const auto &[what, own] : times[0])
         Print(what, Quantile(own, 0.5), Quantile(times[1][what], 0.5));
+}
+
+// A window of the toolkit with nothing in it that takes the place of another.
+double EmptyChange(Screen &screen)
+{
+    std::vector<double> times;
+    for (int run = 0; run < Times(7); ++run) {
+        std::optional<Program> program;
+        Start(screen, "bench_empty_window", program);
+        times.push_back(ToTheMenu(screen));
+    }
+    return Quantile(times, 0.5);
 }
 
 // Each window for the first and for the second time in a process, and the memory of it all.
@@ -260,7 +277,7 @@ void Tours(Screen &screen)
                 later.push_back(program->ResidentMebibytes());
         }
     }
-    Print("splash to menu, ms", Quantile(menu, 0.5));
+    Print("splash to menu, ms", Quantile(menu, 0.5), EmptyChange(screen));
     for (const Window &window : windows) {
         const std::string name = window.Name;
         Print("menu to " + name + ", ms", Quantile(first[name], 0.5));
@@ -271,6 +288,18 @@ void Tours(Screen &screen)
     Print("memory after all windows, MiB", Quantile(memory, 0.5));
     if (!later.empty())
         Print("  after ten times all windows, MiB", later.front());
+}
+
+void LongLog(Screen &screen)
+{
+    std::vector<double> times;
+    for (int run = 0; run < Times(5); ++run) {
+        std::optional<Program> program;
+        Start(screen, TheProgram, program, "500");
+        ToTheMenu(screen);
+        times.push_back(Open(screen, Named("log")));
+    }
+    Print("menu to log of 500 rows, ms", Quantile(times, 0.5));
 }
 
 void Tasks(Screen &screen)
@@ -346,12 +375,16 @@ void Steps(Screen &screen, const Player &player)
     player.Is(0);
 }
 
+int Count(const std::string &files)
+{
+    const std::filesystem::directory_iterator all(files);
+    return static_cast<int>(std::distance(begin(all), end(all)));
+}
+
 void Rewards(Screen &screen)
 {
     constexpr auto Slice = 250ms;
-    const std::filesystem::directory_iterator movies(folder + "animazioni");
-    const auto count = std::distance(begin(movies), end(movies));
-    for (int number = 1; number <= (smoke ? 1 : count); ++number) {
+    for (int number = 1; number <= (smoke ? 1 : Count(folder + "animazioni")); ++number) {
         screen.WaitUntilQuiet(Quiet);
         screen.Begin();
         Program program({folder + "bench_reward_window", std::to_string(number)});
@@ -378,30 +411,34 @@ void Rewards(Screen &screen)
     }
 }
 
+// Processor time of a program that nobody touches. By keys it pulls the keyboard to itself.
 void Idle(Screen &screen, const Player &player)
 {
-    const auto duration = smoke ? 100ms : 10000ms;
-    for (const int mode : {0, 3}) {
+    for (const int mode : {0, 1, 3}) {
+        const int seconds = mode == 0 ? 20 : 10;
         player.Is(mode);
         std::optional<Program> program;
         Start(screen, TheProgram, program);
         const auto rest = [&](const std::string &window) {
             std::this_thread::sleep_for(smoke ? 0ms : 1000ms);
             const double before = program->ProcessorTime();
-            std::this_thread::sleep_for(duration);
-            Print("idle for 10 s, " + window + (mode == 0 ? ", ms" : " by keys, ms"),
+            std::this_thread::sleep_for(smoke ? 100ms : std::chrono::seconds(seconds));
+            Print("idle for " + std::to_string(seconds) + " s, " + window +
+                      (mode == 0   ? ", ms"
+                       : mode == 1 ? " by two keys, ms"
+                                   : " by arrow keys, ms"),
                   program->ProcessorTime() - before);
         };
         if (mode == 0)
             rest("splash");
         ToTheMenu(screen);
         rest("menu");
-        for (const char *name : {"exercise 1", "configuration"}) {
-            if (mode != 0)
+        for (const Window &window : windows) {
+            if (mode != 0 && &window != &Named("exercise 1"))
                 continue;
-            Open(screen, Named(name));
-            rest(name);
-            Leave(screen, Named(name));
+            Open(screen, window);
+            rest(window.Name);
+            Leave(screen, window);
         }
     }
     player.Is(0);
@@ -411,7 +448,7 @@ void ManyPlayers(Screen &screen, const Player &player)
 {
     player.Others(smoke ? 10 : 5000);
     std::vector<double> times;
-    for (int run = 0; run < Times(3); ++run) {
+    for (int run = 0; run < Times(5); ++run) {
         std::optional<Program> program;
         Start(screen, TheProgram, program);
         times.push_back(ToTheMenu(screen));
@@ -426,17 +463,24 @@ int main(int argc, char **argv)
 {
     if (argc < 3)
         return 2;
-    smoke = argc > 3 && std::strcmp(argv[3], "--smoke") == 0;
+    std::vector<std::string> chosen(argv + 3, argv + argc);
+    smoke = std::erase(chosen, "--smoke") > 0;
     folder = std::filesystem::read_symlink("/proc/self/exe").parent_path().string() + "/";
     Screen screen(argv[1]);
     const Player player(argv[2]);
-    Starts(screen);
-    Tours(screen);
-    Tasks(screen);
-    Lights(screen, player);
-    Steps(screen, player);
-    Rewards(screen);
-    Idle(screen, player);
-    ManyPlayers(screen, player);
+    const std::vector<std::pair<std::string, std::function<void()>>> sections = {
+        {"starts", [&] { Starts(screen); }},
+        {"tours", [&] { Tours(screen); }},
+        {"log", [&] { LongLog(screen); }},
+        {"tasks", [&] { Tasks(screen); }},
+        {"lights", [&] { Lights(screen, player); }},
+        {"steps", [&] { Steps(screen, player); }},
+        {"rewards", [&] { Rewards(screen); }},
+        {"idle", [&] { Idle(screen, player); }},
+        {"players", [&] { ManyPlayers(screen, player); }},
+    };
+    for (const auto &[name, measure] : sections)
+        if (chosen.empty() || std::find(chosen.begin(), chosen.end(), name) != chosen.end())
+            measure();
     return 0;
 }

@@ -44,6 +44,8 @@ public:
         const std::string tasks = Folder() + "task/";
         DIR *folder = opendir(tasks.c_str());
         while (const dirent *entry = folder == nullptr ? nullptr : readdir(folder)) {
+            if (entry->d_name[0] == '.') // ".." has the first thread's time once more
+                continue;
             double own = 0;
             std::ifstream(tasks + entry->d_name + "/schedstat") >> own;
             nanoseconds += own;
