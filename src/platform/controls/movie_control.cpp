@@ -19,7 +19,8 @@ protected:
     {
         QPainter painter(this);
         painter.setClipRect(event->rect());
-        painter.fillRect(rect(), QColor(QLatin1Char('#') + Owner->m_bgColor));
+        if (!Owner->m_reader || !Owner->m_reader->Covers(event->rect(), rect()))
+            painter.fillRect(rect(), QColor(QLatin1Char('#') + Owner->m_bgColor));
         if (Owner->m_reader)
             Owner->m_reader->Paint(painter, rect());
         // Told when it is seen, and once for the many calls that paint a figure.
@@ -30,8 +31,13 @@ protected:
 
 namespace {
 
-// A reward is drawn 25 times a second.
-constexpr int FrameMilliseconds = 40;
+// A reward is drawn 25 times a second; 20 times where each frame is more than two million pixels,
+// which then cost what smaller ones do.
+int FrameMilliseconds(const QSize &size)
+{
+    constexpr int ManyPixels = 2'000'000;
+    return size.width() * size.height() > ManyPixels ? 50 : 40;
+}
 
 } // namespace
 
@@ -60,7 +66,7 @@ void MovieControl::SetMovie(const QString &path)
 void MovieControl::Play()
 {
     m_started = host().Milliseconds();
-    m_ticker = host().StartTicker(FrameMilliseconds, [this] {
+    m_ticker = host().StartTicker(FrameMilliseconds(m_view->size()), [this] {
         const auto elapsed = static_cast<int>(host().Milliseconds() - m_started);
         if (m_reader->Advance(elapsed))
             m_view->update(m_reader->Changed(m_view->rect()));

@@ -31,6 +31,8 @@ public:
     virtual bool Advance(int milliseconds) = 0;
     // What of a painting in `target` is no longer as it was when this was last asked, or painted.
     virtual QRect Changed(const QRect &target) { return target; }
+    // Whether every pixel of this part of `target` is painted, so that nothing is needed under it.
+    virtual bool Covers(const QRect & /*part*/, const QRectF & /*target*/) const { return false; }
     // Length of the longest animation in milliseconds; 0 for a still picture.
     virtual int Duration() const = 0;
 

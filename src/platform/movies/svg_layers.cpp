@@ -4,6 +4,7 @@
 #include "platform/movies/svg_transform.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace platform {
@@ -11,6 +12,16 @@ namespace {
 
 // To make a picture costs more than to paint once without it.
 constexpr int PaintingsUntilKept = 3;
+// What is pushed about stands within a quarter of a pixel of its place, so that few pictures serve
+// a whole way and a slow way is still smooth.
+constexpr int PlacesInAPixel = 2;
+
+bool SameButForTheShift(const QTransform &one, const QTransform &other)
+{
+    constexpr double Least = 1e-6;
+    return std::abs(one.m11() - other.m11()) < Least && std::abs(one.m12() - other.m12()) < Least &&
+           std::abs(one.m21() - other.m21()) < Least && std::abs(one.m22() - other.m22()) < Least;
+}
 
 bool IsShape(const SvgElement &element)
 {
@@ -65,42 +76,18 @@ void SvgLayers::Follow(Layer &layer, SvgDocument &moment)
         return;
     layer.Text = std::move(text);
     layer.Renderer.reset();
+    layer.Pictures.clear();
+    layer.Pushed = 0;
 }
 
-// Looked up on a small sheet that shows as much again on each side of the drawing, since what lies
-// there may come in. What reaches the edge of that is taken to be anywhere.
-QRectF SvgLayers::BoundsOf(QSvgRenderer &text, const QRectF &box)
-{
-    constexpr int Side = 128; // pixels of the drawing's larger side
-    const double scale = Side / std::max(box.width(), box.height());
-    const QRectF middle(box.width() * scale, box.height() * scale, box.width() * scale,
-                        box.height() * scale);
-    QImage sheet((middle.size() * 3).toSize().expandedTo({3, 3}),
-                 QImage::Format_ARGB32_Premultiplied);
-    sheet.fill(Qt::transparent);
-    QPainter painter(&sheet);
-    text.render(&painter, middle);
-    painter.end();
-    const QRect painted = PaintedPart(sheet);
-    if (painted.isEmpty())
-        return {};
-    // A thin line may leave no trace in the pixel beside.
-    const QRect safe = painted.adjusted(-1, -1, 1, 1);
-    if (!sheet.rect().contains(safe))
-        return {box.x() - box.width() * 1000, box.y() - box.height() * 1000, box.width() * 2001,
-                box.height() * 2001};
-    return {(safe.x() - middle.x()) / scale + box.x(), (safe.y() - middle.y()) / scale + box.y(),
-            safe.width() / scale, safe.height() / scale};
-}
-
-QRectF SvgLayers::Follow(const QRectF &target, SvgDocument moment, const std::vector<int> &changed)
+QRect SvgLayers::Follow(const QRectF &target, SvgDocument moment, const std::vector<int> &changed)
 {
     const bool elsewhere = std::exchange(m_target, target) != target;
     const QRectF &box = moment.ViewBox;
     m_screen = QTransform::fromTranslate(target.x(), target.y());
     m_screen.scale(target.width() / box.width(), target.height() / box.height());
     m_screen.translate(-box.x(), -box.y());
-    QRectF different;
+    QRect different;
     for (Layer &layer : m_layers) {
         const bool touched = std::any_of(changed.begin(), changed.end(), [&](int one) {
             return std::binary_search(layer.Movers.begin(), layer.Movers.end(), one);
@@ -110,19 +97,32 @@ QRectF SvgLayers::Follow(const QRectF &target, SvgDocument moment, const std::ve
         if (touched || elsewhere)
             layer.Kept.reset();
         if (touched || layer.Text.isEmpty()) {
-            const auto seen = [&] { return (layer.Place * m_screen).mapRect(layer.Bounds); };
-            different |= seen();
+            const QRect before = Seen(layer);
             Follow(layer, moment);
             if (!layer.Renderer && !layer.Movers.empty()) {
                 layer.Renderer = std::make_shared<QSvgRenderer>(layer.Text);
                 layer.Bounds = BoundsOf(*layer.Renderer, box);
             }
-            different |= seen();
+            different |= before | Seen(layer);
         }
         if (!layer.Kept && layer.Rested >= PaintingsUntilKept)
-            layer.Kept = PaintPiece(PieceText(moment, layer.From, layer.To), target, m_sheet);
+            layer.Kept = PaintPiece(PieceText(moment, layer.From, layer.To), target);
     }
-    return (elsewhere ? target : different) & target;
+    return elsewhere ? target.toAlignedRect() : different;
+}
+
+// A pixel more on each side, for edges between pixels.
+QRect SvgLayers::Seen(const Layer &layer) const
+{
+    const QRectF place = (layer.Place * m_screen).mapRect(layer.Bounds) & m_target;
+    return place.isEmpty() ? QRect() : place.toAlignedRect().adjusted(-1, -1, 1, 1);
+}
+
+bool SvgLayers::Covers(const QRect &part) const
+{
+    const auto &ground = m_layers.front().Kept;
+    return ground && !ground->Picture.hasAlphaChannel() &&
+           QRect(ground->Corner, ground->Picture.size()).contains(part);
 }
 
 void SvgLayers::Paint(QPainter &painter)
@@ -136,11 +136,61 @@ void SvgLayers::Paint(QPainter &painter)
         ++layer.Rested;
         if (!(layer.Place * m_screen).mapRect(layer.Bounds).intersects(clip))
             continue;
-        painter.save();
-        painter.setTransform(m_screen.inverted() * layer.Place * m_screen, true);
-        layer.Renderer->render(&painter, m_target);
-        painter.restore();
+        PaintMoving(painter, layer);
     }
+}
+
+void SvgLayers::PaintMoving(QPainter &painter, Layer &layer) const
+{
+    const QTransform shown = layer.Place * m_screen;
+    if (!SameButForTheShift(shown, layer.Shape)) {
+        layer.Shape = shown;
+        layer.Pushed = 0;
+        layer.Pictures.clear();
+    }
+    QPoint corner;
+    if (++layer.Pushed > PaintingsUntilKept) {
+        if (const SvgPiece *picture = Picture(layer, shown, corner)) {
+            painter.drawImage(corner + picture->Corner, picture->Picture);
+            return;
+        }
+    }
+    painter.save();
+    painter.setTransform(m_screen.inverted() * shown, true);
+    layer.Renderer->render(&painter, m_target);
+    painter.restore();
+}
+
+// Nothing for what may be anywhere, or is larger than the target: a picture of it would cost more
+// than it saves.
+const SvgPiece *SvgLayers::Picture(Layer &layer, const QTransform &shown, QPoint &corner) const
+{
+    const auto place = [](double at) { return static_cast<int>(std::lround(at * PlacesInAPixel)); };
+    const auto whole = [](int at) {
+        return at >= 0 ? at / PlacesInAPixel : -(-at + PlacesInAPixel - 1) / PlacesInAPixel;
+    };
+    const QPoint at(place(shown.dx()), place(shown.dy()));
+    corner = QPoint(whole(at.x()), whole(at.y()));
+    const QPoint part = at - corner * PlacesInAPixel;
+    const auto known = layer.Pictures.find({part.x(), part.y()});
+    if (known != layer.Pictures.end())
+        return &known->second;
+
+    const QTransform there(shown.m11(), shown.m12(), shown.m21(), shown.m22(),
+                           static_cast<double>(part.x()) / PlacesInAPixel,
+                           static_cast<double>(part.y()) / PlacesInAPixel);
+    const QRectF bounds = there.mapRect(layer.Bounds);
+    if (bounds.width() > m_target.width() || bounds.height() > m_target.height())
+        return nullptr;
+    const QRect pixels = bounds.toAlignedRect();
+    SvgPiece piece{QImage(pixels.size(), QImage::Format_ARGB32_Premultiplied), pixels.topLeft()};
+    piece.Picture.fill(Qt::transparent);
+    QPainter painter(&piece.Picture);
+    painter.translate(-pixels.topLeft());
+    painter.setTransform(m_screen.inverted() * there, true);
+    layer.Renderer->render(&painter, m_target);
+    painter.end();
+    return &layer.Pictures.emplace(std::pair(part.x(), part.y()), std::move(piece)).first->second;
 }
 
 } // namespace platform

@@ -109,7 +109,7 @@ void SvgMovie::PaintStill(QPainter &painter, const QRectF &fitted)
         const QByteArray key = place + part;
         const SvgPiece *piece = pieces.object(key);
         if (piece == nullptr) {
-            auto made = std::make_unique<SvgPiece>(PaintPiece(part, inside, m_sheet));
+            auto made = std::make_unique<SvgPiece>(PaintPiece(part, inside));
             painter.drawImage(box.topLeft() + made->Corner, made->Picture);
             const auto cost = static_cast<qsizetype>(key.size() + made->Picture.sizeInBytes());
             pieces.insert(key, made.release(), cost);
@@ -128,7 +128,7 @@ void SvgMovie::PaintLayers(QPainter &painter, const QRectF &fitted)
     m_layers.Paint(painter);
 }
 
-QRectF SvgMovie::Follow(const QRectF &fitted)
+QRect SvgMovie::Follow(const QRectF &fitted)
 {
     const std::vector<int> changed = m_source->Animation.Changes(m_painted, m_values);
     m_painted = m_values;
@@ -139,8 +139,13 @@ QRect SvgMovie::Changed(const QRect &target)
 {
     if (!Moves() || m_layers.IsEmpty())
         return target;
-    // A pixel more on each side, for edges between pixels.
-    return Follow(Fitted(Size(), target)).toAlignedRect().adjusted(-1, -1, 1, 1) & target;
+    return Follow(Fitted(Size(), target)) & target;
+}
+
+bool SvgMovie::Covers(const QRect &part, const QRectF &target) const
+{
+    return Moves() && !m_layers.IsEmpty() && m_layers.Covers(part) &&
+           Fitted(Size(), target).contains(part);
 }
 
 void SvgMovie::SetVariable(const QString &name, const QString &value)

@@ -16,8 +16,9 @@
 
 namespace platform {
 
-// Some forty pictures of parts in the largest size, or all parts in all colours of a small one.
-constexpr qsizetype MostPieceBytes = qsizetype{64} * 1024 * 1024;
+// All parts in all colours of twelve figures on any screen, or of a large one on a usual screen. A
+// figure that alone fills a very large screen is drawn anew each time.
+constexpr qsizetype MostPieceBytes = qsizetype{16} * 1024 * 1024;
 
 // What all readers of one file share. Kept once per process; readers change copies.
 struct SvgSource {
@@ -44,6 +45,7 @@ public:
     void SetProperty(const QString &target, int property, const QString &value) override;
     bool Advance(int milliseconds) override;
     QRect Changed(const QRect &target) override;
+    bool Covers(const QRect &part, const QRectF &target) const override;
     int Duration() const override { return m_source->Animation.Duration(); }
     int Hit(const QPointF &point, const QRectF &target) override;
     QString Description() const override;
@@ -54,7 +56,7 @@ private:
     void PaintWhole(QPainter &painter, const QRectF &fitted);
     void PaintStill(QPainter &painter, const QRectF &fitted);
     // Brings the layers to the present moment; tells what that changes.
-    QRectF Follow(const QRectF &fitted);
+    QRect Follow(const QRectF &fitted);
     void PaintLayers(QPainter &painter, const QRectF &fitted);
     bool Moves() const { return m_time > 0 && m_time < Duration(); }
     SvgDocument Moment() const;
@@ -68,7 +70,6 @@ private:
     QSvgRenderer m_renderer;
     bool m_stale = true;             // it does not hold the present state yet
     std::vector<QByteArray> m_parts; // as they are painted at rest; empty when not known yet
-    QImage m_sheet;                  // that pieces are drawn on
     SvgLayers m_layers;
     SvgAnimation::Values m_painted; // those that the layers hold
 };

@@ -9,9 +9,11 @@
 #include <QPoint>
 #include <QRectF>
 
+class QSvgRenderer;
+
 namespace platform {
 
-// Only the rectangle that something is painted on.
+// Little more than the rectangle that something is painted on.
 struct SvgPiece {
     QImage Picture; // null when nothing is
     QPoint Corner;  // its place, in the painter's pixels
@@ -26,9 +28,11 @@ bool CanPaintPieces(const QPainter &painter);
 // The drawing without what lies before element `from` or, from `to` on, behind the run; groups
 // round it stay.
 QByteArray PieceText(const SvgDocument &document, int from, int to);
-// The smallest rectangle round all that is painted.
-QRect PaintedPart(const QImage &image);
-// The whole drawing lies in `target`. The sheet is drawn on, and may serve the next piece.
-SvgPiece PaintPiece(const QByteArray &text, const QRectF &target, QImage &sheet);
+// A rectangle round all that the drawing paints when the whole of it lies in `target`, found on a
+// small sheet that shows as much again on each side, since what lies there may come in. What
+// reaches the edge of that is taken to be anywhere.
+QRectF BoundsOf(QSvgRenderer &drawing, const QRectF &target);
+// What of the drawing falls into `target`, in which the whole of it lies.
+SvgPiece PaintPiece(const QByteArray &text, const QRectF &target);
 
 } // namespace platform

@@ -60,6 +60,31 @@ inline QColor At(const QImage &image, int x, int y)
     return image.pixelColor(x, y);
 }
 
+// How many pixels differ from the expected ones by more than a shift of less than a pixel can
+// explain: such a shift gives a pixel a colour between those round it.
+inline int Strays(const QImage &image, const QImage &expected)
+{
+    constexpr int Rounding = 24; // where edges lie over one another they mix
+    int strays = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            for (int shift : {0, 8, 16}) {
+                const auto channel = [shift](QRgb pixel) {
+                    return static_cast<int>(pixel >> shift & 0xFF);
+                };
+                int least = 255;
+                int most = 0;
+                for (int v = std::max(y - 1, 0); v <= std::min(y + 1, image.height() - 1); ++v)
+                    for (int u = std::max(x - 1, 0); u <= std::min(x + 1, image.width() - 1); ++u) {
+                        least = std::min(least, channel(expected.pixel(u, v)));
+                        most = std::max(most, channel(expected.pixel(u, v)));
+                    }
+                const int own = channel(image.pixel(x, y));
+                strays += own < least - Rounding || own > most + Rounding ? 1 : 0;
+            }
+    return strays;
+}
+
 // Largest difference of a channel.
 inline int Difference(const QImage &one, const QImage &other)
 {
