@@ -21,6 +21,7 @@ public:
         : m_alignment(alignment), m_together(std::make_shared<Together>(Together{this}))
     {
         setTextFormat(Qt::PlainText);
+        DrawnAs(*this, QAccessible::StaticText);
     }
     ~LabelView() override { std::erase(*m_together, this); }
     LabelView(const LabelView &) = delete;

@@ -12,6 +12,8 @@ namespace platform {
 
 class MovieView : public QWidget {
 public:
+    MovieView() { DrawnAs(*this, QAccessible::Graphic); }
+
     MovieControl *Owner = nullptr;
 
 protected:

@@ -13,6 +13,8 @@ namespace platform {
 
 class PictureView : public QWidget {
 public:
+    PictureView() { DrawnAs(*this, QAccessible::Graphic); }
+
     QString Picture;
     QPixmap Loaded; // stands for the drawing when there is one
     bool Filled = true;

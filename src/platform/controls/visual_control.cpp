@@ -34,6 +34,7 @@ VisualControl::VisualControl(const ControlId &id, const Place &place, QWidget *w
 {
     widget->setParent(id.Container != nullptr ? id.Container->Widget() : id.Parent.Client());
     widget->setObjectName(Key());
+    LetBePressed(*widget, *this);
     widget->setAccessibleDescription(Key());
     widget->setMouseTracking(true);
     widget->setAttribute(Qt::WA_NoMousePropagation);
@@ -227,6 +228,11 @@ void VisualControl::Click()
 
 bool VisualControl::Event(QEvent *event)
 {
+    if (event->type() == PressAsked) {
+        if (m_widget->isEnabled() && m_widget->isVisible())
+            Click();
+        return true;
+    }
     switch (event->type()) {
     case QEvent::MouseMove:
     case QEvent::MouseButtonPress:

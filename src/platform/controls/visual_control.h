@@ -6,6 +6,7 @@
 #include "platform/base/font.h"
 #include "platform/controls/control.h"
 #include "platform/controls/form.h"
+#include "platform/controls/spoken_control.h"
 #include "platform/host/event_handler.h"
 
 #include <QObject>
@@ -20,7 +21,7 @@ namespace platform {
 
 class EventTap;
 
-class VisualControl : public Control {
+class VisualControl : public Control, public Pressable {
 public:
     ~VisualControl() override;
 
@@ -64,6 +65,7 @@ public:
     void SetTabStop(bool stop);
     // Before the others of its container.
     void BringToFront();
+    bool TakesClicks() const override { return static_cast<bool>(OnClick); }
 
     // The id of a control that lies in this one, with places counted from its corner.
     ControlId Inside(const char *name) { return {Parent(), name, -1, this}; }

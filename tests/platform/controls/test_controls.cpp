@@ -428,6 +428,47 @@ private Q_SLOTS:
         QCOMPARE(clicks, 1);
     }
 
+    void aScreenReaderPressesWhatTheMouseCanClick()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        int clicks = 0;
+        form.Target.OnClick = [&] { ++clicks; };
+        form.Label1.OnClick = [&] { ++clicks; };
+        form.Label1.SetCaption(QStringLiteral("esci"));
+        const QString press = QAccessibleActionInterface::pressAction();
+        for (VisualControl *control : {static_cast<VisualControl *>(&form.Target),
+                                       static_cast<VisualControl *>(&form.Label1)}) {
+            QAccessibleInterface *found = QAccessible::queryAccessibleInterface(control->Widget());
+            QCOMPARE(found->role(), QAccessible::Button);
+            QVERIFY(found->actionInterface()->actionNames().contains(press));
+            clicks = 0;
+            found->actionInterface()->doAction(press);
+            QCOMPARE(clicks, 0); // whoever asked has an answer first
+            QTRY_COMPARE(clicks, 1);
+            control->SetEnabled(false);
+            QVERIFY(!found->actionInterface()->actionNames().contains(press));
+            found->actionInterface()->doAction(press);
+            QCoreApplication::processEvents();
+            QCOMPARE(clicks, 1);
+        }
+        QCOMPARE(
+            QAccessible::queryAccessibleInterface(form.Label1.Widget())->text(QAccessible::Name),
+            QStringLiteral("esci"));
+    }
+
+    void aScreenReaderFindsAPictureAndATextWhereNothingCanBeClicked()
+    {
+        ScriptedHost host;
+        Sample &form = Shown();
+        QAccessibleInterface *picture = QAccessible::queryAccessibleInterface(form.Target.Widget());
+        QCOMPARE(picture->role(), QAccessible::Graphic);
+        QVERIFY(!picture->actionInterface()->actionNames().contains(
+            QAccessibleActionInterface::pressAction()));
+        QCOMPARE(QAccessible::queryAccessibleInterface(form.Label1.Widget())->role(),
+                 QAccessible::StaticText);
+    }
+
     void overADisabledControlThePointerIsOverTheWindow()
     {
         ScriptedHost host;
