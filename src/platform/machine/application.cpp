@@ -131,6 +131,8 @@ Application::Application(int &argc, char **argv)
         m_impl = std::make_unique<Impl>(argc, argv);
     }
     QApplication::setApplicationName(QStringLiteral("morlenekvt"));
+    // By it a desktop knows whose windows these are, and gives them the name and icon of the menu.
+    QApplication::setDesktopFileName(QStringLiteral("morlenekvt"));
     // No display name: the window system would add it to every title.
     // The last window's end ends the program by `Host::EndProgram`, never one that gives way.
     QApplication::setQuitOnLastWindowClosed(false);
