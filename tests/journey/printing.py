@@ -12,7 +12,7 @@ import time
 from desktop import Desktop, Failure, Program, wait_for
 from players import leave_configuration, open_configuration
 from printing_system import PrintingSystem
-from steps import SETTINGS, choose, come_to_the_menu, fresh_drive
+from steps import SETTINGS, choose, come_to_the_menu, fresh_drive, name_the_file
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "printers"))
 from real_printing import Page  # noqa: E402
@@ -105,15 +105,6 @@ def keep_a_log(program):
     open_configuration(program)
     program.click(program.await_object("CheckSalvaUtente"))
     leave_configuration(program)
-
-
-def name_the_file(program, name):
-    """The dialog's field for the name has the keyboard from the start."""
-    wait_for("the name of a file", lambda: program.any(
-        lambda item: item.getRoleName() == "text"
-        and item.getState().contains(program.bus.STATE_FOCUSED)))
-    program.write(name)
-    program.key("Return")
 
 
 def log_of_exercises(program, system, drive, printed):

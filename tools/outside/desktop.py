@@ -2,7 +2,9 @@
 only, and the program on it, read and worked from outside as a person does."""
 import os
 import re
+import shutil
 import subprocess
+import tempfile
 import time
 
 from PIL import ImageGrab
@@ -71,13 +73,43 @@ class Desktop:
         screen().save(path)
 
 
+class WaylandDesktop(Desktop):
+    """The same without an X server: a compositor that shows its screen to nobody."""
+
+    def __init__(self, size=(1366, 768)):
+        super().__init__()
+        self.width, self.height = size
+
+    def __enter__(self):
+        os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+        os.environ["QT_QPA_PLATFORM"] = "wayland"
+        os.environ["LC_ALL"] = "C.UTF-8"
+        os.environ["WAYLAND_DISPLAY"] = "journey"
+        os.environ.pop("DISPLAY", None)
+        self.start(["weston", "--backend=headless-backend.so", "--use-pixman", "--debug",
+                    f"--width={self.width}", f"--height={self.height}",
+                    "--socket=journey", "--idle-time=0", "--no-config"],
+                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        socket = os.path.join(os.environ["XDG_RUNTIME_DIR"], "journey")
+        wait_for("the compositor", lambda: os.path.exists(socket))
+        return self
+
+    def picture(self, path):
+        """The compositor's own tool names its picture itself."""
+        folder = tempfile.mkdtemp()
+        subprocess.run(["weston-screenshooter"], cwd=folder, check=False)
+        for name in os.listdir(folder):
+            shutil.move(os.path.join(folder, name), path)
+        os.rmdir(folder)
+
+
 class Program:
     """The running program, seen through the accessibility bus."""
 
-    def __init__(self, desktop, path, **options):
+    def __init__(self, desktop, path, arguments=(), **options):
         import pyatspi
         self.bus = pyatspi
-        self.process = desktop.start([path], **options)
+        self.process = desktop.start([path, *arguments], **options)
 
     def application(self):
         desktop = self.bus.Registry.getDesktop(0)

@@ -40,6 +40,15 @@ def choose(program, *items):
         program.click(wait_for(item, lambda: program.named(item, "menu item")))
 
 
+def name_the_file(program, name):
+    """The dialog's field for the name has the keyboard from the start."""
+    wait_for("the name of a file", lambda: program.any(
+        lambda item: item.getRoleName() == "text"
+        and item.getState().contains(program.bus.STATE_FOCUSED)))
+    program.write(name)
+    program.key("Return")
+
+
 def page(program, name):
     program.click(wait_for(name, lambda: program.named(name, "page tab")))
 
