@@ -98,6 +98,20 @@ private Q_SLOTS:
             drawings << image;
         }
     }
+
+    void nothingOfAHouseToColourIsCutAtTheEdge()
+    {
+        const ScriptedHost host;
+        for (int i = 0; i < 3; ++i) {
+            const QImage image =
+                DrawnPicture(QStringLiteral("da_colorare\\casetta_%1").arg(i), QSize(300, 360), 1)
+                    .toImage();
+            for (int y = 0; y < image.height(); ++y)
+                for (const int x : {0, image.width() - 1})
+                    QVERIFY2(image.pixelColor(x, y).alpha() == 0,
+                             qPrintable(QStringLiteral("%1: %2, %3").arg(i).arg(x).arg(y)));
+        }
+    }
 };
 
 MORLENE_TEST(TestForm1)
