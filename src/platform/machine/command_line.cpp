@@ -19,8 +19,8 @@ namespace platform {
 
 namespace {
 
-constexpr int NoScreen = 1;
 constexpr int UnknownWord = 2;
+constexpr int NoScreen = 3;
 
 constexpr const char *Help =
     "Uso: morlenekvt [--help | --version]\n"
