@@ -1,10 +1,11 @@
 """Pictures of all windows of the program, taken while they are worked as a person works them, and a
 page that shows them all.
 
-    alone make_pictures.py PROGRAM FOLDER SIZE LANGUAGE LETTERING [EXERCISE]
+    alone make_pictures.py PROGRAM FOLDER SIZE LANGUAGE LETTERING [EXERCISE...]
 
 SIZE is WIDTHxHEIGHT in pixels, LANGUAGE a file of data/lngmorlene without its suffix, LETTERING small,
-capitals or cursive. With an EXERCISE, 1 to 8, only that one is played. `./run --pictures` calls this.
+capitals, cursive, or own, which is that of the language's ready player. With EXERCISES, 1 to 8, only
+those are played. `./run --pictures` calls this.
 """
 import os
 import pathlib
@@ -232,9 +233,13 @@ class Tour:
         choose(self.program, *(self.caption(window, control) for control in controls))
 
     def take(self, name):
-        """With the pointer beside all buttons, so that none is lit."""
-        subprocess.run(["xdotool", "mousemove", *map(str, BESIDE_ALL)], check=True)
+        self.point_beside()
         self.album.take(name)
+
+    @staticmethod
+    def point_beside():
+        """So that no button is lit."""
+        subprocess.run(["xdotool", "mousemove", *map(str, BESIDE_ALL)], check=True)
 
     def leave(self, window, comes, control="mnuEsci"):
         self.choose(window, control)
@@ -263,7 +268,8 @@ class Tour:
         self.choose("FormMenu", "mnuConfigura")
         press(program, "CheckSalvaUtente")
         page(program, PAGES["letters"])
-        press(program, LETTERINGS[lettering])
+        if lettering in LETTERINGS:
+            press(program, LETTERINGS[lettering])
         for name, caption in PAGES.items():
             page(program, caption)
             self.take(f"settings-{name}")
@@ -309,6 +315,7 @@ class Tour:
                 child.program.find("Command1(2)")))
         else:
             raise Failure("no reward came")
+        self.point_beside()
         time.sleep(INTO_THE_REWARD)
         self.album.add("reward", screen())
 
@@ -331,6 +338,9 @@ class Tour:
         program.await_object("Picture1(0)")
         self.take("figures-to-colour")
         press(program, "Picture1(1)")
+        # So the drawing fills the sheet.
+        press(program, "chkProporzioni")
+        press(program, "cmdMax")
         self.print(system, "printed-figure", 2)
 
     def print(self, system, name, count):
@@ -395,7 +405,7 @@ def tour(executable, drive, folder, size, language_name, lettering, *only):
         visit.log()
         visit.prints(system)
         program.process.kill()
-    picture_files.sheet(album.pictures, f"MorleneKVT: {language_name}, {size}, {lettering}",
+    picture_files.sheet(album.pictures, f"MorleneKVT, {language_name}, {size}",
                         folder / "all.png")
     print(f"{len(album.pictures)} pictures and a page of them all: {folder}")
 
