@@ -5,8 +5,8 @@ set(built ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
 install(TARGETS morlenekvt DESTINATION ${program_folder})
 install(DIRECTORY ${built}/lngmorlene ${built}/giocatori ${built}/swf ${built}/immagini ${built}/suoni
     ${built}/animazioni DESTINATION ${program_folder} PATTERN "LangSetting.ini" EXCLUDE)
-install(FILES ${built}/morlenekvt.pdf ${built}/documento.pdf ${built}/indis1.ttf
-    ${built}/indis1-LICENSE.txt DESTINATION ${program_folder})
+install(FILES ${built}/morlenekvt.pdf ${built}/morlenekvt-english.pdf ${built}/documento.pdf
+    ${built}/indis1.ttf ${built}/indis1-LICENSE.txt DESTINATION ${program_folder})
 install(PROGRAMS tools/make_drive_root.sh DESTINATION ${program_folder})
 # The chosen language belongs to the installation and is written by all: a link leads to the drive.
 install(CODE "

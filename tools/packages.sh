@@ -2,7 +2,7 @@
 
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache git ca-certificates
     qt6-base-dev qt6-svg-dev libpulse-dev libsndfile1-dev libfontconfig-dev libxcb1-dev libxcb-xkb-dev
-    python3 python3-fonttools)
+    python3 python3-fonttools weasyprint fonts-lato fonts-comic-neue fonts-dejavu-core)
 
 RUN_PACKAGES=(libqt6widgets6 libcups2 libqt6svg6 libqt6xml6 qt6-qpa-plugins qt6-image-formats-plugins
     qt6-translations-l10n libpulse0 libsndfile1 libxcb-xkb1 fonts-dejavu-core fonts-liberation2
