@@ -34,6 +34,7 @@ FormEs1::FormEs1() : EsercizioConFrase(Disegno, {4440, 120, 3375, 2415}, {120, 1
 {
     Command1.Add(Primo, Place{5880, 2640, 1935, 885}, QStringLiteral("Vero"));
     Command1.Add(Secondo, Place{5880, 3600, 1935, 885}, QStringLiteral("Falso"));
+    Command1(Secondo).ShareSize(Command1(Primo));
     Command1.Add(Prossimo, Place{5880, 4560, 1935, 855});
     VestiRisposte();
     ShockwaveFlash1.SetSpokenName(QStringLiteral("Morlena"));

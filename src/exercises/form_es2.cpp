@@ -68,6 +68,7 @@ FormEs2::FormEs2()
 {
     Command1.Add(Primo, Place{7800, 2160, 1260, 825}, QStringLiteral("Uguali"));
     Command1.Add(Secondo, Place{7800, 3120, 1260, 825}, QStringLiteral("Diversi"));
+    Command1(Secondo).ShareSize(Command1(Primo));
     Command1.Add(Prossimo, Place{7800, 4440, 1260, 735});
     VestiRisposte();
     ShockwaveFlash1.SetSpokenName(QStringLiteral("Prima morlena"));

@@ -2,6 +2,8 @@
 // read, and clear of the button's edge. With SHOW_SIZES in the environment the smallest are
 // printed.
 #include "core/palette.h"
+#include "exercises/form_es1.h"
+#include "exercises/form_es2.h"
 #include "platform/controls/button.h"
 #include "printing/print_fields.h"
 #include "printing/stampa_fpb.h"
@@ -26,6 +28,21 @@ constexpr int Clear = 4; // pixels between the letters and the edge, the outline
 
 const QList<ScreenSize> Screens = {{1024, 768}, {1366, 768}};
 const QStringList Letterings = {QStringLiteral("maiuscolo"), QStringLiteral("corsivo")};
+
+class Pupil : public SpeakingPlayer {
+public:
+    Pupil(const QString &language, const QString &lettering, const ScreenSize &screen)
+        : SpeakingPlayer(language)
+    {
+        PreparaColoriWeb();
+        Host.ScreenSizeNow = screen;
+        Host.Seed(4711);
+        TipoCarattere = lettering;
+        FontCorrente = lettering == QStringLiteral("corsivo") ? QStringLiteral("Indis1")
+                                                              : QStringLiteral("arial");
+        NumeroEserciziEseguiti = 1;
+    }
+};
 
 // The rectangle round all that is drawn in the colour of the letters.
 QRect LettersOf(const Button &button)
@@ -66,18 +83,24 @@ private Q_SLOTS:
                 }
     }
 
+    void theAnswersOfOneExerciseAreDrawnInOneSize_data() { RowsOfLanguages(); }
+    void theAnswersOfOneExerciseAreDrawnInOneSize()
+    {
+        QFETCH(QString, name);
+        for (const QString &lettering : Letterings)
+            for (const ScreenSize &screen : Screens) {
+                JudgeAnswers<FormEs1>(LanguageOf(name), lettering, screen);
+                JudgeAnswers<FormEs2>(LanguageOf(name), lettering, screen);
+                if (QTest::currentTestFailed())
+                    return;
+            }
+    }
+
 private:
     static void Judge(const QString &language, const QString &lettering, const ScreenSize &screen,
                       const QString &window)
     {
-        SpeakingPlayer player(language);
-        PreparaColoriWeb();
-        player.Host.ScreenSizeNow = screen;
-        player.Host.Seed(4711);
-        TipoCarattere = lettering;
-        FontCorrente = lettering == QStringLiteral("corsivo") ? QStringLiteral("Indis1")
-                                                              : QStringLiteral("arial");
-        NumeroEserciziEseguiti = 1;
+        Pupil player(language, lettering, screen);
         const QString where =
             QStringLiteral("%1 %2 %3 ").arg(language, lettering).arg(screen.Width);
         auto *form = window == QStringLiteral("frmStampa") ? new Form("Finestra", 6000, 4500)
@@ -95,6 +118,26 @@ private:
         } else {
             Judge(*form, where);
         }
+        DropForms();
+    }
+
+    template <typename Window>
+    static void JudgeAnswers(const QString &language, const QString &lettering,
+                             const ScreenSize &screen)
+    {
+        Pupil player(language, lettering, screen);
+        const auto &form = player.Open<Window>();
+        const Button &one = form.Command1(0);
+        const Button &other = form.Command1(1);
+        QVERIFY(one.Caption() != other.Caption());
+        QVERIFY2(one.Drawn().Points == other.Drawn().Points,
+                 qPrintable(QStringLiteral("%1 %2 %3: \"%4\" %5, \"%6\" %7")
+                                .arg(language, lettering)
+                                .arg(screen.Width)
+                                .arg(one.Caption())
+                                .arg(one.Drawn().Points)
+                                .arg(other.Caption())
+                                .arg(other.Drawn().Points)));
         DropForms();
     }
 

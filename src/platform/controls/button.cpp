@@ -1,5 +1,6 @@
 #include "platform/controls/button.h"
 
+#include "platform/controls/shared_text.h"
 #include "platform/movies/drawn_picture.h"
 
 #include <QKeyEvent>
@@ -10,33 +11,42 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace platform {
 
 class ButtonView : public QPushButton {
 public:
-    ButtonView() { setAttribute(Qt::WA_Hover, false); }
+    ButtonView()
+        : m_text(*this, [this](double most) {
+              Font letters = m_font;
+              letters.Size = std::min(letters.Size, most);
+              return std::make_unique<FittedText>(m_caption, letters, TextRoom().size(),
+                                                  Qt::AlignCenter | Qt::TextShowMnemonic);
+          })
+    {
+        setAttribute(Qt::WA_Hover, false);
+    }
 
     void Show(const Font &font, Color back, Color fore)
     {
+        const bool letters = font != m_font;
         m_font = font;
         m_back = back;
         m_fore = fore;
-        update();
+        letters ? m_text.Changed() : update();
     }
+    QString Caption() const { return m_caption; }
     // "&" stands before the letter that presses the button with Alt.
     void SetCaption(const QString &caption)
     {
-        Caption = caption;
+        m_caption = caption;
         setShortcut(QKeySequence::mnemonic(caption));
+        m_text.Changed();
     }
-    QString Caption;
+    void ShareSize(const ButtonView &other) { m_text.ShareSize(other.m_text); }
+    const FittedText &Laid() const { return m_text.Laid(); }
     QString Picture;
-
-    FittedText Laid() const
-    {
-        return {Caption, m_font, TextRoom().size(), Qt::AlignCenter | Qt::TextShowMnemonic};
-    }
 
 protected:
     void paintEvent(QPaintEvent *) override
@@ -62,6 +72,12 @@ protected:
             DrawPicture(painter, rect().adjusted(margin, margin + down, -margin, -margin + down));
         painter.setPen(ToQColor(m_fore));
         Laid().Draw(painter, TextRoom().topLeft() + QPoint(0, down));
+    }
+
+    void resizeEvent(QResizeEvent *event) override
+    {
+        QPushButton::resizeEvent(event);
+        m_text.Changed();
     }
 
     // Only a button that takes the keyboard gets here: Enter presses it as Space does.
@@ -109,9 +125,11 @@ private:
         painter.drawPixmap(room.center().x() - side / 2, room.center().y() - side / 2, picture);
     }
 
+    QString m_caption;
     Font m_font;
     Color m_back = SystemButtonFace;
     Color m_fore = SystemButtonText;
+    SharedText m_text;
 };
 
 Button::Button(const ControlId &id, const Place &place, const QString &caption)
@@ -125,7 +143,7 @@ Button::Button(const ControlId &id, const Place &place, const QString &caption)
 
 QString Button::Caption() const
 {
-    return m_view->Caption;
+    return m_view->Caption();
 }
 
 void Button::SetCaption(const QString &caption)
@@ -133,12 +151,16 @@ void Button::SetCaption(const QString &caption)
     m_view->SetCaption(caption);
     Speak(m_spoken);
     Note("Caption", caption);
-    m_view->update();
 }
 
 DrawnText Button::Drawn() const
 {
     return m_view->Laid().Drawn();
+}
+
+void Button::ShareSize(const Button &other)
+{
+    m_view->ShareSize(*other.m_view);
 }
 
 void Button::SetPicture(const QString &name)
@@ -150,7 +172,7 @@ void Button::SetPicture(const QString &name)
 void Button::Speak(const QString &name)
 {
     m_spoken = name;
-    const QString &caption = m_view->Caption;
+    const QString caption = m_view->Caption();
     m_view->setAccessibleName(caption.isEmpty() ? name : QString(caption).remove(QLatin1Char('&')));
 }
 

@@ -14,6 +14,8 @@ public:
 
     QString Caption() const override;
     void SetCaption(const QString &caption) override;
+    // Drawn in one size with `other` and all that share it already: the smallest that one needs.
+    void ShareSize(const Button &other);
     DrawnText Drawn() const;
     // A picture of the program by its name; empty takes it away.
     void SetPicture(const QString &name);

@@ -2,6 +2,7 @@
 
 #include "platform/base/page.h"
 #include "platform/controls/form_window.h"
+#include "platform/controls/shared_text.h"
 
 #include <QFont>
 #include <QFontMetrics>
@@ -10,7 +11,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <vector>
 
 namespace platform {
 
@@ -18,14 +18,15 @@ namespace platform {
 class LabelView : public QLabel {
 public:
     explicit LabelView(Alignment alignment)
-        : m_alignment(alignment), m_together(std::make_shared<Together>(Together{this}))
+        : m_alignment(alignment), m_text(*this, [this](double most) {
+              Font letters = m_font;
+              letters.Size = std::min(letters.Size, most);
+              return std::make_unique<FittedText>(text(), letters, Room().size(), Flags());
+          })
     {
         setTextFormat(Qt::PlainText);
         DrawnAs(*this, QAccessible::StaticText);
     }
-    ~LabelView() override { std::erase(*m_together, this); }
-    LabelView(const LabelView &) = delete;
-    LabelView &operator=(const LabelView &) = delete;
 
     void Show(const Font &font, Color back, Color fore)
     {
@@ -33,44 +34,25 @@ public:
         m_font = font;
         m_back = back;
         m_fore = fore;
-        letters ? TextChanged() : update();
+        letters ? m_text.Changed() : update();
     }
     void Write(const QString &text)
     {
         setText(text);
-        TextChanged();
+        m_text.Changed();
     }
     void SetFramed(bool framed)
     {
         m_framed = framed;
-        TextChanged();
+        m_text.Changed();
     }
     void SetTransparent(bool transparent)
     {
         m_transparent = transparent;
-        TextChanged();
+        m_text.Changed();
     }
-    void ShareSize(const LabelView &other)
-    {
-        std::erase(*m_together, this);
-        m_together = other.m_together;
-        m_together->push_back(this);
-        TextChanged();
-    }
-
-    // In the size that suits all that share it.
-    const FittedText &Laid() const
-    {
-        if (m_together->size() == 1)
-            return Own();
-        if (m_laid == nullptr) {
-            Font letters = m_font;
-            for (const LabelView *label : *m_together)
-                letters.Size = std::min(letters.Size, label->Own().Drawn().Points);
-            m_laid = std::make_unique<FittedText>(text(), letters, Room().size(), Flags());
-        }
-        return *m_laid;
-    }
+    void ShareSize(const LabelView &other) { m_text.ShareSize(other.m_text); }
+    const FittedText &Laid() const { return m_text.Laid(); }
 
 protected:
     void paintEvent(QPaintEvent *) override
@@ -86,29 +68,10 @@ protected:
     void resizeEvent(QResizeEvent *event) override
     {
         QLabel::resizeEvent(event);
-        TextChanged();
+        m_text.Changed();
     }
 
 private:
-    using Together = std::vector<LabelView *>;
-
-    // What one of several needs may change the size of all.
-    void TextChanged()
-    {
-        m_own.reset();
-        for (LabelView *label : *m_together) {
-            label->m_laid.reset();
-            label->update();
-        }
-    }
-
-    const FittedText &Own() const
-    {
-        if (m_own == nullptr)
-            m_own = std::make_unique<FittedText>(text(), m_font, Room().size(), Flags());
-        return *m_own;
-    }
-
     QRect Room() const
     {
         // A low label needs all of its height.
@@ -137,9 +100,7 @@ private:
     Color m_fore = SystemButtonText;
     bool m_framed = false;
     bool m_transparent = false;
-    std::shared_ptr<Together> m_together;       // itself too
-    mutable std::unique_ptr<FittedText> m_own;  // by itself; nothing after a change
-    mutable std::unique_ptr<FittedText> m_laid; // as drawn; the same
+    SharedText m_text;
 };
 
 Label::Label(const ControlId &id, const Place &place, const QString &caption, Alignment alignment)

@@ -675,6 +675,37 @@ private Q_SLOTS:
         QCOMPARE(longer.Drawn().Points, 20.0);
     }
 
+    void buttonsThatShareASizeAreDrawnInTheSmallestThatOneNeeds()
+    {
+        ScriptedHost host;
+        auto &form = *new Texts;
+        Button longer({form, "Longer2"}, {0, 0, 1200, 600}, QStringLiteral("diversissima"));
+        Button &shorter = form.Answer;
+        form.Show();
+        for (Button *button : {&shorter, &longer})
+            button->SetFontSize(20);
+        shorter.SetWidth(3000);
+        shorter.SetHeight(1200);
+        shorter.SetCaption(QStringLiteral("ora"));
+        QCOMPARE(shorter.Drawn().Points, 20.0);
+        const double needed = longer.Drawn().Points;
+        QVERIFY(needed < 20);
+        longer.ShareSize(shorter);
+        QCOMPARE(shorter.Drawn().Points, needed);
+        QCOMPARE(longer.Drawn().Points, needed);
+        QCOMPARE(shorter.Font().Size, 20.0);
+        longer.SetWidth(900);
+        QVERIFY(longer.Drawn().Points < needed);
+        QCOMPARE(shorter.Drawn().Points, longer.Drawn().Points);
+        longer.SetWidth(3000);
+        longer.SetHeight(1200);
+        QCOMPARE(shorter.Drawn().Points, 20.0);
+        longer.SetFontSize(16);
+        QCOMPARE(shorter.Drawn().Points, 16.0);
+        longer.SetCaption(QStringLiteral("diversissima e diversissima e diversissima"));
+        QVERIFY(shorter.Drawn().Points < 16);
+    }
+
     void aPageShowsAllOfItsTextAndStaysWhereItIs()
     {
         ScriptedHost host;
