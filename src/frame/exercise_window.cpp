@@ -57,6 +57,9 @@ FinestraEsercizio::FinestraEsercizio(const DisegnoEsercizio &disegno)
     mnuLiv.OnClick = [this](int indice) { ScegliLivello(indice); };
     mnuEsci.OnClick = [this] { Esci(); };
     Timer1.OnTimer = [this] { Tick(); };
+    Timer1.RestWhile([this] {
+        return (ModoInput == 1 || ModoInput == 3) && PictureScansioneManuale.HasFocus();
+    });
     PictureScansioneManuale.OnKeyUp = [this](int tasto, int) { TastoManuale(tasto); };
     PictureScansioneAutomatica.OnKeyDown = [this](int tasto, int) {
         // A held switch freezes the highlight.

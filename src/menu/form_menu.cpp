@@ -97,6 +97,9 @@ void FormMenu::Collega()
     Combo1.OnClick = [this] { CambiaUtente(); };
     mnuLanguage.OnClick = [this](int indice) { CambiaLingua(indice); };
     Timer1.OnTimer = [this] { Tick(); };
+    Timer1.RestWhile([this] {
+        return (ModoInput == 1 || ModoInput == 3) && PictureScansioneManuale.HasFocus();
+    });
     PictureScansioneManuale.OnKeyUp = [this](int tasto, int) { TastoManuale(tasto); };
     PictureScansioneAutomatica.OnKeyUp = [this](int tasto, int) { TastoAutomatico(tasto); };
 

@@ -317,6 +317,23 @@ private Q_SLOTS:
         QVERIFY(child.Target().HasFocus());
     }
 
+    void nothingTicksWhileTheKeyboardIsWhereItBelongs()
+    {
+        for (const int mode : {1, 3}) {
+            Child child(mode);
+            child.Host.Advance(200);
+            QCOMPARE(child.Host.Waiting(), 0);
+            child.Target().Widget()->clearFocus();
+            QCOMPARE(child.Host.Waiting(), 1);
+            child.Host.Advance(200);
+            QCOMPARE(child.Host.Waiting(), 0);
+            QVERIFY(child.Target().HasFocus());
+        }
+        Child child(2);
+        child.Host.Advance(2000);
+        QCOMPARE(child.Host.Waiting(), 1);
+    }
+
     void withTheMenuBarInUseTheFocusStaysAndTheHighlightGoesOn()
     {
         Child child(2);

@@ -147,7 +147,9 @@ private Q_SLOTS:
             QVERIFY(!menu.PictureScansioneManuale.HasFocus());
             player.Host.Advance(100);
             QVERIFY(menu.PictureScansioneManuale.HasFocus());
+            QCOMPARE(player.Host.Waiting(), 1);
             player.Host.Advance(60000);
+            QCOMPARE(player.Host.Waiting(), 0);
             QCOMPARE(Lit(menu), QList<int>{0});
         }
     }

@@ -77,6 +77,9 @@ public:
     void WriteDriveFile(const QString &path, const QByteArray &content) const;
     bool DriveHas(const QString &path) const;
 
+    // How many timers and movies wait for their next tick.
+    int Waiting() const { return static_cast<int>(m_tickers.size()); }
+
     void Randomize() override { Events << QStringLiteral("randomize"); }
     double Rnd() override;
     int DrawBelow(int count) override;

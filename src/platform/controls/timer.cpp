@@ -2,6 +2,10 @@
 
 #include "platform/controls/form.h"
 
+#include <QApplication>
+
+#include <utility>
+
 namespace platform {
 
 Timer::Timer(const ControlId &id, int milliseconds) : Control(id), m_interval(milliseconds) {}
@@ -23,18 +27,34 @@ void Timer::SetInterval(int milliseconds)
     Start();
 }
 
+void Timer::RestWhile(std::function<bool()> nothingToDo)
+{
+    m_nothingToDo = std::move(nothingToDo);
+    m_ears = std::make_unique<QObject>();
+    QObject::connect(qApp, &QApplication::focusChanged, m_ears.get(), [this] {
+        if (!m_ticker)
+            Start();
+    });
+}
+
 void Timer::FormGone()
 {
     m_stopped = true;
+    m_ears.reset();
     m_ticker.reset();
 }
 
 void Timer::Start()
 {
     m_ticker.reset();
-    if (!m_enabled || m_stopped || m_interval == 0)
+    if (!m_enabled || m_stopped || m_interval == 0 || Rests())
         return;
-    m_ticker = host().StartTicker(m_interval, [this] { OnTimer(); });
+    m_ticker = host().StartTicker(m_interval, [this] {
+        if (Rests())
+            m_ticker.reset();
+        else
+            OnTimer();
+    });
 }
 
 } // namespace platform
