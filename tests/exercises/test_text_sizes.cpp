@@ -156,7 +156,7 @@ void Judge(const QString &what, double size, const Summary &summary)
 }
 
 // In a window as it stands on one screen: the longest text in each size, the others in the largest
-// only, since whoever asks for smaller letters gets the same ones down to those.
+// only, since whoever asks for smaller letters gets the same ones down to those, or a point less.
 template <typename Window> QMap<double, Summary> Measured(Window &form, const QStringList &texts)
 {
     QMap<double, Summary> sizes;
