@@ -38,6 +38,10 @@ void AddHeading(QListWidget &list, const QString &text)
 {
     auto *heading = new QListWidgetItem(text, &list);
     heading->setFlags(Qt::NoItemFlags);
+    heading->setForeground(list.palette().text());
+    QFont font = list.font();
+    font.setBold(true);
+    heading->setFont(font);
 }
 
 void AddFamily(QListWidget &list, const QString &family)
