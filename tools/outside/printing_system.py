@@ -84,8 +84,10 @@ class PrintingSystem:
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="real-printing-"))
         self.port = free_port()
         self.daemon = None
+        # The administrator's programs lie beside an ordinary user's path.
         self.environment = {**os.environ, "CUPS_SERVER": f"127.0.0.1:{self.port}",
-                            "HOME": str(self.folder), "LC_ALL": "C.UTF-8"}
+                            "HOME": str(self.folder), "LC_ALL": "C.UTF-8",
+                            "PATH": os.environ["PATH"] + ":/usr/sbin"}
         for name in ("PRINTER", "LPDEST"):
             self.environment.pop(name, None)
 
@@ -149,7 +151,7 @@ class PrintingSystem:
         self.daemon = subprocess.Popen(
             ["cupsd", "-f", "-c", f"{self.folder}/root/cupsd.conf",
              "-s", f"{self.folder}/root/cups-files.conf"],
-            stdin=subprocess.DEVNULL, env={**os.environ, "TMPDIR": f"{self.folder}/tmp"})
+            stdin=subprocess.DEVNULL, env={**self.environment, "TMPDIR": f"{self.folder}/tmp"})
         wait_for("the printing system", self.answers, 20)
 
     def answers(self):
