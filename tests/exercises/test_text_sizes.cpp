@@ -15,7 +15,9 @@
 #include "support/speaking_player.h"
 
 #include <QFontDatabase>
+#include <QImage>
 #include <QMap>
+#include <QPainter>
 #include <QSet>
 
 #include <algorithm>
@@ -227,6 +229,41 @@ private Q_SLOTS:
     {
         QVERIFY(QFontDatabase::addApplicationFont(QStringLiteral(APPLICATION_DIR "/indis1.ttf")) >=
                 0);
+    }
+
+    // The strokes that end and begin a word leave a quarter of a letter's size between them.
+    void wordsInJoinedLettersStandApart()
+    {
+        constexpr int Size = 100;
+        QFont font(QStringLiteral("Indis1"));
+        font.setPixelSize(Size);
+        for (const char *words : {"e e", "e b", "o l", "e n"}) {
+            QImage image(4 * Size, 3 * Size, QImage::Format_Grayscale8);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            painter.setFont(font);
+            painter.drawText(image.rect(), Qt::AlignCenter, QString::fromLatin1(words));
+            painter.end();
+            const auto inked = [&image](int x) {
+                for (int y = 0; y < image.height(); ++y)
+                    if (image.pixelColor(x, y).lightness() < 128)
+                        return true;
+                return false;
+            };
+            int left = 0;
+            while (!inked(left))
+                ++left;
+            int widest = 0;
+            for (int x = left, gap = 0; x < image.width(); ++x) {
+                if (inked(x)) {
+                    widest = std::max(widest, gap);
+                    gap = 0;
+                } else {
+                    ++gap;
+                }
+            }
+            QVERIFY2(widest >= Size / 4, qPrintable(QString::number(widest)));
+        }
     }
 
     void everySentenceIsWholeAndLarge_data()
