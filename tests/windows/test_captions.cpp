@@ -25,6 +25,7 @@ using namespace platform;
 namespace {
 
 constexpr int Clear = 4; // pixels between the letters and the edge, the outline among them
+constexpr double SmallestAnswer = 14; // points; a child reads it
 
 const QList<ScreenSize> Screens = {{1024, 768}, {1366, 768}};
 const QStringList Letterings = {QStringLiteral("maiuscolo"), QStringLiteral("corsivo")};
@@ -138,6 +139,12 @@ private:
                                 .arg(one.Drawn().Points)
                                 .arg(other.Caption())
                                 .arg(other.Drawn().Points)));
+        QVERIFY2(one.Drawn().Points >= SmallestAnswer,
+                 qPrintable(QStringLiteral("%1 %2 %3: \"%4\" %5")
+                                .arg(language, lettering)
+                                .arg(screen.Width)
+                                .arg(one.Caption())
+                                .arg(one.Drawn().Points)));
         DropForms();
     }
 

@@ -103,7 +103,7 @@ private:
     // A word never touches the outline, nor the round ends of it.
     QRect TextRoom() const
     {
-        const int side = static_cast<int>(std::lround(Outline() * 1.5 + Radius() * 0.5));
+        const int side = static_cast<int>(std::lround(Outline() * 1.5 + Radius() * 0.3));
         const int edge = static_cast<int>(std::lround(Outline() * 2));
         return rect().adjusted(side, edge, -side, -edge);
     }
