@@ -36,6 +36,7 @@ PAGES = {"players": "Giocatori", "colours": "Colori morlene", "teaching": "Scelt
 REWARDED = 10  # right answers, at most
 INTO_THE_REWARD = 2  # seconds of the four to ten that it lasts
 DOTS_OF_A_SHEET = 80  # an inch
+LIGHT = "FF0000"  # RRGGBB, of a new player
 BESIDE_ALL = (3, 60)  # where every window shows its background
 TRIES = 30  # where a child can but guess
 
@@ -326,6 +327,31 @@ class Tour:
         self.take("log")
         self.leave("FormEserciziEseguiti", "Image1(0)")
 
+    def scanning(self):
+        """The light that a child with one switch waits for."""
+        program = self.program
+        self.answer_by(2)
+        self.take("settings-scanning")
+        self.leave("FormConfigura", "Command1(8)")
+        self.take_lit("menu-scanning", "Command1(1)")
+        program.key("space")
+        program.await_object("ShockwaveFlash2")
+        self.take_lit("exercise-scanning", "Command1(0)")
+        self.leave("FormEs2", "Command1(8)")
+        self.answer_by(0)
+        self.leave("FormConfigura", "Command1(8)")
+
+    def answer_by(self, mode):
+        self.choose("FormMenu", "mnuConfigura")
+        page(self.program, PAGES["input"])
+        press(self.program, f"Option4({mode})")
+
+    def take_lit(self, name, control):
+        self.point_beside()
+        wait_for("the light", lambda: (item := self.program.find(control))
+                 and self.program.colour(item) == LIGHT)
+        self.album.add(name, screen())
+
     def prints(self, system):
         """The sheets as they would come out of the printer."""
         program = self.program
@@ -403,6 +429,7 @@ def tour(executable, drive, folder, size, language_name, lettering, *only):
         for entry in [int(number) - 1 for number in only] or range(len(EXERCISES)):
             visit.exercise(entry)
         visit.log()
+        visit.scanning()
         visit.prints(system)
         program.process.kill()
     picture_files.sheet(album.pictures, f"MorleneKVT, {language_name}, {size}",

@@ -19,7 +19,8 @@ PLAYED = (1, 5)
 NAMES = ["first-start", "splash", "menu", "menu-players", "menu-languages", "about",
          "settings-players", "settings-colours", "settings-teaching", "settings-letters",
          "settings-sounds", "settings-input", "exercise-levels", "exercise-print-menu", "reward",
-         "log", "print-dialog", "printed-window", "figures-to-colour", "printed-figure", "all",
+         "log", "settings-scanning", "menu-scanning", "exercise-scanning", "print-dialog",
+         "printed-window", "figures-to-colour", "printed-figure", "all",
          *(f"exercise-{number}-{level}" for number in PLAYED for level in ("first", "last"))]
 SMALLER = {"first-start"}
 LARGER = {"all"}
