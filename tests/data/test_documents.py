@@ -51,6 +51,12 @@ def captions(language, section):
     return re.findall(r'^(\S+)\.Caption="(.*)"', lines, re.MULTILINE)
 
 
+def texts(language, *keys):
+    """What the program says under these keys."""
+    content = (ROOT / f"data/lngmorlene/{language}.lng").read_text("cp1252")
+    return [re.search(rf'^{key}="(.*)"', content, re.MULTILINE)[1] for key in keys]
+
+
 def pages_of(name):
     """Of each page its words: left, top, right, bottom in mm, and the word."""
     found = xml.fromstring(output("pdftotext", "-bbox", document(name), "-"))
@@ -130,6 +136,13 @@ class Guide(unittest.TestCase):
                         caption = caption.replace("&", "").replace("M a x", "Max")
                         caption = caption.removesuffix("[mm]").replace("'", "").strip(" :")
                         self.assert_told(plain(caption), text.replace("Proprietà", "Proprieta"))
+
+    def test_a_guide_quotes_the_boxes_as_they_are(self):
+        for name, language in GUIDES.items():
+            with self.subTest(guide=name):
+                text = text_of(name)
+                for box in texts(language, "0001", "0077", "0078"):
+                    self.assert_told(plain(box), text)
 
     def test_a_guide_names_every_file_that_the_program_writes(self):
         names = files_of_the_program()
