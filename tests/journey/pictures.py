@@ -12,7 +12,7 @@ from PIL import Image, ImageChops
 
 from desktop import Failure
 
-TOOL = pathlib.Path(__file__).resolve().parents[2] / "tools" / "make_pictures.py"
+TOOL = pathlib.Path(__file__).resolve().parents[2] / "tools" / "pictures" / "take.py"
 SIZE = (1024, 768)
 SHEET = (662, 936)  # A4 at 80 dots an inch, upright
 PLAYED = (1, 5)

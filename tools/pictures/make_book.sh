@@ -2,9 +2,9 @@
 # Makes docs/pictures anew: all windows in Italian and in English, for the guide and the package, and
 # for each language a page that shows them all.
 #
-#     make_picture_book.sh [LANGUAGE...]
+#     make_book.sh [LANGUAGE...]
 set -eu
-cd "$(dirname "$(readlink -f "$0")")/.."
+cd "$(dirname "$(readlink -f "$0")")/../.."
 
 book=docs/pictures
 own=$(mktemp -d)

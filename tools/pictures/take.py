@@ -1,7 +1,7 @@
 """Pictures of all windows of the program, taken while they are worked as a person works them, and a
 page that shows them all.
 
-    alone make_pictures.py PROGRAM FOLDER SIZE LANGUAGE LETTERING [EXERCISE...]
+    alone take.py PROGRAM FOLDER SIZE LANGUAGE LETTERING [EXERCISE...]
 
 SIZE is WIDTHxHEIGHT in pixels, LANGUAGE a file of data/lngmorlene without its suffix, LETTERING small,
 capitals, cursive, or own, which is that of the language's ready player. With EXERCISES, 1 to 8, only
@@ -12,20 +12,21 @@ import pathlib
 import shutil
 import subprocess
 import sys
-import tempfile
 import time
 
 from PIL import Image, ImageChops
 
 import picture_files
-from check_language import CLOUDS, NEGATIVE, POSITIVE, SMOKE, Language, player_of, sentences_of
-from child import EXERCISES, INSIDE, PARTS, Child, differing, where_it_is
+from answers import answer_one, true_or_false
+from check_language import Language, player_of
+from child import EXERCISES, Child
 from desktop import Desktop, Failure, Program, screen, wait_for
 from printing_system import PrintingSystem
+from reader import Reader
 from steps import (SETTINGS, choose, choose_player, come_to_the_menu, counts, fresh_drive, page,
                    press, press_ok)
 
-ROOT = pathlib.Path(__file__).resolve().parents[1]
+ROOT = pathlib.Path(__file__).resolve().parents[2]
 LANGUAGES = ROOT / "data" / "lngmorlene"
 REFERENCE = "italiano"
 PLAYER = "Anna"
@@ -33,12 +34,12 @@ LETTERINGS = {"small": "minuscolo", "capitals": "maiuscolo", "cursive": "corsivo
 # The captions of the pages are Italian in every language.
 PAGES = {"players": "Giocatori", "colours": "Colori morlene", "teaching": "Scelte didattiche",
          "letters": "Font e colori", "sounds": "Suoni ", "input": "Modalità di input"}
+WINDOWS = [1, 2, 8, 3, 4, 5, 6, 7]  # numbers of the exercises' windows, in the order of the menu
 REWARDED = 10  # right answers, at most
 INTO_THE_REWARD = 2  # seconds of the four to ten that it lasts
 DOTS_OF_A_SHEET = 80  # an inch
 LIGHT = "FF0000"  # RRGGBB, of a new player
 BESIDE_ALL = (3, 60)  # where every window shows its background
-TRIES = 30  # where a child can but guess
 
 
 class Album:
@@ -85,146 +86,10 @@ class Captions:
         return next(section[key] for section in sections if key in section).replace("&", "")
 
 
-class Reader:
-    """Reads what a child is asked, in the words of the language and of the player."""
-
-    def __init__(self, language, player):
-        lines = player.read_bytes().decode("cp1252").split("\r\n")
-        self.palette = lines[9:29:5]
-        made = sentences_of(language, player)
-        self.joint = f" {language.text('0020')} ".lower()
-        self.statements = {made.statement(part, number, positive).lower(): (part, number, positive)
-                           for part, number in made.statements() for positive in (True, False)}
-        for key, part, number in (("0012", SMOKE, 1), ("0013", SMOKE, 2), ("0018", CLOUDS, 1),
-                                  ("0019", CLOUDS, 2), ("0081", CLOUDS, 2), ("0104", CLOUDS, 2)):
-            self.statements[language.text(key).lower()] = (part, number, True)
-        likenesses = {True: {**POSITIVE, SMOKE: "0034", CLOUDS: "0036"},
-                      False: {**NEGATIVE, SMOKE: "0033", CLOUDS: "0035"}}
-        self.openings = {language.text(key).lower(): (part, positive)
-                         for positive, keys in likenesses.items() for part, key in keys.items()}
-
-    def part(self, sentence):
-        """Its index in PARTS."""
-        return self.statements[self.plain(sentence)][0] - 1
-
-    @staticmethod
-    def plain(sentence):
-        return sentence.lower().rstrip(".").strip()
-
-    def holds(self, sentence, figure):
-        """Whether it is true of the figure; nothing where it is not of the kinds known here."""
-        text = self.plain(sentence)
-        if text in self.statements:
-            return self.statement_holds(*self.statements[text], figure)
-        for first, second in self.halves(text):
-            return (self.statement_holds(*self.statements[first], figure) and
-                    self.statement_holds(*self.statements[second], figure))
-        return None
-
-    def halves(self, text):
-        pieces = text.split(self.joint)
-        for cut in range(1, len(pieces)):
-            halves = self.joint.join(pieces[:cut]), self.joint.join(pieces[cut:])
-            if all(half in self.statements for half in halves):
-                yield halves
-
-    def statement_holds(self, part, number, positive, figure):
-        shown = figure[PARTS[part - 1]]
-        if part in (SMOKE, CLOUDS):
-            return (shown == "1") == (number % 2 == 1)
-        return (shown == self.palette[number - 1]) == positive
-
-    def alike(self, sentence, one, other):
-        """Whether "alike" completes the sentence about two figures."""
-        opening = max((words for words in self.openings if self.plain(sentence).startswith(words)),
-                      key=len)
-        part, positive = self.openings[opening]
-        name = PARTS[part - 1]
-        return (one[name] == other[name]) == positive
-
-
-# --- One right answer in each exercise ---
-
-def true_or_false(child, reader, attempt):
-    holds = reader.holds(child.program.text("Label1"), child.wait_shown())
-    if holds is None:
-        holds = attempt % 2 == 0
-    child.click(f"Command1({0 if holds else 1})")
-
-
-def same_or_different(child, reader, _):
-    alike = reader.alike(child.program.text("Label1"), child.wait_shown(),
-                         child.wait_shown("ShockwaveFlash2"))
-    child.click(f"Command1({0 if alike else 1})")
-
-
-def repair_by_its_picture(child, *_):
-    child.click(f"Image1({differing(child)[0]})")
-
-
-def repair(child, *_):
-    part = differing(child)[0]
-    child.program.click_at(*child.spot(where_it_is(child, PARTS[part]), INSIDE[part]))
-
-
-def lines_of(child):
-    return [line for line in child.text("Text1").split("\n") if line]
-
-
-def paint(child, reader, _):
-    for sentence in lines_of(child):
-        part = reader.part(sentence)
-        for _ in reader.palette:
-            before = child.wait_shown()
-            child.program.click_at(*child.spot("ShockwaveFlash1", INSIDE[part]))
-            painted = wait_for("another colour", lambda: (
-                shown := child.wait_shown()) != before and shown)
-            if reader.holds(sentence, painted):
-                break
-    child.click("Command1(0)")
-
-
-def fitting(child, reader):
-    """{number of a figure: whether all lines hold of it}"""
-    lines = lines_of(child)
-    figures = {index: child.shown(f"ShockwaveFlash1({index})") for index in range(12)}
-    return {index: all(reader.holds(line, figure) for line in lines)
-            for index, figure in figures.items() if figure is not None}
-
-
-def choose_a_figure(child, reader, wanted, attempt):
-    found = [index for index, fits in fitting(child, reader).items() if fits == wanted]
-    child.click(f"ShockwaveFlash1({found[attempt % len(found)]})")
-
-
-def remove(child, reader, attempt):
-    choose_a_figure(child, reader, False, attempt)
-
-
-def find(child, reader, attempt):
-    choose_a_figure(child, reader, True, attempt)
-
-
-ANSWERS = [true_or_false, same_or_different, repair_by_its_picture, repair, paint, true_or_false,
-           remove, find]
-
-
-def answer_one(child, reader, entry, level):
-    """Where a child can but guess, a wrong answer begins the level anew."""
-    for attempt in range(TRIES):
-        if attempt or level > 1:
-            child.fresh_level(level)
-        ANSWERS[entry](child, reader, attempt)
-        if child.answered():
-            return
-    raise Failure(f"no right answer came in exercise {entry + 1}, level {level}")
-
-
-# --- The tour ---
-
 class Tour:
-    def __init__(self, desktop, program, album, language, reader):
-        self.desktop = desktop
+    """Works one running program from its menu on, and takes the pictures on the way."""
+
+    def __init__(self, program, album, language, reader):
         self.program = program
         self.album = album
         self.reader = reader
@@ -242,8 +107,8 @@ class Tour:
         """So that no button is lit."""
         subprocess.run(["xdotool", "mousemove", *map(str, BESIDE_ALL)], check=True)
 
-    def leave(self, window, comes, control="mnuEsci"):
-        self.choose(window, control)
+    def leave(self, window, comes):
+        self.choose(window, "mnuEsci")
         self.program.await_object(comes)
 
     def menus(self):
@@ -291,11 +156,7 @@ class Tour:
         if entry == 0:
             self.exercise_menus()
             self.reward(child)
-        self.leave(f"FormEs{self.number(entry)}", f"Image1({entry})")
-
-    def number(self, entry):
-        """Of the window: two of the exercises stand in the menu before others that are older."""
-        return [1, 2, 8, 3, 4, 5, 6, 7][entry]
+        self.leave(f"FormEs{WINDOWS[entry]}", f"Image1({entry})")
 
     def exercise_menus(self):
         for name, control in (("exercise-levels", "mnuLivelli"), ("exercise-print-menu", "mnuSt")):
@@ -388,7 +249,8 @@ def speak(executable, language):
 def first_visit(desktop, executable, album):
     """Leaves the drive as a first start does, with the settings of a new player."""
     program = Program(desktop, executable)
-    wait_for("the box of the first start", lambda: program.named("OK", "push button"))
+    wait_for("the box of the first start",
+             lambda: program.named("OK", "push button") and screen().getbbox())
     box = still_screen()
     album.add("first-start", box.crop(box.getbbox()))
     wait_for("the splash", lambda: program.find("Command1") or press_ok(program))
@@ -423,7 +285,7 @@ def tour(executable, drive, folder, size, language_name, lettering, *only):
         language = Language(language_file)
         program = Program(desktop, executable)
         come_to_the_menu(program, first_time=False)
-        visit = Tour(desktop, program, album, language, Reader(language, player))
+        visit = Tour(program, album, language, Reader(language, player))
         visit.menus()
         visit.settings(lettering)
         for entry in [int(number) - 1 for number in only] or range(len(EXERCISES)):
