@@ -1,7 +1,8 @@
 """Small files of flat pictures, and one page that shows many of them."""
-from PIL import Image, ImageChops, ImageDraw, ImageFont
+from PIL import Image, ImageDraw, ImageFont
 
 COLOURS = 256  # of a palette
+FLAT = 0.99  # of the pixels have the most frequent colours, where a picture has no gradients
 FONT = "DejaVuSans.ttf"
 PAPER, FRAME, INK = (255, 255, 255), (120, 120, 120), (40, 40, 40)
 COLUMNS = 6
@@ -13,22 +14,15 @@ HEADING = 48
 
 def flat(picture):
     """With a palette: the colours there are, or the most frequent, each as it was."""
-    counted = picture.getcolors(picture.width * picture.height)
-    frequent = sorted(counted, reverse=True)[:COLOURS]
+    pixels = picture.width * picture.height
+    counted = sorted(picture.getcolors(pixels), reverse=True)
+    frequent = counted[:COLOURS]
+    if sum(count for count, _ in frequent) < FLAT * pixels:
+        return picture.quantize(COLOURS, method=Image.Quantize.MEDIANCUT, kmeans=1,
+                                dither=Image.Dither.NONE)
     palette = Image.new("P", (1, 1))
     palette.putpalette([channel for _, colour in frequent for channel in colour])
-    if len(counted) <= COLOURS:
-        return picture.quantize(palette=palette, dither=Image.Dither.NONE)
-    # A gradient loses by its most frequent colours: the nearer of the two ways is taken.
-    ways = [picture.quantize(palette=palette, dither=Image.Dither.NONE),
-            picture.quantize(COLOURS, method=Image.Quantize.MEDIANCUT, kmeans=1,
-                             dither=Image.Dither.NONE)]
-    return min(ways, key=lambda way: distance(picture, way.convert("RGB")))
-
-
-def distance(one, other):
-    seen = ImageChops.difference(one, other).histogram()
-    return sum(count * (value % 256) ** 2 for value, count in enumerate(seen))
+    return picture.quantize(palette=palette, dither=Image.Dither.NONE)
 
 
 def save(picture, path):

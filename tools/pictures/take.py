@@ -45,15 +45,20 @@ BESIDE_ALL = (3, 60)  # where every window shows its background
 class Album:
     """The pictures, by their names, in the order in which they were taken."""
 
-    def __init__(self, folder):
-        self.folder = folder
+    def __init__(self):
         self.pictures = {}
 
     def add(self, name, picture):
         if name in self.pictures:
             raise Failure(f"two pictures are called {name}")
         self.pictures[name] = picture
-        picture_files.save(picture, self.folder / f"{name}.png")
+
+    def save(self, folder, heading):
+        """At the end: to make one small takes longer than a light stays where it is."""
+        folder.mkdir(parents=True, exist_ok=True)
+        for name, picture in self.pictures.items():
+            picture_files.save(picture, folder / f"{name}.png")
+        picture_files.sheet(self.pictures, heading, folder / "all.png")
 
     def take(self, name):
         """Of the screen, once it stays."""
@@ -271,9 +276,7 @@ def make_a_player(drive, language_file):
 
 
 def tour(executable, drive, folder, size, language_name, lettering, *only):
-    folder = pathlib.Path(folder)
-    folder.mkdir(parents=True, exist_ok=True)
-    album = Album(folder)
+    album = Album()
     language_file = LANGUAGES / f"{language_name}.lng"
     fresh_drive(drive)
     speak(executable, language_name)
@@ -294,8 +297,7 @@ def tour(executable, drive, folder, size, language_name, lettering, *only):
         visit.scanning()
         visit.prints(system)
         program.process.kill()
-    picture_files.sheet(album.pictures, f"MorleneKVT, {language_name}, {size}",
-                        folder / "all.png")
+    album.save(pathlib.Path(folder), f"MorleneKVT, {language_name}, {size}")
     print(f"{len(album.pictures)} pictures and a page of them all: {folder}")
 
 
