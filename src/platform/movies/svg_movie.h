@@ -18,7 +18,7 @@ namespace platform {
 
 // All parts in all colours of twelve figures on any screen, or of a large one on a usual screen. A
 // figure that alone fills a very large screen is drawn anew each time.
-constexpr qsizetype MostPieceBytes = qsizetype{16} * 1024 * 1024;
+constexpr qsizetype MostPieceBytes = qsizetype{8} * 1024 * 1024;
 
 // What all readers of one file share. Kept once per process; readers change copies.
 struct SvgSource {
