@@ -2,13 +2,13 @@
 
 #include "platform/controls/control.h"
 #include "platform/controls/form_window.h"
+#include "platform/controls/stage.h"
 #include "platform/host/host.h"
 
 #include <QApplication>
 #include <QCursor>
 #include <QMenuBar>
 #include <QScopeGuard>
-#include <QScreen>
 #include <QWindow>
 
 #include <algorithm>
@@ -65,6 +65,7 @@ QString Form::Caption() const
 void Form::SetCaption(const QString &caption)
 {
     m_window->setWindowTitle(caption);
+    Stage::Retitle(*m_window);
 }
 
 void Form::SetBackColor(Color color)
@@ -126,7 +127,7 @@ void Form::Move(double left, double top, double width, double height)
 
 bool Form::Minimised() const
 {
-    return m_window->isMinimized();
+    return m_window->isMinimized() || m_window->window()->isMinimized();
 }
 
 void Form::LockDrawing(bool locked)
@@ -170,18 +171,10 @@ void Form::Show()
         m_window->activateWindow();
         return;
     }
-    // A main window fills the screen whatever the window manager says, or without one.
     m_window->Left = m_window->Top = 0;
-    const QRect screen(0, 0, ToPixels(ScreenWidth()), ToPixels(ScreenHeight()));
-    m_window->setGeometry(screen);
     m_window->BeingSetUp(true);
     const auto shows = qScopeGuard([this] { m_window->BeingSetUp(false); });
-    // A test's screen is only a size.
-    if (m_window->screen()->size() == screen.size())
-        m_window->setWindowState(Qt::WindowFullScreen);
-    m_window->show();
-    m_window->setGeometry(screen);
-    m_window->activateWindow();
+    Stage::Show(*m_window, QRect(0, 0, ToPixels(ScreenWidth()), ToPixels(ScreenHeight())));
     m_shown = true;
     Resized();
     if (!m_unloaded)
@@ -207,7 +200,7 @@ void Form::ShowModal()
     m_window->setWindowModality(Qt::ApplicationModal);
     m_window->winId();
     if (const Form *under = opener.Get())
-        m_window->windowHandle()->setTransientParent(under->Window()->windowHandle());
+        m_window->windowHandle()->setTransientParent(under->Window()->window()->windowHandle());
     m_window->show();
     m_window->activateWindow();
     m_shown = true;
@@ -256,6 +249,7 @@ void Form::Drop()
     std::erase(loaded, this);
     for (Control *control : m_controls)
         control->FormGone();
+    Stage::Leaves(*m_window);
     m_window->hide();
     m_window->setEnabled(false);
     Closed();

@@ -2,6 +2,7 @@
 
 #include "platform/controls/form_window.h"
 #include "platform/controls/held_keys.h"
+#include "platform/controls/stage.h"
 #include "platform/host/host.h"
 #include "platform/machine/x11_keyboard.h"
 
@@ -156,6 +157,7 @@ Application::~Application()
     // Windows go before the application they belong to.
     while (!Form::Loaded().empty())
         Form::Loaded().back()->Drop();
+    Stage::Close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 

@@ -1,0 +1,115 @@
+#include "platform/controls/stage.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QScreen>
+
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+Stage *stage = nullptr;
+
+} // namespace
+
+Stage::Stage()
+{
+    // A form covers it all.
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_NoSystemBackground);
+}
+
+void Stage::Show(FormWindow &form, const QRect &screen)
+{
+    if (stage == nullptr)
+        stage = new Stage;
+    const bool first = stage->m_form == nullptr;
+    stage->m_form = &form;
+    form.setParent(stage);
+    form.setGeometry(QRect(QPoint(), screen.size()));
+    Retitle(form);
+    if (stage->geometry() != screen)
+        stage->setGeometry(screen);
+    form.raise();
+    form.show();
+    if (!stage->isVisible()) {
+        // A test's screen is only a size.
+        if (stage->screen()->size() == screen.size())
+            stage->setWindowState(Qt::WindowFullScreen);
+        stage->show();
+        // It fills the screen whatever the window manager says, or without one.
+        stage->setGeometry(screen);
+    }
+    stage->activateWindow();
+    if (first)
+        stage->TakeKeyboard();
+}
+
+void Stage::Leaves(FormWindow &form)
+{
+    if (stage == nullptr || form.parent() != stage)
+        return;
+    if (stage->m_form != &form)
+        return stage->TakeKeyboard();
+    Close();
+}
+
+bool Stage::Hides(const QWidget &form)
+{
+    return stage != nullptr && form.parent() == stage && stage->m_form != &form;
+}
+
+void Stage::Retitle(const FormWindow &form)
+{
+    if (stage == nullptr || stage->m_form != &form)
+        return;
+    stage->setWindowTitle(form.windowTitle());
+    stage->setAccessibleDescription(form.accessibleDescription());
+}
+
+void Stage::Close()
+{
+    if (stage == nullptr)
+        return;
+    // Forms have their own owners.
+    for (QObject *child : QObjectList(stage->children()))
+        if (child->isWidgetType())
+            static_cast<QWidget *>(child)->setParent(nullptr);
+    stage->hide();
+    // Not from under an event that is on its way through it.
+    std::exchange(stage, nullptr)->deleteLater();
+}
+
+// What the form chose itself, else the first in its order.
+void Stage::TakeKeyboard()
+{
+    if (m_form == nullptr)
+        return;
+    QWidget *taker = m_form->focusWidget();
+    for (QWidget *next = m_form->nextInFocusChain(); taker == nullptr && next != m_form;
+         next = next->nextInFocusChain())
+        if (m_form->isAncestorOf(next) && next->isVisible() && next->isEnabled() &&
+            (next->focusPolicy() & Qt::TabFocus) != 0)
+            taker = next;
+    if (taker != nullptr)
+        taker->setFocus(Qt::ActiveWindowFocusReason);
+    else if (QWidget *other = focusWidget())
+        other->clearFocus();
+}
+
+void Stage::resizeEvent(QResizeEvent *)
+{
+    if (m_form != nullptr)
+        m_form->setGeometry(rect());
+}
+
+void Stage::closeEvent(QCloseEvent *event)
+{
+    event->ignore();
+    if (m_form != nullptr)
+        m_form->close();
+}
+
+} // namespace platform

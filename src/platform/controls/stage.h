@@ -1,0 +1,39 @@
+// The one window that fills the screen. The main forms take turns in it: a change of forms is only
+// a painting, and costs neither the window system a window nor the machine a new picture of the
+// screen's size.
+#pragma once
+
+#include "platform/controls/form_window.h"
+
+#include <QPointer>
+#include <QRect>
+#include <QWidget>
+
+namespace platform {
+
+class Stage : public QWidget {
+public:
+    // Shows this form instead of the one before, over `screen`. The keyboard comes to it when the
+    // one before goes.
+    static void Show(FormWindow &form, const QRect &screen);
+    // Before a form that is shown here is hidden; with the last one goes the window.
+    static void Leaves(FormWindow &form);
+    // Whether another form stands before this one.
+    static bool Hides(const QWidget &form);
+    // Its caption has changed.
+    static void Retitle(const FormWindow &form);
+    // Before the end of the application.
+    static void Close();
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    Stage();
+    void TakeKeyboard();
+
+    QPointer<FormWindow> m_form; // in front
+};
+
+} // namespace platform
