@@ -1,6 +1,7 @@
 // The reward movies that lie beside the program: every one is found, plays, changes and ends, and
 // nothing in its file is lost on our reader.
 #include "platform/movies/movie_formats.h"
+#include "platform/movies/movie_helpers.h"
 #include "platform/movies/svg_animation.h"
 #include "platform/movies/svg_document.h"
 #include "support/registered_tests.h"
@@ -318,8 +319,9 @@ void TestRewards::everyAnimationIsUnderstoodAndEnds()
 
 void TestRewards::aPlayedFrameIsTheDrawingOfItsMoment()
 {
-    // Painting layer over layer rounds more often.
-    constexpr int Rounding = 6;
+    // Along edges, and in lines thinner than a pixel: what is only pushed about stands within a
+    // part of a pixel of its place.
+    const int few = Small.width() * Small.height() / 100;
     const auto document = platform::ParseSvg(Current());
     const auto movie = platform::ReadMovie(Current());
     QVERIFY(document && movie);
@@ -327,7 +329,7 @@ void TestRewards::aPlayedFrameIsTheDrawingOfItsMoment()
         movie->Advance(time);
         const QImage played = Painted(*movie, Small);
         if (time % (FrameMilliseconds * 5) == 0)
-            QCOMPARE(Different(played, Whole(*document, time), Rounding), 0);
+            QVERIFY(Strays(played, Whole(*document, time)) <= few);
     }
 }
 

@@ -256,6 +256,11 @@ void Form::Drop()
     new Undertaker(this);
 }
 
+bool Form::InFront() const
+{
+    return !Stage::Hides(*m_window);
+}
+
 QWidget *Form::Window() const
 {
     return m_window.get();

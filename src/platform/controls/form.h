@@ -68,6 +68,8 @@ public:
     // The end of a modal form, once.
     void WhenClosed(std::function<void()> closed) override { m_whenClosed = std::move(closed); }
     bool Shown() const { return m_shown; }
+    // Not behind another main form.
+    bool InFront() const;
     // Hides the window, lets no event reach it any more, and deletes the form when the event loop
     // is back where this was asked. The end of the last form ends the program. Unloading twice does
     // nothing.

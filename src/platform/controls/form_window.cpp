@@ -79,6 +79,8 @@ void FormWindow::BeingSetUp(bool busy)
         return;
     m_beingSetUp = busy;
     LetPaint();
+    if (!busy && !isWindow())
+        parentWidget()->setUpdatesEnabled(true);
 }
 
 void ShowWhatIsBeingSetUp()

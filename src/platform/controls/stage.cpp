@@ -21,12 +21,14 @@ Stage::Stage()
     setAttribute(Qt::WA_NoSystemBackground);
 }
 
-void Stage::Show(FormWindow &form, const QRect &screen)
+void Stage::Show(QWidget &form, const QRect &screen)
 {
     if (stage == nullptr)
         stage = new Stage;
     const bool first = stage->m_form == nullptr;
     stage->m_form = &form;
+    // Until the form has been set up.
+    stage->setUpdatesEnabled(false);
     form.setParent(stage);
     form.setGeometry(QRect(QPoint(), screen.size()));
     Retitle(form);
@@ -47,7 +49,7 @@ void Stage::Show(FormWindow &form, const QRect &screen)
         stage->TakeKeyboard();
 }
 
-void Stage::Leaves(FormWindow &form)
+void Stage::Leaves(QWidget &form)
 {
     if (stage == nullptr || form.parent() != stage)
         return;
@@ -61,7 +63,7 @@ bool Stage::Hides(const QWidget &form)
     return stage != nullptr && form.parent() == stage && stage->m_form != &form;
 }
 
-void Stage::Retitle(const FormWindow &form)
+void Stage::Retitle(const QWidget &form)
 {
     if (stage == nullptr || stage->m_form != &form)
         return;

@@ -3,8 +3,6 @@
 // screen's size.
 #pragma once
 
-#include "platform/controls/form_window.h"
-
 #include <QPointer>
 #include <QRect>
 #include <QWidget>
@@ -13,15 +11,15 @@ namespace platform {
 
 class Stage : public QWidget {
 public:
-    // Shows this form instead of the one before, over `screen`. The keyboard comes to it when the
-    // one before goes.
-    static void Show(FormWindow &form, const QRect &screen);
+    // Shows this form, which is being set up, instead of the one before, over `screen`. The
+    // keyboard comes to it when the one before goes.
+    static void Show(QWidget &form, const QRect &screen);
     // Before a form that is shown here is hidden; with the last one goes the window.
-    static void Leaves(FormWindow &form);
+    static void Leaves(QWidget &form);
     // Whether another form stands before this one.
     static bool Hides(const QWidget &form);
     // Its caption has changed.
-    static void Retitle(const FormWindow &form);
+    static void Retitle(const QWidget &form);
     // Before the end of the application.
     static void Close();
 
@@ -33,7 +31,7 @@ private:
     Stage();
     void TakeKeyboard();
 
-    QPointer<FormWindow> m_form; // in front
+    QPointer<QWidget> m_form; // in front
 };
 
 } // namespace platform

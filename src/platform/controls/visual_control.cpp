@@ -3,7 +3,6 @@
 #include "platform/controls/form_window.h"
 #include "platform/controls/held_keys.h"
 #include "platform/controls/keys.h"
-#include "platform/controls/stage.h"
 #include "platform/movies/drawn_picture.h"
 
 #include <QApplication>
@@ -200,7 +199,7 @@ void VisualControl::SetFocus()
     const bool otherModal =
         QApplication::activeModalWidget() != nullptr && QApplication::activeModalWidget() != window;
     if (Parent().Unloaded() || !m_widget->isVisibleTo(window) || !m_enabled || menuInUse ||
-        otherModal || !window->isActiveWindow() || Stage::Hides(*Parent().Window()))
+        otherModal || !window->isActiveWindow() || !Parent().InFront())
         throw RunTimeError(BadCall, Key());
     if (!m_widget->hasFocus())
         m_widget->setFocus(Qt::OtherFocusReason);
