@@ -1,7 +1,7 @@
 // The program with a drive of its own in the folder where it stands, for the scripts that work it
 // from outside: each plays on a copy of that folder.
-#include "platform/machine/machine_host.h"
 #include "program.h"
+#include "platform/machine/machine_host.h"
 
 #include <filesystem>
 
