@@ -3,14 +3,29 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QScreen>
+#include <QTimer>
 
 #include <utility>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace platform {
 
 namespace {
 
 Stage *stage = nullptr;
+
+constexpr int UntilAtRest = 200; // ms, when the new form is painted
+
+// What the form before had used stays with the process else, in pieces.
+void GiveMemoryBack()
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
+}
 
 } // namespace
 
@@ -53,8 +68,11 @@ void Stage::Leaves(QWidget &form)
 {
     if (stage == nullptr || form.parent() != stage)
         return;
-    if (stage->m_form != &form)
-        return stage->TakeKeyboard();
+    if (stage->m_form != &form) {
+        stage->TakeKeyboard();
+        QTimer::singleShot(UntilAtRest, stage, GiveMemoryBack);
+        return;
+    }
     Close();
 }
 
