@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QScreen>
-#include <QTimer>
 
 #include <utility>
 
@@ -34,6 +33,8 @@ Stage::Stage()
     // A form covers it all.
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
+    m_rest.setSingleShot(true);
+    connect(&m_rest, &QTimer::timeout, GiveMemoryBack);
 }
 
 void Stage::Show(QWidget &form, const QRect &screen)
@@ -70,7 +71,7 @@ void Stage::Leaves(QWidget &form)
         return;
     if (stage->m_form != &form) {
         stage->TakeKeyboard();
-        QTimer::singleShot(UntilAtRest, stage, GiveMemoryBack);
+        stage->m_rest.start(UntilAtRest);
         return;
     }
     Close();

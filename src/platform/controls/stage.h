@@ -5,6 +5,7 @@
 
 #include <QPointer>
 #include <QRect>
+#include <QTimer>
 #include <QWidget>
 
 namespace platform {
@@ -32,6 +33,7 @@ private:
     void TakeKeyboard();
 
     QPointer<QWidget> m_form; // in front
+    QTimer m_rest;            // after a change of forms
 };
 
 } // namespace platform

@@ -3,6 +3,7 @@
 #include "platform/controls/form.h"
 
 #include <QApplication>
+#include <QWidget>
 
 #include <utility>
 
