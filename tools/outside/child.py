@@ -13,6 +13,14 @@ EXERCISES = [  # in the order of the menu: levels, a figure of it
 ]
 
 
+def spot_in(box, place):
+    """Where a place of the figure's own 700 by 900 lies on the screen, in a box of the figure."""
+    x, y, width, height = box
+    scale = min(width / 700, height / 900)
+    return (round(x + (width - 700 * scale) / 2 + place[0] * scale),
+            round(y + (height - 900 * scale) / 2 + place[1] * scale))
+
+
 class Child:
     """Plays one running program."""
 
@@ -46,9 +54,7 @@ class Child:
     def spot(self, name, place):
         """Where a place of the figure's own 700 by 900 lies on the screen."""
         box = self.place(name)
-        scale = min(box.width / 700, box.height / 900)
-        return (round(box.x + (box.width - 700 * scale) / 2 + place[0] * scale),
-                round(box.y + (box.height - 900 * scale) / 2 + place[1] * scale))
+        return spot_in((box.x, box.y, box.width, box.height), place)
 
     def click(self, name):
         self.program.click(self.program.await_object(name))
