@@ -17,6 +17,7 @@ import collections
 import os
 import random
 import sys
+import tempfile
 import time
 
 from gi.repository import GLib
@@ -25,8 +26,8 @@ from child import EXERCISES, INSIDE, PARTS, spot_in
 from desktop import Desktop, Failure, figure
 from exercises import ARROWS, MOUSE, OUTLINE, SWITCH, fits, painted_as, tells_all
 from printing_system import PrintingSystem
-from quick import (FOCUSED, LIST_ITEM, MENU_ITEM, PAGE_TAB, TICKED, Controls, Hands, await_that,
-                   descriptors, memory)
+from quick import (FOCUSED, LIST_ITEM, MENU_ITEM, PAGE_TAB, SHOWING, TICKED, Controls, Hands,
+                   await_that, descriptors, memory)
 from scanning import CHOOSE, LIT, PROFILE, STEP
 from sentences import painted, sentence_holds
 from steps import SETTINGS, fresh_drive
@@ -72,11 +73,11 @@ def letters(text):
 
 
 class Pupil:
-    def __init__(self, desktop, executable, seed, longest):
+    def __init__(self, process, seed, longest):
         self.longest = longest  # tasks of a visit
         self.decks = {}
         self.chance = random.Random(seed)
-        self.process = desktop.start([executable])
+        self.process = process
         self.hands = Hands()
         self.eyes = Controls(self.process.pid)
         self.actions = collections.deque(maxlen=KEPT_ACTIONS)
@@ -235,6 +236,18 @@ class Pupil:
         elif what == "letters":
             self.tick("Font e colori", self.chance.choice(["minuscolo", "maiuscolo"]))
         self.leave("Image1(8)")
+
+    def look_at_the_contact(self):
+        """The little window about the program, by the keyboard."""
+        def act():
+            bar = self.eyes.menu_items()[-2]
+            self.click_path(bar, "Informazioni")
+            item = await_that("about", lambda: [one for one in self.eyes.children(
+                self.eyes.children(bar)[0]) if self.eyes.has(one, SHOWING)][-1:])
+            self.click_path(item[0], "about")
+        self.open(act, "Label4", "Command1")
+        self.expect_windows()
+        self.open(lambda: self.click("Command1"), "Image1(8)")
 
     def tick(self, page, control):
         tab = await_that(page, lambda: self.eyes.named(page, PAGE_TAB))
@@ -633,9 +646,15 @@ class Pupil:
 
     def leave_in_the_middle(self):
         """One answer given, right or wrong, and gone."""
-        if self.entry in (0, 1) and self.mode != SWITCH:
-            self.note("one answer more")
+        if self.mode == SWITCH:
+            return
+        self.note("one answer more")
+        if self.entry in (0, 1, 5):
             self.button(0, must=False)
+        elif self.entry in (2, 3):
+            self.part(self.chance.randrange(6), self.shown("ShockwaveFlash1"), must=False)
+        elif self.entry in (6, 7):
+            self.figure(self.chance.choice(self.grid()[0]), must=False)
 
     def deal(self, what, cards):
         """By chance, but each of them before one comes again."""
@@ -654,6 +673,8 @@ class Pupil:
             self.change_language(self.chance.choice(LANGUAGES) if self.reads() else "italiano")
         if self.chance.random() < 0.12:
             self.configure()
+        if self.chance.random() < 0.03:
+            self.look_at_the_contact()
         entry = self.deal((self.mode, self.reads()), range(8) if self.reads() else READ_NOTHING)
         levels = EXERCISES[entry][0]
         if self.mode == SWITCH:
@@ -728,12 +749,17 @@ def main(executable, drive, tasks, seed=None):
     print(f"seed {seed}", flush=True)
     fresh_drive(drive)
     write_players(drive)
-    with PrintingSystem() as system, Desktop() as desktop:
+    with tempfile.TemporaryFile() as errors, PrintingSystem() as system, Desktop() as desktop:
         system.add_printer("Stampante")
         os.environ["CUPS_SERVER"] = system.environment["CUPS_SERVER"]
-        pupil = Pupil(desktop, executable, seed, 12 if int(tasks) >= FIRST_TASKS else 3)
+        pupil = Pupil(desktop.start([executable], stderr=errors), seed,
+                      12 if int(tasks) >= FIRST_TASKS else 3)
         try:
             play(pupil, int(tasks))
+            errors.seek(0)
+            said = errors.read().decode(errors="replace")
+            if said:
+                raise Failure(f"the program wrote on standard error:\n{said}")
         except Exception as fault:
             print(f"seed {seed}; the last actions, each after so many tasks:", *pupil.actions,
                   sep="\n", flush=True)
