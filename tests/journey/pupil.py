@@ -26,8 +26,8 @@ from child import EXERCISES, INSIDE, PARTS, spot_in
 from desktop import Desktop, Failure, figure
 from exercises import ARROWS, MOUSE, OUTLINE, SWITCH, fits, painted_as, tells_all
 from printing_system import PrintingSystem
-from quick import (FOCUSED, LIST_ITEM, MENU_ITEM, PAGE_TAB, SHOWING, TICKED, Controls, Hands,
-                   await_that, descriptors, memory)
+from quick import (FOCUSED, LIST_ITEM, MENU_BAR, MENU_ITEM, PAGE_TAB, SHOWING, TICKED, Controls,
+                   Hands, await_that, descriptors, memory)
 from scanning import CHOOSE, LIT, PROFILE, STEP
 from sentences import painted, sentence_holds
 from steps import SETTINGS, fresh_drive
@@ -40,10 +40,12 @@ REST_PLAYER = "Anna"
 LANGUAGES = ["deutsch", "english", "español", "français", "italiano"]
 FULL = 440  # rows of the log; a visit makes fewer than forty
 KEPT_ACTIONS = 20
+LONGEST = 12  # tasks of a visit; a short run makes shorter ones
 FIRST_TASKS = 1000
 MAY_GROW = 2048  # kB, after them
 NEXT = [2, 2, 0, 0, 1, 2, 0, 0]  # in the order of the menu: which button leads to the next task
 PRINT_DIALOGS = [("o", "cmdChiudi"), ("v", "cmdChiudi"), ("p", "Picture1(0)")]
+FORMS = [f"FormEs{number}" for number in (1, 2, 8, 3, 4, 5, 6, 7)]  # in the order of the menu
 READ_NOTHING = [0, 1, 2, 3, 5]  # what can be played without reading
 
 
@@ -136,6 +138,15 @@ class Pupil:
             raise Failure(f"the program ended with {self.process.returncode}")
         await_that(f"{count} windows, no box among them",
                    lambda: self.hands.windows() == count, 5)
+
+    def boxes(self):
+        """What the windows say that have no menu bar."""
+        try:
+            return [[self.eyes.told(item, "Name") for item in self.eyes.children(window)]
+                    for window in self.eyes.windows() if not self.eyes.search(
+                        lambda item: self.eyes.role(item) == MENU_BAR, window)]
+        except GLib.Error as error:
+            return error
 
     def leave(self, *comes):
         """By the last item of the menu bar, which leads back everywhere."""
@@ -277,27 +288,34 @@ class Pupil:
         if self.mode == MOUSE:
             self.open(lambda: self.click(f"Image1({entry})"), shows, "StatusBar1.Panels(3)")
         else:
-            self.await_keyboard()
-            for _ in range(LATE):
-                items = [f"Command1({item})" for item in range(9)]
-                self.bring(lambda: self.lit_item(items), f"Command1({entry})")
-                self.key(CHOOSE[self.mode])
-                try:
-                    self.wait_for_window(shows)
-                    break
-                except Failure:
-                    self.late += 1
-            else:
-                raise Failure(f"exercise {entry} never came")
+            self.open_by_light(entry)
         self.entry, self.counts, self.level = entry, (0, 0), 1
         self.log.begin(title)
         self.wait_for_task()
 
-    def wait_for_window(self, shows):
-        def there():
-            self.eyes.look_round()
-            return self.eyes.shows(shows) and self.eyes.shows("StatusBar1.Panels(3)")
-        await_that("the exercise", there, 4)
+    def open_by_light(self, entry):
+        items = [f"Command1({item})" for item in range(9)]
+        for _ in range(LATE):
+            self.await_keyboard()
+            titles = [letters(self.eyes.name_of(item)) for item in items]
+            self.bring(lambda: self.lit_item(items), items[entry])
+            self.until(lambda: self.key(CHOOSE[self.mode]), "an exercise", self.exercise_shown)
+            opened = FORMS.index(self.exercise_shown())
+            if opened == entry:
+                return
+            if self.mode != SWITCH:
+                raise Failure(f"{titles[entry]} was chosen and {titles[opened]} came")
+            # The light had gone on: a look at this one, and back.
+            self.late += 1
+            self.log.begin(titles[opened])
+            self.log.close_row(1, 0, 0)
+            self.leave("Image1(8)")
+        raise Failure(f"exercise {entry} never came")
+
+    def exercise_shown(self):
+        self.eyes.look_round()
+        return next((form for form in FORMS if self.eyes.shows(form) and
+                     self.eyes.shows("StatusBar1.Panels(3)")), None)
 
     def wait_for_task(self):
         sentence = {0: "Label1", 1: "Label1", 5: "Label1"}.get(self.entry)
@@ -675,7 +693,11 @@ class Pupil:
             self.configure()
         if self.chance.random() < 0.03:
             self.look_at_the_contact()
-        entry = self.deal((self.mode, self.reads()), range(8) if self.reads() else READ_NOTHING)
+        entries = range(8) if self.reads() else READ_NOTHING
+        if self.mode == SWITCH and self.longest < LONGEST:
+            # Behind the last one stands the way out, which a late key on a busy machine would take.
+            entries = entries[:-1]
+        entry = self.deal((self.mode, self.reads()), entries)
         levels = EXERCISES[entry][0]
         if self.mode == SWITCH:
             # One switch waits for the light.
@@ -699,6 +721,7 @@ def write_players(drive):
     folder = os.path.join(drive, SETTINGS)
     os.makedirs(os.path.join(folder, "dati"))
     log_kept = PROFILE.replace("False\nFalse\nProfilo", "False\nTrue\nProfilo")
+    log_kept = log_kept.replace("{mode} \n 1 \n", "{mode} \n 2 \n")  # half a second for the light
     for name, mode in zip(PLAYERS, MODES):
         ending = ".INI" if name == PLAYERS[0] else ".ini"
         with open(os.path.join(folder, name + ending), "w", newline="\r\n",
@@ -753,7 +776,7 @@ def main(executable, drive, tasks, seed=None):
         system.add_printer("Stampante")
         os.environ["CUPS_SERVER"] = system.environment["CUPS_SERVER"]
         pupil = Pupil(desktop.start([executable], stderr=errors), seed,
-                      12 if int(tasks) >= FIRST_TASKS else 3)
+                      LONGEST if int(tasks) >= FIRST_TASKS else 3)
         try:
             play(pupil, int(tasks))
             errors.seek(0)
@@ -765,6 +788,8 @@ def main(executable, drive, tasks, seed=None):
                   sep="\n", flush=True)
             if pupil.process.poll() is not None:
                 raise Failure(f"the program ended with {pupil.process.returncode}") from fault
+            if pupil.hands.windows() > 1:
+                raise Failure(f"{fault}; more windows than one: {pupil.boxes()}") from fault
             raise
 
 
