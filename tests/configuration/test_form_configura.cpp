@@ -688,7 +688,7 @@ private Q_SLOTS:
     void theWindowsOwnEndSavesNothing()
     {
         Adult adult;
-        adult.OpenWindow().Window()->close();
+        adult.OpenWindow().Window()->window()->close();
         QVERIFY(adult.Host.Ended);
         QCOMPARE(adult.Profiles(), QStringList());
     }

@@ -270,7 +270,7 @@ private Q_SLOTS:
         Player player;
         player.Host.Seed(1);
         auto &form = player.Open<FormEs1>();
-        form.Window()->close();
+        form.Window()->window()->close();
         QVERIFY(player.Host.Ended);
         QCOMPARE(EserciziEseguiti(1, 1), QString());
         QVERIFY(!player.Host.DriveHas(QStringLiteral("ImpostazioniProgrammiTesmi")));

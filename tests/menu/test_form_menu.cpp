@@ -285,7 +285,7 @@ private Q_SLOTS:
     {
         MenuPlayer player;
         FormMenu &menu = player.OpenMenu();
-        menu.Window()->close();
+        menu.Window()->window()->close();
         QVERIFY(player.Host.Ended);
         QVERIFY(!player.Host.DriveHas(Settings + QStringLiteral("_predefinito.INI")));
     }
