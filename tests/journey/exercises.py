@@ -18,7 +18,7 @@ MOUSE, SWITCH, ARROWS = 0, 2, 3
 # In the figure's own 700 by 900: a spot on the outline of each part.
 OUTLINE = [(478, 340), (350, 230), (100, 700), (140, 700), (288, 760), (350, 798), (614, 38),
            (246, 98)]
-LATE = 6  # tries, where the light goes on while a key is on its way
+LATE = 15  # tries, where the light goes on while a key is on its way
 
 
 class AnyChild(Child):
@@ -38,7 +38,7 @@ class AnyChild(Child):
         """Brings the highlight to the place, wherever it is now."""
         if self.mode == SWITCH:
             wait_for("a step", lambda: position() != wanted)
-            wait_for(f"the light on {wanted}", lambda: position() == wanted)
+            wait_for(f"the light on {wanted}", lambda: position() == wanted, 40)
             return
         for _ in range(30):
             before = position()

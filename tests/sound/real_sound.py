@@ -199,7 +199,9 @@ class RealSound(unittest.TestCase):
             time.sleep(0.2)
             asked.append(self.recording.stat().st_size / 2)
             self.play(path)
-            time.sleep(1.1)
+            # On a busy machine a second of sound is recorded later than in a second.
+            until(lambda: self.recording.stat().st_size / 2 > asked[0] + 1.5 * RATE,
+                  "a second of sound")
 
         recording = self.record(action)
         windows = sounding(recording, 440)
