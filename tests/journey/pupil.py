@@ -10,8 +10,9 @@ It keeps an account of its own of what it played, and holds the log of the exerc
 before it changes player. Now and then it rests: always in the same player's menu, in Italian, so
 that memory, descriptors and what the program keeps in the display can be compared. After a first
 thousand tasks memory may grow by 2 MB, and the others by nothing. In a shorter run, which goes on
-meeting things for the first time, memory is only told, and the others are compared from the end of
-its first third. The same seed makes the same plan.
+meeting things for the first time, memory is only told, and of the others there may be two more of a
+kind than at the end of its first third: a leak at each visit makes more. The same seed makes the
+same plan.
 """
 import collections
 import os
@@ -43,6 +44,7 @@ KEPT_ACTIONS = 20
 LONGEST = 12  # tasks of a visit; a short run makes shorter ones
 FIRST_TASKS = 1000
 MAY_GROW = 2048  # kB, after them
+MET_FIRST = 2  # of a kind, in a short run: what was needed for the first time
 NEXT = [2, 2, 0, 0, 1, 2, 0, 0]  # in the order of the menu: which button leads to the next task
 PRINT_DIALOGS = [("o", "cmdChiudi"), ("v", "cmdChiudi"), ("p", "Picture1(0)")]
 FORMS = [f"FormEs{number}" for number in (1, 2, 8, 3, 4, 5, 6, 7)]  # in the order of the menu
@@ -732,7 +734,10 @@ def write_players(drive):
 def check_growth(first, last, tasks):
     if tasks > FIRST_TASKS and last[0] - first[0] > MAY_GROW:
         raise Failure(f"memory grew from {first[0]} to {last[0]} kB")
-    if last[1:] != first[1:]:
+    allowed = 0 if tasks > FIRST_TASKS else MET_FIRST
+    gained = {kind: count - first[2].get(kind, 0) for kind, count in last[2].items()}
+    gained["descriptors"] = last[1] - first[1]
+    if max(gained.values()) > allowed:
         raise Failure(f"descriptors and what is kept in the display: {first[1:]} became {last[1:]}")
 
 
