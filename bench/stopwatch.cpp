@@ -436,7 +436,13 @@ void Idle(Screen &screen, const Player &player)
         for (const Window &window : windows) {
             if (mode != 0 && &window != &Named("exercise 1"))
                 continue;
-            Open(screen, window);
+            if (mode == 0)
+                Open(screen, window);
+            else // the first item is lit
+                Timed(screen, window.Name, [&] {
+                    screen.KeyDown(XK_Return);
+                    screen.KeyUp(XK_Return);
+                });
             rest(window.Name);
             Leave(screen, window);
         }
