@@ -12,6 +12,7 @@ using namespace platform;
 namespace {
 
 constexpr int MisuraMassima = 2000; // millimetres
+constexpr int KeyBackspace = 8;
 
 bool Cifra(QChar lettera)
 {
@@ -92,6 +93,8 @@ void FrmStampa::CollegaCampi()
     txtScala.OnKeyDown = [this](int tasto, int) {
         if (tasto == KeyEnter)
             TastoScala();
+        else if (tasto == KeyBackspace) // is no letter, so it does not come as one
+            AnteprimaSeGrande();
     };
     txtScala.OnLostFocus = cmdScalaOK.OnClick = [this] { TastoScala(); };
 }

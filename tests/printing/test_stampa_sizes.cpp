@@ -93,6 +93,31 @@ private Q_SLOTS:
         });
     }
 
+    void theLargestSizeIsCentredWhereThatIsWanted()
+    {
+        Desk desk;
+        desk.Open([&](FrmStampa &dialog) {
+            dialog.chkCentro.SetValue(true);
+            dialog.cmdMax.OnClick();
+            QCOMPARE((QList<int>{Stampa.StampaW, Stampa.StampaH}), (QList<int>{200, 200}));
+            QCOMPARE((QList<int>{Stampa.MargineX, Stampa.MargineY}), (QList<int>{0, 40}));
+        });
+    }
+
+    void withoutProportionsTheLargestSizeIsPulledBackOntoTheSheet()
+    {
+        Desk desk;
+        desk.Open([&](FrmStampa &dialog) {
+            dialog.chkProporzioni.SetValue(false);
+            dialog.txtPrX.SetText(QStringLiteral("-5"));
+            dialog.cmdMax.OnClick();
+            QCOMPARE((QList<int>{Stampa.StampaW, Stampa.StampaH}), (QList<int>{200, 280}));
+            // Only what leaves the sheet on the right or below is moved.
+            QCOMPARE((QList<int>{Stampa.MargineX, Stampa.MargineY}), (QList<int>{-5, 0}));
+            QVERIFY(dialog.lblFuoriFoglio.Visible());
+        });
+    }
+
     void theScaleFollowsTheWidthAndSetsIt()
     {
         Desk desk;
@@ -140,6 +165,24 @@ private Q_SLOTS:
             QTest::keyClick(line, Qt::Key_Return);
             QCOMPARE(Stampa.StampaW, 40);
             QCOMPARE(Stampa.StampaH, 40);
+        });
+    }
+
+    void everyKeyOfTheScaleShowsThePreviewAnew()
+    {
+        Desk desk;
+        desk.Open([&](FrmStampa &dialog) {
+            for (const Qt::Key key : {Qt::Key_2, Qt::Key_Backspace, Qt::Key_Return}) {
+                dialog.cmdOrigine.OnClick();
+                dialog.txtPrX.SetText(QStringLiteral("-1")); // a field alone shows nothing
+                QVERIFY(!dialog.lblFuoriFoglio.Visible());
+                QTest::keyClick(dialog.txtScala.Widget(), key);
+                QVERIFY2(dialog.lblFuoriFoglio.Visible(), qPrintable(QString::number(key)));
+            }
+            dialog.cmdOrigine.OnClick();
+            dialog.txtPrX.SetText(QStringLiteral("-1"));
+            QTest::keyClick(dialog.txtScala.Widget(), Qt::Key_X);
+            QVERIFY(!dialog.lblFuoriFoglio.Visible());
         });
     }
 
