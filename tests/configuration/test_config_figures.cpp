@@ -28,6 +28,7 @@ private Q_SLOTS:
         Colori(0, 0) = QStringLiteral("ABCDEF");
         FormConfigura &window = adult.OpenWindow();
         QCOMPARE(window.Option2(1).Caption(), QStringLiteral("Colore 2"));
+        adult.Host.TakeEvents();
         window.TabStrip1.SetSelectedItem(2);
         QCOMPARE(window.Option2(0).Caption(), QStringLiteral("Sfondo"));
         QCOMPARE(window.Option2(2).Caption(), QStringLiteral("rosso - rossi - rossa - rosse"));
@@ -42,6 +43,29 @@ private Q_SLOTS:
         const auto hourglass = events.indexOf(QStringLiteral("FormConfigura.MousePointer=11"));
         QVERIFY(hourglass >= 0);
         QVERIFY(events.indexOf(QStringLiteral("FormConfigura.MousePointer=0")) > hourglass);
+    }
+
+    void thePreviewIsPaintedPartByPart()
+    {
+        Adult adult;
+        FormConfigura &window = adult.OpenWindow();
+        adult.Host.TakeEvents();
+        window.TabStrip1.SetSelectedItem(2);
+        QStringList figure = adult.Host.TakeEvents().filter(QStringLiteral("ShockwaveFlash1."));
+        figure.removeAll(QStringLiteral("ShockwaveFlash1.MousePointer=99"));
+        QVERIFY(figure.at(0).endsWith(QStringLiteral("morlene1.swf")));
+        QCOMPARE(figure.at(1), QStringLiteral("ShockwaveFlash1.GotoFrame=1"));
+        QCOMPARE(figure.at(2), QStringLiteral("ShockwaveFlash1.BGColor=FFFFCC"));
+        QStringList painted;
+        for (const char *pair : {"tetto 00FF00", "comignolo FF0000", "pareti FF0000",
+                                 "porta 0000FF", "finestre FFFF00", "gradino 00FF00"}) {
+            const QStringList words = QString::fromLatin1(pair).split(QLatin1Char(' '));
+            painted << QStringLiteral("ShockwaveFlash1.SetVariable=QualeOggetto %1.interno")
+                           .arg(words.at(0))
+                    << QStringLiteral("ShockwaveFlash1.SetVariable=TestoColore.QualeColore %1")
+                           .arg(words.at(1));
+        }
+        QCOMPARE(figure.mid(3), painted);
     }
 
     void aSquareGivesItsColourAndAsksFourNames()

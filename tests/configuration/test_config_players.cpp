@@ -76,6 +76,28 @@ private Q_SLOTS:
         QVERIFY(adult.Profile(QStringLiteral("_predefinito")).contains("\r\n 41 \r\n"));
     }
 
+    void onlyWhatBelongsToTheChoiceOfAPlayerShows()
+    {
+        Adult adult;
+        const FormConfigura &window = adult.OpenWindow();
+        const auto shown = [&] {
+            return QList<bool>{window.ListModificaUtente.Visible(),
+                               window.TextNuovoUtente.Visible()};
+        };
+        QCOMPARE(shown(), (QList<bool>{false, false}));
+        ClickOn(window.OptionUtente(2));
+        QTest::keyClicks(window.TextNuovoUtente.Widget(), QStringLiteral("Li"));
+        QCOMPARE(shown(), (QList<bool>{false, true}));
+        ClickOn(window.OptionUtente(1));
+        QCOMPARE(shown(), (QList<bool>{true, false}));
+        ClickOn(window.OptionUtente(0));
+        QCOMPARE(shown(), (QList<bool>{false, false}));
+        // The field waits for another name.
+        ClickOn(window.OptionUtente(2));
+        QCOMPARE(window.TextNuovoUtente.Text(), QString());
+        QCOMPARE(NomeUtente, QStringLiteral("_predefinito"));
+    }
+
     void thePlayersAreListedInCapitalsWithoutTheDefaultOne()
     {
         Adult adult;

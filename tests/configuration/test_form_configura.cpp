@@ -38,6 +38,15 @@ private Q_SLOTS:
         FormConfigura &window = adult.OpenWindow();
         QCOMPARE(ShownPage(window), 1);
         QCOMPARE(window.TabStrip1.SelectedItem(), 1);
+        QStringList pages;
+        for (int page = 1; page <= window.TabStrip1.TabCount(); ++page)
+            pages << window.TabStrip1.TabCaption(page);
+        QCOMPARE(pages,
+                 QStringList({QStringLiteral("Giocatori"), QStringLiteral("Colori morlene"),
+                              QStringLiteral("Scelte didattiche"), QStringLiteral("Font e colori"),
+                              QStringLiteral("Suoni "), QStringLiteral("Modalità di input")}));
+        QCOMPARE(window.Left(), 0.0);
+        QCOMPARE(window.Top(), 0.0);
         QCOMPARE(window.Label4.Caption(), QStringLiteral("Anna"));
         QCOMPARE(window.Width(), ScreenWidth());
         QCOMPARE(window.Height(), ScreenHeight());
@@ -133,6 +142,19 @@ private Q_SLOTS:
             QCOMPARE(ModoInput, static_cast<int16_t>(mode));
             QCOMPARE(window.HScroll3.Visible(), mode == 2);
             QCOMPARE(window.Label7.Visible(), mode == 2);
+            QCOMPARE(window.CheckDisabilitaMousePersonalizzato.Visible(), mode == 0);
+        }
+    }
+
+    void theInputModeInForceIsChosenWhenTheWindowOpens()
+    {
+        for (const int mode : {0, 1, 2, 3}) {
+            Adult adult;
+            ModoInput = static_cast<int16_t>(mode);
+            const FormConfigura &window = adult.OpenWindow();
+            for (const OptionButton &option : window.Option4)
+                QCOMPARE(option.Value(), option.Index() == mode);
+            QCOMPARE(window.HScroll3.Visible(), mode == 2);
             QCOMPARE(window.CheckDisabilitaMousePersonalizzato.Visible(), mode == 0);
         }
     }

@@ -36,6 +36,58 @@ class TestFormEs8 : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void theWindowIsDressedInItsOrder()
+    {
+        Player player;
+        ColoriVari = false;
+        DisabilitaMousePersonalizzato = true;
+        player.Host.Expect(Task(RedRoof));
+        player.Host.RecordsDraws = true;
+        player.Open<FormEs8>();
+        const QString inOrder = player.Host.TakeEvents().join(QLatin1Char('\n'));
+        int last = -1;
+        for (const char *step : {"PicMerlino.Visible=False",
+                                 "Command1(0).MousePointer=0",
+                                 "Command1(1).MousePointer=0",
+                                 "Image1(7).MousePointer=0",
+                                 "FormEs8.BackColor=00ffff80",
+                                 "Label1.BackColor=00ffffff",
+                                 "Shape1(7).Visible=False",
+                                 "Command1(0).BackColor=8000000f",
+                                 "Label1.Caption=Guarda",
+                                 "mnuLivelli.Enabled=True",
+                                 "Panels(3)=1 Livello",
+                                 "Panels(1)=0 Esatti",
+                                 "Panels(2)=0 Errati",
+                                 "Picture1.BackColor=00ffff80",
+                                 "ShockwaveFlash1.Movie=",
+                                 "ShockwaveFlash2.Movie=",
+                                 "Command1(0).Enabled=False",
+                                 "FormEs8.MousePointer=11",
+                                 "estratto 0 di 4",
+                                 "estratto 0 di 2",
+                                 "estratto 1 di 8",
+                                 "estratto 1 di 4",
+                                 "ShockwaveFlash1.BGColor=FFFFCC",
+                                 "ShockwaveFlash1.SetVariable=QualeOggetto comignolo.interno",
+                                 "ShockwaveFlash1.SetVariable=QualeOggetto tetto.interno",
+                                 "ShockwaveFlash1.SetVariable=QualeOggetto pareti.interno",
+                                 "ShockwaveFlash1.SetVariable=QualeOggetto finestre.interno",
+                                 "ShockwaveFlash1.SetVariable=QualeOggetto porta.interno",
+                                 "ShockwaveFlash1.SetVariable=QualeOggetto gradino.interno",
+                                 "ShockwaveFlash1.TSetProperty=fumo 7 0",
+                                 "ShockwaveFlash1.TSetProperty=nuvole 7 0",
+                                 "ShockwaveFlash2.BGColor=FFFFCC",
+                                 "ShockwaveFlash2.SetVariable=QualeOggetto tetto.interno",
+                                 "ShockwaveFlash2.SetVariable=TestoColore.QualeColore FF0000",
+                                 "ShockwaveFlash2.TSetProperty=nuvole 7 0",
+                                 "FormEs8.MousePointer=0"}) {
+            const auto at = static_cast<int>(inOrder.indexOf(QString::fromUtf8(step), last + 1));
+            QVERIFY2(at > last, step);
+            last = at;
+        }
+    }
+
     void theBarStandsAboveTheStatusBarInTheWindowsColour()
     {
         Player player;
@@ -47,6 +99,19 @@ private Q_SLOTS:
         QCOMPARE(form.Picture1.BackColor(), form.BackColor());
         QCOMPARE(form.PictureScansioneManuale.BackColor(), form.BackColor());
         QCOMPARE(Framed(form), QList<int>());
+        QVERIFY(!form.PicMerlino.Visible());
+    }
+
+    void theFrameIsFivePixelsInTheColourOfLitButtons()
+    {
+        Player player;
+        ColorePulsantiSelezionati = 0x00AABBCC;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs8>();
+        MoveOver(form.Image1(6));
+        const QImage frame = form.Shape1(6).Widget()->grab().toImage();
+        for (int x = 0; x < 6; ++x)
+            QCOMPARE(frame.pixelColor(x, frame.height() / 2) == QColor(0xCC, 0xBB, 0xAA), x < 5);
     }
 
     void theFiguresGoToNoFrameAndTakeNoClicks()
@@ -95,6 +160,20 @@ private Q_SLOTS:
         QCOMPARE(player.Host.TakeEvents(),
                  QStringList({QStringLiteral("suono no/1.wav"),
                               QStringLiteral("StatusBar1.Panels(2)=1 Errati")}));
+    }
+
+    void theTenthRightAnswerBringsNoReward()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs8>();
+        Esatti = 9;
+        player.Host.TakeEvents();
+        ClickOn(form.Image1(1));
+        QCOMPARE(Esatti, 10);
+        QVERIFY(!form.PicMerlino.Visible());
+        QVERIFY(player.Host.TakeEvents().filter(QStringLiteral("Merlino")).isEmpty());
     }
 
     void smokeComesAndGoesOnTheSecondFigure()
@@ -148,6 +227,24 @@ private Q_SLOTS:
         // The task is not done: the walk goes on.
         Step(player.Host, form);
         QCOMPARE(Framed(form), QList<int>{1});
+    }
+
+    void byScanningThePanelAndTheButtonComeBeforeTheSound()
+    {
+        Player player;
+        ModoInput = 1;
+        player.Host.Expect(Task({{8, 0}, {4, 1}}));
+        auto &form = player.Open<FormEs8>();
+        player.Host.TakeEvents();
+        player.Host.Expect({{6, 3}});
+        Choose(form);
+        const QStringList events = player.Host.TakeEvents();
+        QCOMPARE(events.first(), QStringLiteral("ShockwaveFlash2.BGColor=FFFFCC"));
+        QCOMPARE(events.mid(events.size() - 3),
+                 QStringList({QStringLiteral("StatusBar1.Panels(1)=1 Esatti"),
+                              QStringLiteral("Command1(0).BackColor=000000ff"),
+                              QStringLiteral("suono si/4.wav")}));
+        QVERIFY(!form.Command1(0).Enabled());
     }
 
     void aPictureRepairsTheSecondHouseWhicheverHasTheSmoke()
@@ -217,7 +314,11 @@ private Q_SLOTS:
         QCOMPARE(form.Command1(0).BackColor(), ToColor(ColorePulsantiSelezionati));
         // The last frame stays lit until the next task.
         step();
+        if (mode == 3)
+            for (const Qt::Key back : {Qt::Key_Left, Qt::Key_Up})
+                PressAndRelease(form.PictureScansioneManuale, back);
         QCOMPARE(Framed(form), QList<int>{0});
+        QCOMPARE(form.PosizioneScansione, int16_t{8});
         player.Host.Expect(Task({{8, 2}, {4, 1}}));
         choose();
         QCOMPARE(form.PosizioneScansione, int16_t{0});
@@ -253,6 +354,10 @@ private Q_SLOTS:
         MoveOverWindow(form);
         QCOMPARE(Framed(form), QList<int>());
         QCOMPARE(form.Command1(1).BackColor(), ToColor(ColoreBottoni));
+        ClickOn(form.Command1(1));
+        MoveOver(form.Command1(1));
+        MoveOver(form.Label1);
+        QCOMPARE(form.Command1(1).BackColor(), ToColor(ColoreBottoni));
     }
 
     void overTheBarThePointerWipesTheHighlightInEveryMode_data() { RowsOfModes({1, 2, 3}); }
@@ -283,6 +388,9 @@ private Q_SLOTS:
             auto &form = player.Open<FormEs8>();
             ClickOn(form.Command1(1));
             QVERIFY(form.Pannello.Visible());
+            // Before the figures, where it can be read.
+            QCOMPARE(form.Client()->childAt(form.Pannello.Widget()->geometry().center()),
+                     form.Label1.Widget());
             QVERIFY(form.Label1.Caption().contains(QStringLiteral("Scegli qui sotto")));
             ClickOn(form.Label1);
             QVERIFY(!form.Pannello.Visible());
@@ -297,14 +405,37 @@ private Q_SLOTS:
         }
     }
 
-    void theSystemsPointerIsForThePicturesToo()
+    void theInstructionIsInThePlayersCapitals()
     {
         Player player;
-        DisabilitaMousePersonalizzato = true;
+        TipoCarattere = QStringLiteral("maiuscolo");
         player.Host.Seed(2);
-        auto &form = player.Open<FormEs8>();
-        for (const Image &picture : form.Image1)
-            QCOMPARE(picture.MousePointer(), platform::MousePointer::Default);
+        QVERIFY(
+            player.Open<FormEs8>().Label1.Caption().contains(QStringLiteral("SCEGLI QUI SOTTO")));
+    }
+
+    void theHandStandsOverPicturesAndButtonsUnlessThePlayerWantsTheSystems_data()
+    {
+        RowsOfModes({0, 1, 2, 3});
+    }
+    void theHandStandsOverPicturesAndButtonsUnlessThePlayerWantsTheSystems()
+    {
+        QFETCH(int, mode);
+        for (const bool ofTheSystem : {false, true}) {
+            Player player;
+            ModoInput = static_cast<int16_t>(mode);
+            DisabilitaMousePersonalizzato = ofTheSystem;
+            player.Host.Seed(2);
+            auto &form = player.Open<FormEs8>();
+            const auto hand =
+                ofTheSystem ? platform::MousePointer::Default : platform::MousePointer::Custom;
+            for (const Image &picture : form.Image1)
+                QCOMPARE(picture.MousePointer(), hand);
+            QCOMPARE(form.Command1(1).MousePointer(), hand);
+            // By scanning the mouse has no next task to ask for.
+            QCOMPARE(form.Command1(0).MousePointer(),
+                     mode == 0 ? hand : platform::MousePointer::Default);
+        }
     }
 
     void eachLevelIsFairToTheChild_data() { RowsOfLevels(4); }

@@ -17,6 +17,24 @@
 
 using namespace platform;
 
+namespace {
+
+// In the place of the window that the menu opens: tells what is there when it comes.
+class Next : public Form {
+public:
+    explicit Next(const char *name) : Form(name, 3000, 3000)
+    {
+        OnActivate = [] {
+            host().Changed(Find(QStringLiteral("FormMenu")) != nullptr
+                               ? QStringLiteral("beside the menu")
+                               : QStringLiteral("without the menu"));
+            host().Changed(QStringLiteral("title ") + EserciziEseguiti(1, 0));
+        };
+    }
+};
+
+} // namespace
+
 class TestFormMenu : public QObject {
     Q_OBJECT
 
@@ -29,33 +47,40 @@ private Q_SLOTS:
         const FormMenu &menu = player.OpenMenu();
         QCOMPARE(Esatti, 0);
         QCOMPARE(Errati, int16_t{0});
+        QCOMPARE(menu.Left(), 0.0);
+        QCOMPARE(menu.Top(), 0.0);
         QCOMPARE(menu.Width(), ScreenWidth());
         QCOMPARE(menu.Height(), ScreenHeight());
         QCOMPARE(menu.BackColor(), Color{0x00C0E0FF});
         QVERIFY(!menu.Timer1.Enabled());
     }
 
-    void captionsAreComposedAndWhollySmallUnlessTheyAreCapitals()
+    void captionsAreDesignedInBoldArial()
     {
         MenuPlayer player;
-        {
+        const FormMenu designed;
+        for (const Label &item : designed.Command1)
+            QCOMPARE(item.Font(), (Font{QStringLiteral("arial"), 14.25, true}));
+    }
+
+    void captionsAreComposedAndWhollySmallUnlessTheyAreCapitals()
+    {
+        const std::array<const char *, 9> composed = {
+            "\nvero o falso",       "\nuguale - diverso",  "uguali\n-\n1°",
+            "uguali\n-\n2°",        "\ncolora la morlena", "\ninsiemi",
+            "\ntrova gli\nintrusi", "\nindovina chi?",     "\nesci"};
+        MenuPlayer player;
+        for (const char *lettering : {"minuscolo", "maiuscolo", "corsivo"}) {
+            TipoCarattere = QString::fromLatin1(lettering);
             const FormMenu &menu = player.OpenMenu();
-            QCOMPARE(menu.Command1(0).Caption(), QStringLiteral("\nvero o falso"));
-            QCOMPARE(menu.Command1(2).Caption(),
-                     (MLSTesto(QStringLiteral("0059")) + QLatin1Char('\n') +
-                      MLSTesto(QStringLiteral("0060")) + QStringLiteral("\n1°"))
-                         .toLower());
-            QCOMPARE(menu.Command1(6).Caption(),
-                     (QLatin1Char('\n') + MLSTesto(QStringLiteral("0063")) + QLatin1Char('\n') +
-                      MLSTesto(QStringLiteral("0064")))
-                         .toLower());
+            for (const Label &item : menu.Command1) {
+                const QString small =
+                    QString::fromUtf8(composed.at(static_cast<size_t>(item.Index())));
+                QCOMPARE(item.Caption(),
+                         TipoCarattere == QStringLiteral("maiuscolo") ? small.toUpper() : small);
+            }
+            DropForms();
         }
-        DropForms();
-        TipoCarattere = QStringLiteral("maiuscolo");
-        QCOMPARE(player.OpenMenu().Command1(0).Caption(), QStringLiteral("\nVERO O FALSO"));
-        DropForms();
-        TipoCarattere = QStringLiteral("corsivo");
-        QCOMPARE(player.OpenMenu().Command1(0).Caption(), QStringLiteral("\nvero o falso"));
     }
 
     void theSizeOfTheCaptionsFollowsTheWidthOfAnItem()
@@ -227,6 +252,39 @@ private Q_SLOTS:
                 player.Host.TakeEvents().indexOf(QStringLiteral("FormMenu.MousePointer=11"));
             QCOMPARE(hourglass, entry == QStringLiteral("mnuConfigura") ? 0 : -1);
         }
+    }
+
+    void theMenuGoesWhenTheNextWindowHasCome_data()
+    {
+        QTest::addColumn<QString>("way");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("item") << QString() << QStringLiteral("Vero o falso");
+        for (const char *entry : {"mnuConfigura", "mnuEserciziEseguiti", "mnuAbout"})
+            QTest::newRow(entry) << QString::fromLatin1(entry) << QString();
+    }
+
+    void theMenuGoesWhenTheNextWindowHasCome()
+    {
+        QFETCH(QString, way);
+        QFETCH(QString, title);
+        MenuPlayer player;
+        SalvaUtente = true;
+        RegistraFinestra(QStringLiteral("FormEs1"), []() -> Form * { return new Next("FormEs1"); });
+        RegistraFinestra(QStringLiteral("FormConfigura"),
+                         []() -> Form * { return new Next("FormConfigura"); });
+        RegistraFinestra(QStringLiteral("FormEserciziEseguiti"),
+                         []() -> Form * { return new Next("FormEserciziEseguiti"); });
+        RegistraFinestra(QStringLiteral("FormInfo"),
+                         []() -> Form * { return new Next("FormInfo"); });
+        FormMenu &menu = player.OpenMenu();
+        if (way.isEmpty())
+            ClickOn(menu.Command1(0));
+        else
+            ClickInMenuBar(menu, way);
+        const QStringList events = player.Host.TakeEvents();
+        QCOMPARE(events.mid(events.size() - 2), QStringList({QStringLiteral("beside the menu"),
+                                                             QStringLiteral("title ") + title}));
+        QVERIFY(Form::Find(QStringLiteral("FormMenu")) == nullptr);
     }
 
     void withoutALogThereIsNoEntryForIt()

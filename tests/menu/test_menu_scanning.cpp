@@ -215,6 +215,42 @@ private Q_SLOTS:
         QVERIFY(Form::Find(QStringLiteral("FormEs1")) != nullptr);
     }
 
+    void modeTwoEndsOnTheNinthItemAndHeedsNoOtherKey()
+    {
+        MenuPlayer player;
+        ModoInput = 2;
+        const FormMenu &menu = player.OpenMenu();
+        player.Host.Advance(1000 * 8);
+        QCOMPARE(Lit(menu), QList<int>{8});
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Right, Qt::Key_Left})
+            PressAndRelease(menu.PictureScansioneAutomatica, key);
+        QCOMPARE(Lit(menu), QList<int>{8});
+        QVERIFY(!player.Host.Ended);
+        PressAndRelease(menu.PictureScansioneAutomatica, Qt::Key_Space);
+        QVERIFY(player.Host.Ended);
+        QVERIFY(player.Host.DriveHas(Settings + QStringLiteral("_predefinito.INI")));
+    }
+
+    void aKeyActsWhenItIsReleased()
+    {
+        for (const int mode : {1, 3}) {
+            MenuPlayer player;
+            player.Host.Seed(1);
+            ModoInput = Integer16(mode);
+            const FormMenu &menu = player.OpenMenu();
+            QWidget *target = menu.PictureScansioneManuale.Widget();
+            const Qt::Key step = mode == 1 ? Qt::Key_Space : Qt::Key_Right;
+            QTest::keyPress(target, step);
+            QCOMPARE(Lit(menu), QList<int>{0});
+            QTest::keyRelease(target, step);
+            QCOMPARE(Lit(menu), QList<int>{1});
+            QTest::keyPress(target, Qt::Key_Return);
+            QCOMPARE(NumeroEserciziEseguiti, int16_t{0});
+            QTest::keyRelease(target, Qt::Key_Return);
+            QCOMPARE(NumeroEserciziEseguiti, int16_t{1});
+        }
+    }
+
     void withoutAMouseClicksOnItemsDoNothing()
     {
         MenuPlayer player;

@@ -68,6 +68,16 @@ private Q_SLOTS:
         QCOMPARE(two.Combo1.Text(), QStringLiteral("_predefinito"));
     }
 
+    void theListIsFilledAnewAndNotTwice()
+    {
+        MenuPlayer player;
+        player.Save(QStringLiteral("_predefinito"));
+        player.Save(QStringLiteral("anna"));
+        FormMenu &menu = player.OpenMenu();
+        menu.RecuperaUtenti();
+        QCOMPARE(menu.Combo1.ListCount(), 2);
+    }
+
     void choosingByCodeSavesAndReadsTheProfileBack()
     {
         MenuPlayer player;
@@ -106,12 +116,14 @@ private Q_SLOTS:
         QVERIFY(!menu.mnuEserciziEseguiti.Visible());
         NumeroEserciziEseguiti = 10;
         for (int row = 0; row <= 10; ++row)
-            EserciziEseguiti(row, 0) = QStringLiteral("x");
+            for (int column = 0; column < 4; ++column)
+                EserciziEseguiti(row, column) = QStringLiteral("x");
         menu.Combo1.SetListIndex(1);
         QCOMPARE(NomeUtente, QStringLiteral("anna"));
         QCOMPARE(NumeroEserciziEseguiti, int16_t{0});
         for (int row = 0; row <= 10; ++row)
-            QCOMPARE(EserciziEseguiti(row, 0), QString());
+            for (int column = 0; column < 4; ++column)
+                QCOMPARE(EserciziEseguiti(row, column), QString());
         QCOMPARE(ModoInput, int16_t{2});
         QVERIFY(menu.Timer1.Enabled());
         QVERIFY(menu.mnuEserciziEseguiti.Visible());
@@ -347,6 +359,9 @@ private Q_SLOTS:
         QCOMPARE(menu.PictureScansioneAutomatica.Visible(), mode == 2);
         QCOMPARE(menu.Timer1.Enabled(), mode != 0);
         QCOMPARE(menu.Timer1.Interval(), mode == 2 ? 1000 : 100);
+        // Whoever has a mouse has no light that stands somewhere; the place is that of the start.
+        if (mode == 0)
+            QCOMPARE(menu.PosizioneScansione, int16_t{1});
         if (mode == 1 || mode == 3)
             QCOMPARE(menu.PictureScansioneManuale.BackColor(), Color{0x00204060});
         if (mode == 2)
@@ -381,6 +396,25 @@ private Q_SLOTS:
         QVERIFY(menu.PictureScansioneManuale.Visible());
         QVERIFY(!menu.PictureScansioneAutomatica.Visible());
         QCOMPARE(Lit(menu), QList<int>{0});
+        // The pull of the keyboard keeps the former time.
+        QCOMPARE(menu.Timer1.Interval(), 1000);
+    }
+
+    void oneSwitchLeavesTheBoxOfTheKeysWhereItIs()
+    {
+        MenuPlayer player;
+        ModoInput = 2;
+        player.Save(QStringLiteral("anna"));
+        ModoInput = 1;
+        player.Save(QStringLiteral("_predefinito"));
+        FormMenu &menu = player.OpenMenu();
+        menu.Combo1.SetListIndex(1);
+        QVERIFY(menu.PictureScansioneManuale.Visible());
+        QVERIFY(menu.PictureScansioneAutomatica.Visible());
+        QCOMPARE(Lit(menu), QList<int>());
+        player.Host.Advance(1000);
+        QVERIFY(menu.PictureScansioneAutomatica.HasFocus());
+        QCOMPARE(Lit(menu), QList<int>{1});
     }
 };
 

@@ -27,7 +27,9 @@ private Q_SLOTS:
             QVERIFY(dialog.cmdStampa.Visible());
             QVERIFY(!dialog.cmdOK.Visible());
             QVERIFY(!dialog.imgPrinter.Visible());
-            QVERIFY(!dialog.txtScala.Visible());
+            for (const VisualControl *scale : std::initializer_list<const VisualControl *>{
+                     &dialog.lblLblScala, &dialog.lblPScala, &dialog.txtScala, &dialog.cmdScalaOK})
+                QVERIFY(!scale->Visible());
             QCOMPARE(dialog.cboPrinterNames.ListCount(), 2);
             QCOMPARE(dialog.cboPrinterNames.Text(), QStringLiteral("Prima"));
             QCOMPARE(dialog.lblFgW.Caption(), QStringLiteral("200"));
@@ -35,6 +37,13 @@ private Q_SLOTS:
             QVERIFY(!dialog.lblFuoriFoglio.Visible());
             QVERIFY(!dialog.Timer1.Enabled());
             QCOMPARE(dialog.Left(), (ScreenWidth() - dialog.Width()) / 2);
+            QCOMPARE(dialog.Top(), (ScreenHeight() - dialog.Height()) / 2);
+            QVERIFY(dialog.cmdStampa.Font().Bold && dialog.cmdOK.Font().Bold);
+            QCOMPARE(dialog.cmdOrigine.ToolTipText(), QStringLiteral("Imposta i margini a 0"));
+            QCOMPARE(dialog.cmdMax.ToolTipText(), QStringLiteral("Usa tutto il foglio"));
+            QCOMPARE(dialog.txtScala.ToolTipText(), QStringLiteral("Nuovo valore + Invio"));
+            QVERIFY(dialog.chkProporzioni.Value());
+            QVERIFY(!dialog.chkCentro.Value());
             QCOMPARE(dialog.Width(), 5640.0);
             QCOMPARE(dialog.Height(), 6615.0);
             QCOMPARE(Stampa.Rapporto, 1.0F);

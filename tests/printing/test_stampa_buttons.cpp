@@ -107,7 +107,11 @@ private Q_SLOTS:
                                 BoxAnswer::Cancel);
             dialog.cmdStampa.OnClick();
             QVERIFY(!dialog.Unloaded());
-            QVERIFY(dialog.lblStampaInCorso.Visible());
+            const Label &label = dialog.lblStampaInCorso;
+            QVERIFY(label.Visible());
+            QCOMPARE(label.Left(), (dialog.picPreview.ScaleWidth() * 15 - label.Width()) / 2);
+            QCOMPARE(label.Top(), (dialog.picPreview.ScaleHeight() * 15 - label.Height()) / 2);
+            QCOMPARE(dialog.MousePointer(), platform::MousePointer::Default);
             QVERIFY(Stampa.MemoriaImmagine != nullptr);
         });
         QVERIFY(!Stampa.MemoriaImmagine);

@@ -182,8 +182,11 @@ private Q_SLOTS:
             QVERIFY(dialog.lblFuoriFoglio.Visible());
             Type(dialog.txtPrY, QStringLiteral("180"));
             QVERIFY(!dialog.lblFuoriFoglio.Visible());
+            Type(dialog.txtPrY, QStringLiteral("181"));
             dialog.cmdOrigine.OnClick();
             QVERIFY(!dialog.lblFuoriFoglio.Visible());
+            QCOMPARE(dialog.txtPrX.Text(), QStringLiteral("0"));
+            QCOMPARE(dialog.txtPrY.Text(), QStringLiteral("0"));
             dialog.updPrX.Down();
             QCOMPARE(Stampa.MargineX, -1);
             QVERIFY(dialog.lblFuoriFoglio.Visible());

@@ -25,6 +25,11 @@ private Q_SLOTS:
         QCOMPARE(log.Label2.Caption(),
                  MLSTesto(QStringLiteral("0074")) + QStringLiteral("21/11/2026"));
         QCOMPARE(log.Label3.Caption(), QString());
+        QVERIFY(log.Label1.Font().Bold && log.Label2.Font().Bold && !log.Label3.Font().Bold);
+        QCOMPARE(log.Left(), 0.0);
+        QCOMPARE(log.Top(), 0.0);
+        QCOMPARE(log.Width(), ScreenWidth());
+        QCOMPARE(log.Height(), ScreenHeight());
     }
 
     void twoExercisesStandInRowsOneAndThree()

@@ -31,6 +31,9 @@ private Q_SLOTS:
         QCOMPARE(NumeroEserciziEseguiti, int16_t{2});
         const FileQuestion &asked = teacher.Host.LastFileQuestion;
         QVERIFY(asked.Open);
+        QCOMPARE(asked.Pattern, QStringLiteral("*.rpt"));
+        QCOMPARE(asked.Extension, QStringLiteral("rpt"));
+        QVERIFY(asked.ProposedName.isEmpty());
         QCOMPARE(QDir::cleanPath(asked.StartFolder).toLower(),
                  QDir::cleanPath(teacher.File(Settings + QStringLiteral("dati"))).toLower());
     }
@@ -54,6 +57,20 @@ private Q_SLOTS:
                               QStringLiteral("1"), QStringLiteral("5"), QStringLiteral("6")}));
         QCOMPARE(Row(log.MSFlexGrid1, 2), (QStringList{{}, {}, {}, {}, {}}));
         QCOMPARE(log.Label3.Caption(), QString());
+    }
+
+    void theNextVisitShowsTheLogAgain()
+    {
+        Teacher teacher;
+        Teacher::DoExercise("Insiemi", "1", "1", "1");
+        teacher.OpenReport("Anna\r\nData\r\n 1 \r\nFine\r\n", true).mnuEsci.OnClick();
+        DropForms();
+        const FormEserciziEseguiti &log = teacher.OpenLog();
+        QCOMPARE(log.Label1.Caption(), QStringLiteral("Niccolò"));
+        QCOMPARE(log.Label3.Caption(), QString());
+        QCOMPARE(log.MSFlexGrid1.Rows(), 3);
+        QCOMPARE(log.MSFlexGrid1.TextMatrix(0, 1), MLSTesto(QStringLiteral("0075")));
+        QCOMPARE(log.MSFlexGrid1.TextMatrix(1, 1), QStringLiteral("Insiemi"));
     }
 
     void aCommaCutsTheFirstTwoLinesSoThatTheCountFails()

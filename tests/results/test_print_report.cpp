@@ -136,6 +136,25 @@ private Q_SLOTS:
         QVERIFY(texts.contains(QStringLiteral(" Esatti")));
     }
 
+    void anOpenedReportIsPrintedWithItsLastLine()
+    {
+        Teacher teacher;
+        FormEserciziEseguiti &log = teacher.OpenReport("Anna\r\nData\r\n 1 \r\nFine\r\n", true);
+        const FakePage page = Printed(teacher, log).Pages.first();
+        QCOMPARE(page.Texts.at(0).Text, QStringLiteral("Niccolò"));
+        QCOMPARE(page.Texts.at(1).Text, QStringLiteral("    Anna"));
+        QCOMPARE(page.Texts.at(1).Font.Name, QStringLiteral("arial"));
+        QCOMPARE(page.Texts.at(2).Text, QStringLiteral("    Data"));
+        QCOMPARE(page.Texts.at(3).Text, QStringLiteral("    "));
+        const PageText &last = page.Texts.at(page.Texts.size() - 2);
+        QCOMPARE(last.Text, QStringLiteral("    Fine"));
+        QCOMPARE(last.Font.Size, 12.0);
+        QCOMPARE(page.Texts.last().Text, QStringLiteral("    "));
+        // Below the table.
+        for (const PageLine &line : page.Lines)
+            QVERIFY(std::max(line.Y1, line.Y2) <= last.Y);
+    }
+
     void theTableHasItsPensItsLinesAndTheWidthsOfTheScreen()
     {
         Teacher teacher;

@@ -164,6 +164,7 @@ private Q_SLOTS:
             const double across = width * Twips / 7200;
             const double down = height * Twips / 5400;
             COMPARE_PLACE(window.Label1, 120 * across, 240 * down, 3000 * across, 1501 * down);
+            QCOMPARE(window.Label1.Font(), Font());
             // The list's own height stays.
             QCOMPARE(window.Combo1.Top(), 3000 * down);
             QCOMPARE(window.Combo1.Width(), 2000 * across);
