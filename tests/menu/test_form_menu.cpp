@@ -5,6 +5,7 @@
 #include "language/language.h"
 #include "platform/base/errors.h"
 #include "platform/machine/application.h"
+#include "support/application_folder.h"
 #include "support/cls_resize.h"
 #include "support/registered_tests.h"
 
@@ -426,6 +427,19 @@ private Q_SLOTS:
         QVERIFY(setting.open(QIODevice::ReadOnly));
         QVERIFY(setting.readAll().contains("CurrentLanguage=due"));
         QCOMPARE(EtichettaEsatti, QStringLiteral(" Esatti"));
+    }
+
+    void theComposedCaptionsHaveWordsOfTheirOwn()
+    {
+        MenuPlayer player;
+        const ApplicationFolder folder(player.Host);
+        folder.WriteLanguage("[Strings]\r\n0059=a\r\n0060=b\r\n0061=c\r\n0062=d\r\n"
+                             "0063=e\r\n0064=f\r\n");
+        LinguaCorrente.clear();
+        const FormMenu &menu = player.OpenMenu();
+        QCOMPARE(menu.Command1(2).Caption(), QStringLiteral("a\nb\n1°"));
+        QCOMPARE(menu.Command1(3).Caption(), QStringLiteral("c\nd\n2°"));
+        QCOMPARE(menu.Command1(6).Caption(), QStringLiteral("\ne\nf"));
     }
 
     void withoutAnyLanguageTheMenuSaysSoAndGoesOn()

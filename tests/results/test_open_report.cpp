@@ -1,6 +1,7 @@
 // A saved log as it is read again, which does not match how it is written, and files that are no
 // log at all.
 #include "results/teacher.h"
+#include "support/application_folder.h"
 #include "support/registered_tests.h"
 
 #include <QDir>
@@ -57,6 +58,19 @@ private Q_SLOTS:
                               QStringLiteral("1"), QStringLiteral("5"), QStringLiteral("6")}));
         QCOMPARE(Row(log.MSFlexGrid1, 2), (QStringList{{}, {}, {}, {}, {}}));
         QCOMPARE(log.Label3.Caption(), QString());
+    }
+
+    void theFirstHeadingSaysWhetherTheLogOrAReportIsShown()
+    {
+        Teacher teacher;
+        const ApplicationFolder folder(teacher.Host);
+        folder.WriteLanguage("[Strings]\r\n0075=Log\r\n0076=Report\r\n");
+        LinguaCorrente = QStringLiteral("prova");
+        QCOMPARE(teacher.OpenLog().MSFlexGrid1.TextMatrix(0, 1), QStringLiteral("Log"));
+        DropForms();
+        const FormEserciziEseguiti &log =
+            teacher.OpenReport("Anna\r\nData\r\n 1 \r\nFine\r\n", true);
+        QCOMPARE(log.MSFlexGrid1.TextMatrix(0, 1), QStringLiteral("Report"));
     }
 
     void theNextVisitShowsTheLogAgain()
