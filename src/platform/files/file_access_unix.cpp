@@ -129,6 +129,25 @@ int64_t Nanoseconds(const struct timespec &time)
     return int64_t{time.tv_sec} * NanosecondsInSecond + time.tv_nsec;
 }
 
+// For one call: what is made with the rights that it shall have cannot be left without them by a
+// process that ends right behind the call. A mask that takes the owner's rights would also keep the
+// owner out of a new folder.
+class LiftedMask {
+public:
+    LiftedMask() : m_mask(::umask(0)) {}
+    ~LiftedMask()
+    {
+        const int reason = errno;
+        ::umask(m_mask);
+        errno = reason;
+    }
+    LiftedMask(const LiftedMask &) = delete;
+    LiftedMask &operator=(const LiftedMask &) = delete;
+
+private:
+    mode_t m_mask;
+};
+
 // A new file or folder takes the group of its folder where the system lets it.
 void TakeGroupAndRights(int number, const struct stat &folder, mode_t rights, const QString &path)
 {
@@ -257,14 +276,13 @@ void MakeFolder(const FilePlace &place)
         return;
     }
     const mode_t rights = folder.st_mode & AllRights;
-    // The mask is lifted for this one call: a mask that takes the owner's rights would keep the
-    // owner from opening the folder below.
-    const mode_t mask = ::umask(0);
-    const int failed = ::mkdirat(parent.Number(), name.constData(), rights);
-    const int reason = errno;
-    ::umask(mask);
+    int failed = 0;
+    {
+        const LiftedMask lifted;
+        failed = ::mkdirat(parent.Number(), name.constData(), rights);
+    }
     if (failed != 0)
-        Raise(reason, path, PathNotFound);
+        Raise(errno, path, PathNotFound);
     const Descriptor made(::openat(parent.Number(), name.constData(),
                                    O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     if (!made.IsOpen())
@@ -273,6 +291,7 @@ void MakeFolder(const FilePlace &place)
 }
 
 struct OutputFile::State {
+    FilePlace Place;
     QString Path;
     QByteArray Name;
     Descriptor Folder;
@@ -280,32 +299,41 @@ struct OutputFile::State {
     bool New = false;
     int64_t OldSize = 0; // bytes
 
-    void Open(const FilePlace &place)
+    void Open()
     {
         // With O_NONBLOCK a pipe without a reader is refused instead of waited for.
         File = Descriptor(::openat(Folder.Number(), Name.constData(),
-                                   O_WRONLY | O_NONBLOCK | O_CLOEXEC | NoFollow(place)));
+                                   O_WRONLY | O_NONBLOCK | O_CLOEXEC | NoFollow(Place)));
     }
 
-    void Make(const FilePlace &place)
+    void Make()
     {
         struct stat folder = {};
         if (::fstat(Folder.Number(), &folder) != 0)
             Raise(errno, Path, PathNotFound);
-        File =
-            Descriptor(::openat(Folder.Number(), Name.constData(),
-                                O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, ReadWrite));
+        if (Place.OnDrive) {
+            const LiftedMask lifted;
+            Make(folder.st_mode & ReadWrite);
+        } else {
+            Make(ReadWrite);
+        }
         if (!File.IsOpen()) {
             const int reason = errno;
             // Another process was faster, or a link stands there that leads nowhere.
-            Open(place);
+            Open();
             if (!File.IsOpen())
                 Raise(reason == EEXIST ? ELOOP : reason, Path, PathNotFound);
             return;
         }
         New = true;
-        if (place.OnDrive)
+        if (Place.OnDrive)
             TakeGroupAndRights(File.Number(), folder, folder.st_mode & ReadWrite, Path);
+    }
+
+    void Make(mode_t rights)
+    {
+        File = Descriptor(::openat(Folder.Number(), Name.constData(),
+                                   O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, rights));
     }
 
     bool WriteAt(const char *bytes, int64_t size, int64_t at)
@@ -344,6 +372,7 @@ struct OutputFile::State {
 OutputFile::OutputFile(const FilePlace &place) : m_state(std::make_unique<State>())
 {
     State &state = *m_state;
+    state.Place = place;
     state.Path = place.Native();
     if (place.Parts.isEmpty())
         throw RunTimeError(PathFileAccess, state.Path);
@@ -351,9 +380,9 @@ OutputFile::OutputFile(const FilePlace &place) : m_state(std::make_unique<State>
     state.Folder = OpenFolder(place.Folder(), ForPassing);
     if (!state.Folder.IsOpen())
         Raise(errno, state.Path, PathNotFound);
-    state.Open(place);
+    state.Open();
     if (!state.File.IsOpen() && errno == ENOENT)
-        state.Make(place);
+        state.Make();
     if (!state.File.IsOpen())
         Raise(errno, state.Path, PathNotFound);
     struct stat what = {};
