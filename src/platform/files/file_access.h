@@ -60,7 +60,8 @@ public:
 
     // Writes the whole content and closes; once. What goes beyond the old length is written first,
     // so a full disk (error 61) is met while the old content still stands, and it stays. A file
-    // that was new goes away again then.
+    // that was new goes away again then. Below the drive one writes at a time, and nobody reads
+    // meanwhile; who takes longer than a tenth of a second is not waited for.
     void Replace(const QByteArray &content);
 
 private:

@@ -15,6 +15,7 @@
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -129,6 +130,22 @@ int64_t Nanoseconds(const struct timespec &time)
     return int64_t{time.tv_sec} * NanosecondsInSecond + time.tv_nsec;
 }
 
+// Two users who save one player at once would leave a mixture of both. A file is read or written in
+// far less than a millisecond; who is stopped in the middle of that must not hold up everybody
+// else.
+void AwaitTurn(const FilePlace &place, const Descriptor &file, int kind)
+{
+    constexpr int LongestTurn = 100; // looks, one a millisecond
+    constexpr struct timespec BetweenLooks = {0, 1'000'000};
+    if (!place.OnDrive)
+        return;
+    for (int look = 0; look < LongestTurn; ++look) {
+        if (::flock(file.Number(), kind | LOCK_NB) == 0 || errno != EWOULDBLOCK)
+            return;
+        ::nanosleep(&BetweenLooks, nullptr);
+    }
+}
+
 // For one call: what is made with the rights that it shall have cannot be left without them by a
 // process that ends right behind the call. A mask that takes the owner's rights would also keep the
 // owner out of a new folder.
@@ -203,6 +220,7 @@ QByteArray ReadAll(const FilePlace &place)
                                    O_RDONLY | O_NONBLOCK | O_CLOEXEC | NoFollow(place)));
     if (!file.IsOpen())
         Raise(errno, path, FileNotFound);
+    AwaitTurn(place, file, LOCK_SH);
     struct stat what = {};
     if (::fstat(file.Number(), &what) != 0)
         Raise(errno, path, FileNotFound);
@@ -297,7 +315,6 @@ struct OutputFile::State {
     Descriptor Folder;
     Descriptor File;
     bool New = false;
-    int64_t OldSize = 0; // bytes
 
     void Open()
     {
@@ -355,11 +372,16 @@ struct OutputFile::State {
     // True when all of it is on its way to the disk.
     bool Write(const QByteArray &content)
     {
+        AwaitTurn(Place, File, LOCK_EX);
+        struct stat what = {};
+        if (::fstat(File.Number(), &what) != 0)
+            return false;
+        const int64_t oldSize = what.st_size;
         const int64_t size = content.size();
-        const int64_t front = std::min(size, OldSize);
-        if (!WriteAt(content.constData() + front, size - front, OldSize)) {
+        const int64_t front = std::min(size, oldSize);
+        if (!WriteAt(content.constData() + front, size - front, oldSize)) {
             const int reason = errno;
-            if (::ftruncate(File.Number(), static_cast<off_t>(OldSize)) != 0)
+            if (::ftruncate(File.Number(), static_cast<off_t>(oldSize)) != 0)
                 qWarning("%s", "a file could not be cut back");
             errno = reason;
             return false;
@@ -388,7 +410,6 @@ OutputFile::OutputFile(const FilePlace &place) : m_state(std::make_unique<State>
     struct stat what = {};
     if (::fstat(state.File.Number(), &what) != 0 || NatureOf(what) != Nature::File)
         throw RunTimeError(PathFileAccess, state.Path);
-    state.OldSize = what.st_size;
 }
 
 OutputFile::~OutputFile() = default;
