@@ -3,9 +3,12 @@
 #include "configuration/adult.h"
 #include "platform/base/errors.h"
 #include "platform/machine/application.h"
+#include "support/as_user.h"
 #include "support/registered_tests.h"
 
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QTest>
 
 using namespace platform;
@@ -117,6 +120,31 @@ private Q_SLOTS:
         QCOMPARE(window.ListModificaUtente.ListCount(), 2);
         ClickOn(window.OptionUtente(2));
         QVERIFY(!window.ListModificaUtente.Visible());
+    }
+
+    // The settings' folder may be entered and written, and not be looked through.
+    void aLookUpThatFailsLeavesTheListEmpty()
+    {
+        Adult adult;
+        adult.Save(QStringLiteral("anna"));
+        const FormConfigura &window = adult.OpenWindow();
+        ClickOn(window.OptionUtente(1));
+        QCOMPARE(window.ListModificaUtente.ListCount(), 1);
+        const QString folder = adult.Host.Drive.filePath(Settings);
+        for (const QString &path : {adult.Host.Drive.path(), QFileInfo(folder.chopped(1)).path()})
+            QFile::setPermissions(path, QFile::Permissions(0x7755));
+        QFile::setPermissions(folder, QFile::Permissions(0x3333));
+        for (const char *name : {"anna.ini", "_predefinito.INI"})
+            QFile::setPermissions(folder + QString::fromLatin1(name), QFile::Permissions(0x6666));
+        const QByteArray said = AsOrdinaryUser([&]() -> QByteArray {
+            HOLDS(QDir(folder).entryList(QDir::Files).isEmpty());
+            ClickOn(window.OptionUtente(1));
+            HOLDS(adult.Host.FatalNumber == 0);
+            HOLDS(window.ListModificaUtente.ListCount() == 0);
+            return {};
+        });
+        QCOMPARE(said, QByteArray());
+        QFile::setPermissions(folder, QFile::Permissions(0x7755));
     }
 
     void aListedPlayerIsLoadedAndShownAtOnce()

@@ -144,6 +144,7 @@ private Q_SLOTS:
                  QStringList({QStringLiteral("StatusBar1.Panels(1)=1 Esatti"),
                               QStringLiteral("Command1(0).Enabled=True"),
                               QStringLiteral("suono si/4.wav")}));
+        QCOMPARE(form.PosizioneScansione, int16_t{0});
         ClickOn(form.Image1(1));
         ClickOn(form.Image1(4));
         QCOMPARE(player.Host.TakeEvents(), QStringList());

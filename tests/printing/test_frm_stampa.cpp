@@ -1,6 +1,7 @@
 // The page set-up dialog in both modes: what it opens with, and what is told instead.
 #include "language/language.h"
 #include "printing/stampa_desk.h"
+#include "support/application_folder.h"
 #include "support/registered_tests.h"
 
 #include <QTest>
@@ -169,6 +170,24 @@ private Q_SLOTS:
         desk.Open(request, [&](FrmStampa &dialog) {
             QCOMPARE(Stampa.LarghezzaOrigine, 180.0F);
             QVERIFY(dialog.txtScala.Text().startsWith(QLatin1Char('2')));
+        });
+        request.Scala.reset();
+        request.Oggetto = static_cast<Control *>(desk.Picture.get());
+        desk.Open(request, [&](FrmStampa &) { QCOMPARE(Stampa.LarghezzaOrigine, 900.0F); });
+    }
+
+    void onlyAPrintIsLaidOutInTheLanguage()
+    {
+        Desk desk;
+        const ApplicationFolder folder(desk.Host);
+        folder.WriteLanguage("[frmStampa]\r\ncmdChiudi.Caption=Fertig\r\n");
+        LinguaCorrente = QStringLiteral("prova");
+        desk.Open([&](FrmStampa &dialog) {
+            QCOMPARE(dialog.cmdChiudi.Caption(), QStringLiteral("Fertig"));
+        });
+        // The set-up alone keeps its design: meant.
+        desk.Open({}, [&](FrmStampa &dialog) {
+            QCOMPARE(dialog.cmdChiudi.Caption(), QStringLiteral("&Chiudi"));
         });
     }
 

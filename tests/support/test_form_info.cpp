@@ -25,7 +25,10 @@ private Q_SLOTS:
         for (const char *key : {"9996", "9997", "9998", "9999"})
             lines << MLSTesto(QString::fromLatin1(key));
         QCOMPARE(window.Label4.Caption(), lines.join(QLatin1Char('\n')));
+        QCOMPARE(window.Left(), 0.0);
+        QCOMPARE(window.Top(), 0.0);
         QCOMPARE(window.Width(), ScreenWidth());
+        QCOMPARE(window.Height(), ScreenHeight());
     }
 
     void aLanguageWithoutItsLinesLeavesThemOut()
