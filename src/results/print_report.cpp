@@ -27,18 +27,16 @@ public:
         // Half of the frame's pen would fall off the sheet.
         const double bordo = stampante.PenWidth() / 2;
         m_sinistra = std::max(x, bordo);
-        double destra = m_sinistra + Spazio;
-        for (int colonna = 0; colonna < tabella.Cols(); ++colonna)
-            destra += tabella.ColWidth(colonna) + 2 * Spazio;
+        // Each column has its space on both sides, and one more stands before the right edge.
         const double spazi = (2 * tabella.Cols() + 1) * Spazio;
-        const double testi = destra - m_sinistra - spazi;
+        double testi = 0;
+        for (int colonna = 0; colonna < tabella.Cols(); ++colonna)
+            testi += tabella.ColWidth(colonna);
         const double posto = stampante.ScaleWidth() - bordo - m_sinistra - spazi;
-        const double scala = testi > posto && testi > 0 ? std::max(0.0, posto / testi) : 1;
+        const double scala = testi > posto ? std::max(0.0, posto / testi) : 1;
         for (int colonna = 0; colonna < tabella.Cols(); ++colonna)
             m_larghezze << tabella.ColWidth(colonna) * scala;
-        m_destra = m_sinistra + Spazio;
-        for (const double larghezza : m_larghezze)
-            m_destra += larghezza + 2 * Spazio;
+        m_destra = m_sinistra + spazi + testi * scala;
     }
 
     void Stampa()
