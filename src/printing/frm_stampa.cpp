@@ -16,15 +16,12 @@ namespace {
 constexpr double Larghezza = 5640; // twips
 constexpr double Altezza = 6615;
 constexpr int Lampeggio = 500; // ms
-constexpr double TwipPerPixel = 15;
 constexpr double PuntiTesto = 8.25;
 constexpr double PuntiAvviso = 7.5; // three words on three lines
-constexpr Color Rosso = 255;
 constexpr Color Giallo = 0x0000FFFF;
 constexpr Color Bianco = 0x00FFFFFF;
 constexpr int CopieMassime = 100; // by the arrows
 constexpr int MisuraMinima = 2;   // millimetres, by the arrows
-constexpr int MisuraMassima = 2000;
 
 } // namespace
 

@@ -73,6 +73,10 @@ public:
     platform::Button cmdChiudi;
 
 private:
+    static constexpr double TwipPerPixel = 15;
+    static constexpr int MisuraMassima = 2000;    // millimetres, of margins and sizes
+    static constexpr platform::Color Rosso = 255; // of the warning
+
     void Disegna();
     void CollegaCampi();
     void CollegaPulsanti();

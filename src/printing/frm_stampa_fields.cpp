@@ -11,7 +11,6 @@ using namespace platform;
 
 namespace {
 
-constexpr int MisuraMassima = 2000; // millimetres
 constexpr int KeyBackspace = 8;
 
 bool Cifra(QChar lettera)
@@ -27,13 +26,13 @@ int32_t Valore(const TextBox &campo)
 }
 
 // Writes the nearest end for a number outside its limits, with that text's own Change.
-void Limita(TextBox &campo, int minimo)
+void Limita(TextBox &campo, int minimo, int massimo)
 {
     const double valore = LeadingNumber(campo.Text());
     if (valore < minimo)
         campo.SetText(QString::number(minimo));
-    else if (valore > MisuraMassima)
-        campo.SetText(QString::number(MisuraMassima));
+    else if (valore > massimo)
+        campo.SetText(QString::number(massimo));
 }
 
 void Scrivi(TextBox &campo, double valore)
@@ -48,21 +47,21 @@ void FrmStampa::CollegaCampi()
     for (TextBox *campo : {&txtPrX, &txtPrY, &txtPrW, &txtPrH, &txtNCopies})
         campo->OnKeyPress = Cifra;
     txtPrW.OnChange = [this] {
-        Limita(txtPrW, 1);
+        Limita(txtPrW, 1, MisuraMassima);
         Stampa.StampaW = Valore(txtPrW);
         txtScala.SetText(
             FormatGrouped(static_cast<double>(Stampa.LarghezzaOrigine) / Stampa.StampaW));
     };
     txtPrH.OnChange = [this] {
-        Limita(txtPrH, 1);
+        Limita(txtPrH, 1, MisuraMassima);
         Stampa.StampaH = Valore(txtPrH);
     };
     txtPrX.OnChange = [this] {
-        Limita(txtPrX, -MisuraMassima);
+        Limita(txtPrX, -MisuraMassima, MisuraMassima);
         Stampa.MargineX = Valore(txtPrX);
     };
     txtPrY.OnChange = [this] {
-        Limita(txtPrY, -MisuraMassima);
+        Limita(txtPrY, -MisuraMassima, MisuraMassima);
         Stampa.MargineY = Valore(txtPrY);
     };
     txtNCopies.OnChange = [this] { Stampa.NumeroCopie = Valore(txtNCopies); };

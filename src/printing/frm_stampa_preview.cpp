@@ -10,8 +10,6 @@ using namespace platform;
 namespace {
 
 constexpr float LatoLungo = 1905; // twips, of the sheet's surface
-constexpr double TwipPerPixel = 15;
-constexpr Color Rosso = 255;
 
 void Metti(VisualControl &controllo, double sinistra, double alto, double larghezza, double altezza)
 {
