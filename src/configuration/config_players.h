@@ -18,8 +18,10 @@ public:
                  platform::ListBox &esistenti, platform::TextBox &nuovo,
                  std::function<void()> caricato);
 
-    void ScegliTipo();
-    void Modifica();
+    // Both save first, and may leave with an error of that file.
+    void ScegliTipo(); // which of the three was chosen
+    void Modifica();   // a player of the list was chosen
+    // The new name changed, letter by letter; nothing is saved yet.
     void ScriviNuovo();
 
 private:

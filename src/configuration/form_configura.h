@@ -71,8 +71,10 @@ public:
 
     platform::MenuItem mnuEsci;
 
+    // Brings all controls into line with the settings in force.
     void ImpostaConfigurazioni();
-    void NascondiFrame();
+    void NascondiFrame(); // the six pages
+    // Paints the house of the second page anew, and writes the colours' names.
     void Preparamorlena();
 
 private:

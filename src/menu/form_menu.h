@@ -32,8 +32,11 @@ public:
     platform::MenuItem mnuLanguages;
     platform::ControlArray<platform::MenuItem> mnuLanguage;
 
+    // Lists the players, of whom the current one is chosen: a click, which saves and loads him.
     void RecuperaUtenti();
+    // Dresses the menu for the current player: colours, letters, pointer, input mode.
     void ImpostaUtente();
+    // Lists the languages and ticks the one in force; a box when there is none.
     void MLSFillMenuLanguages();
 
 private:

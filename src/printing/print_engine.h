@@ -22,6 +22,7 @@ void ProprietaStampante(platform::Form &finestra, const QString &nome);
 // Printable size in whole millimetres: a margin of 0 is the corner of what the printer can reach,
 // not of the paper. Zeros for a printer that is gone, -1 without a name.
 bool LeggiFoglio(const QString &nome, int32_t &larghezza, int32_t &altezza, int32_t &orientamento);
+// Makes `hDCStampante` for a document of that name; false for a printer that is gone.
 bool CreaDCStampante(const QString &nome, const QString &titolo);
 
 // The sheet of `NomeStampante`, upright (1) or across (2); -1 for both on failure.

@@ -31,7 +31,7 @@ struct CampiStampa {
     std::unique_ptr<platform::PrintDevice> hDCStampante; // of the print in progress
     platform::DeviceMode BufferIngresso;                 // to the driver
     platform::DeviceMode BufferUscita;                   // from the driver
-    QString NomeDocumento;
+    QString NomeDocumento;                               // the same print's
 
     OggettoDaStampare OggettoStampa;
     bool OggettoValido = false;    // false: the dialog only sets up a printer

@@ -113,7 +113,7 @@ private:
     bool m_done = false;
 };
 
-// Only where the program's windows are: when the printing system was asked last.
+// When the printing system was asked last. Only the thread of the windows looks at it.
 std::optional<Clock::time_point> &LastAsked()
 {
     static std::optional<Clock::time_point> asked;
@@ -319,7 +319,6 @@ private:
             m_cups.CancelJob(connection.Get(), m_printer.constData(), job, 0);
     }
 
-private:
     const Cups &m_cups;
     QByteArray m_printer;
     QByteArray m_title;
