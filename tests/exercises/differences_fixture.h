@@ -5,8 +5,6 @@
 #include "support/exercise_fixture.h"
 #include "support/hands.h"
 
-const QList<int> AllGreen = {1, 1, 1, 1, 1, 1};
-
 // All green without smoke and clouds; then the parts that differ with their colours on the second.
 inline QList<ScriptedDraw> Task(const QList<ScriptedDraw> &differences)
 {

@@ -1,12 +1,29 @@
 // What the tests of the two exercises with a grid of houses share.
 #pragma once
 
-#include "exercises/figure_grid.h"
+#include "exercises/form_es6.h"
+#include "exercises/form_es7.h"
 #include "support/exercise_fixture.h"
 #include "support/hands.h"
 #include "support/sentence_reader.h"
 
+#include <QTest>
+
 #include <algorithm>
+
+inline void RowsOfGrids()
+{
+    QTest::addColumn<int>("exercise");
+    QTest::newRow("Trova gli intrusi") << 6;
+    QTest::newRow("Indovina chi?") << 7;
+}
+
+inline GrigliaFigure &OpenGrid(Player &player, int exercise)
+{
+    if (exercise == 6)
+        return player.Open<FormEs6>();
+    return player.Open<FormEs7>();
+}
 
 // The draws of a task: the figure described, a colour for the six parts of each figure and its
 // smoke and clouds, then the order of the eight lines.

@@ -1,58 +1,17 @@
-// What the two exercises with a grid of houses share: grids, description, the walk of the frame.
-#include "exercises/form_es6.h"
-#include "exercises/form_es7.h"
-
+// What the two exercises with a grid of houses share: grids, description, the way to a task.
 #include "exercises/grid_fixture.h"
-#include "support/hands.h"
 #include "support/registered_tests.h"
 
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace platform;
-
-namespace {
-
-// Whether the frame stood on a figure when the keyboard came.
-class FocusWatcher : public QObject {
-public:
-    FocusWatcher(const GrigliaFigure &form, int figure) : m_form(form), m_figure(figure)
-    {
-        form.PictureScansioneAutomatica.Widget()->installEventFilter(this);
-    }
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::FocusIn)
-            FramedBefore = FrameIsOn(m_form, m_figure);
-        return false;
-    }
-    bool FramedBefore = false;
-
-private:
-    const GrigliaFigure &m_form;
-    int m_figure;
-};
-
-GrigliaFigure &OpenGrid(Player &player, int exercise)
-{
-    if (exercise == 6)
-        return player.Open<FormEs6>();
-    return player.Open<FormEs7>();
-}
-
-} // namespace
 
 class TestFigureGrid : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void bothExercises_data()
-    {
-        QTest::addColumn<int>("exercise");
-        QTest::newRow("Trova gli intrusi") << 6;
-        QTest::newRow("Indovina chi?") << 7;
-    }
-
-    void theLevelsShowTheirGrids_data() { bothExercises_data(); }
+    void theLevelsShowTheirGrids_data() { RowsOfGrids(); }
     void theLevelsShowTheirGrids()
     {
         QFETCH(int, exercise);
@@ -89,7 +48,7 @@ private Q_SLOTS:
         }
     }
 
-    void aTaskTakesItsStepsInOrder_data() { bothExercises_data(); }
+    void aTaskTakesItsStepsInOrder_data() { RowsOfGrids(); }
     void aTaskTakesItsStepsInOrder()
     {
         QFETCH(int, exercise);
@@ -124,7 +83,7 @@ private Q_SLOTS:
         QVERIFY(!form.Command1(0).Enabled());
     }
 
-    void figuresTakeClicksInTheFrameOfTheMode_data() { bothExercises_data(); }
+    void figuresTakeClicksInTheFrameOfTheMode_data() { RowsOfGrids(); }
     void figuresTakeClicksInTheFrameOfTheMode()
     {
         QFETCH(int, exercise);
@@ -141,7 +100,7 @@ private Q_SLOTS:
             }
     }
 
-    void aPartIsToldOnceAndInADrawnOrder_data() { bothExercises_data(); }
+    void aPartIsToldOnceAndInADrawnOrder_data() { RowsOfGrids(); }
     void aPartIsToldOnceAndInADrawnOrder()
     {
         QFETCH(int, exercise);
@@ -155,70 +114,8 @@ private Q_SLOTS:
         QCOMPARE(form.Text1.Text().count(QStringLiteral("\r\n")), 8);
     }
 
-    void theFrameWalksOverWhatIsVisible_data() { bothExercises_data(); }
-    void theFrameWalksOverWhatIsVisible()
-    {
-        QFETCH(int, exercise);
-        Player player;
-        SuoniAttivi = false;
-        ModoInput = 3;
-        player.Host.Seed(1);
-        GrigliaFigure &form = OpenGrid(player, exercise);
-        const auto key = [&](Qt::Key name) { PressAndRelease(form.PictureScansioneManuale, name); };
-        QVERIFY(FrameIsOn(form, 0));
-        // Two figures side by side: up and down do nothing.
-        key(Qt::Key_Down);
-        key(Qt::Key_Up);
-        QCOMPARE(form.PosizioneScansione, int16_t{0});
-        key(Qt::Key_Left);
-        QVERIFY(FrameIsOn(form, 1));
-        ChooseLevel(form, 4);
-        form.PosizioneScansione = 7;
-        key(Qt::Key_Down);
-        QCOMPARE(form.PosizioneScansione, int16_t{1});
-        key(Qt::Key_Up);
-        QCOMPARE(form.PosizioneScansione, int16_t{7});
-        key(Qt::Key_Right);
-        key(Qt::Key_Right);
-        QVERIFY(FrameIsOn(form, 0));
-        for (const int hidden : {1, 2, 3})
-            form.ShockwaveFlash1(hidden).SetVisible(false);
-        key(Qt::Key_Right);
-        QVERIFY(FrameIsOn(form, 4));
-        key(Qt::Key_Left);
-        QVERIFY(FrameIsOn(form, 0));
-        key(Qt::Key_Down);
-        QVERIFY(FrameIsOn(form, 6));
-        ChooseLevel(form, 5);
-        key(Qt::Key_Down);
-        QVERIFY(FrameIsOn(form, 4));
-        key(Qt::Key_Up);
-        key(Qt::Key_Up);
-        QVERIFY(FrameIsOn(form, 8));
-    }
-
-    void aColumnWithoutFiguresLeavesTheFrameWhereItWas_data() { bothExercises_data(); }
-    void aColumnWithoutFiguresLeavesTheFrameWhereItWas()
-    {
-        QFETCH(int, exercise);
-        Player player;
-        SuoniAttivi = false;
-        ModoInput = 3;
-        player.Host.Seed(1);
-        GrigliaFigure &form = OpenGrid(player, exercise);
-        ChooseLevel(form, 4);
-        for (const int hidden : {1, 4, 7})
-            form.ShockwaveFlash1(hidden).SetVisible(false);
-        form.PosizioneScansione = 4;
-        for (const Qt::Key name : {Qt::Key_Down, Qt::Key_Up}) {
-            PressAndRelease(form.PictureScansioneManuale, name);
-            QCOMPARE(form.PosizioneScansione, int16_t{4});
-            QVERIFY(FrameIsOn(form, 4));
-        }
-    }
-
     // On the figure sought in one exercise, on another one in the other.
-    void aQuickSecondPressOnAFigureCounts_data() { bothExercises_data(); }
+    void aQuickSecondPressOnAFigureCounts_data() { RowsOfGrids(); }
     void aQuickSecondPressOnAFigureCounts()
     {
         QFETCH(int, exercise);
@@ -236,7 +133,7 @@ private Q_SLOTS:
     }
 
     // The figure that was hit is known; what its movie says is not looked at.
-    void whatAMovieSaysIsNotLookedAt_data() { bothExercises_data(); }
+    void whatAMovieSaysIsNotLookedAt_data() { RowsOfGrids(); }
     void whatAMovieSaysIsNotLookedAt()
     {
         QFETCH(int, exercise);
@@ -251,66 +148,7 @@ private Q_SLOTS:
         QCOMPARE(player.Host.FatalNumber, 0);
     }
 
-    void theKeyboardIsTakenAfterTheStepAndNotWhenDone_data() { bothExercises_data(); }
-    void theKeyboardIsTakenAfterTheStepAndNotWhenDone()
-    {
-        QFETCH(int, exercise);
-        Player player;
-        SuoniAttivi = false;
-        ModoInput = 2;
-        player.Host.Seed(1);
-        GrigliaFigure &form = OpenGrid(player, exercise);
-        form.PictureScansioneAutomatica.Widget()->clearFocus();
-        const FocusWatcher watcher(form, 1);
-        player.Host.Advance(1000);
-        QVERIFY(form.PictureScansioneAutomatica.HasFocus());
-        QVERIFY(watcher.FramedBefore);
-        QVERIFY(FrameIsOn(form, 1));
-        form.PictureScansioneAutomatica.Widget()->clearFocus();
-        form.Command1(0).SetBackColor(ToColor(ColorePulsantiSelezionati));
-        player.Host.Advance(3000);
-        QVERIFY(!form.PictureScansioneAutomatica.HasFocus());
-        QVERIFY(FrameIsOn(form, 1));
-    }
-
-    void withOneColourForAllButtonsEveryChoiceAsksForANewTask_data() { bothExercises_data(); }
-    void withOneColourForAllButtonsEveryChoiceAsksForANewTask()
-    {
-        QFETCH(int, exercise);
-        Player player;
-        SuoniAttivi = false;
-        ModoInput = 1;
-        ColorePulsantiSelezionati = ColoreBottoni;
-        player.Host.Seed(1);
-        GrigliaFigure &form = OpenGrid(player, exercise);
-        for (int choice = 0; choice < 5; ++choice) {
-            player.Host.TakeEvents();
-            PressAndRelease(form.PictureScansioneManuale, Qt::Key_Return);
-            QVERIFY(!player.Host.TakeEvents().filter(QStringLiteral("morlena0.swf")).isEmpty());
-        }
-        QCOMPARE(Esatti + Errati, 0);
-    }
-
-    void aLevelChosenWhenDoneAsksForANewTaskOnceMore_data() { bothExercises_data(); }
-    void aLevelChosenWhenDoneAsksForANewTaskOnceMore()
-    {
-        QFETCH(int, exercise);
-        Player player;
-        SuoniAttivi = false;
-        ModoInput = 1;
-        player.Host.Seed(1);
-        GrigliaFigure &form = OpenGrid(player, exercise);
-        form.Command1(0).SetBackColor(ToColor(ColorePulsantiSelezionati));
-        player.Host.TakeEvents();
-        ChooseLevel(form, 1);
-        QVERIFY(player.Host.TakeEvents().filter(QStringLiteral("morlena0.swf")).isEmpty());
-        QVERIFY(IsDoneByScanning(form));
-        PressAndRelease(form.PictureScansioneManuale, Qt::Key_Return);
-        QCOMPARE(Esatti + Errati, 0);
-        QVERIFY(!IsDoneByScanning(form));
-    }
-
-    void anErrorInAColouringLeavesTheFiguresAsFarAsTheyWerePainted_data() { bothExercises_data(); }
+    void anErrorInAColouringLeavesTheFiguresAsFarAsTheyWerePainted_data() { RowsOfGrids(); }
     void anErrorInAColouringLeavesTheFiguresAsFarAsTheyWerePainted()
     {
         QFETCH(int, exercise);
@@ -338,25 +176,7 @@ private Q_SLOTS:
         QCOMPARE(form.MousePointer(), platform::MousePointer::Default);
     }
 
-    void aLevelChosenWithAHeldSwitchStartsTheScanningAgain_data() { bothExercises_data(); }
-    void aLevelChosenWithAHeldSwitchStartsTheScanningAgain()
-    {
-        QFETCH(int, exercise);
-        Player player;
-        SuoniAttivi = false;
-        ModoInput = 2;
-        player.Host.Seed(1);
-        GrigliaFigure &form = OpenGrid(player, exercise);
-        QTest::keyPress(form.PictureScansioneAutomatica.Widget(), Qt::Key_Space);
-        player.Host.Advance(3000);
-        QVERIFY(FrameIsOn(form, 0));
-        ChooseLevel(form, 2);
-        player.Host.Advance(1000);
-        QVERIFY(FrameIsOn(form, 1));
-        QTest::keyRelease(form.PictureScansioneAutomatica.Widget(), Qt::Key_Space);
-    }
-
-    void thePicturesAreNeverShown_data() { bothExercises_data(); }
+    void thePicturesAreNeverShown_data() { RowsOfGrids(); }
     void thePicturesAreNeverShown()
     {
         QFETCH(int, exercise);
@@ -368,7 +188,7 @@ private Q_SLOTS:
         QCOMPARE(form.Image1(7).MousePointer(), platform::MousePointer::Custom);
     }
 
-    void capitalsAreInThePlayersStyle_data() { bothExercises_data(); }
+    void capitalsAreInThePlayersStyle_data() { RowsOfGrids(); }
     void capitalsAreInThePlayersStyle()
     {
         QFETCH(int, exercise);

@@ -95,3 +95,5 @@ inline QList<ScriptedDraw> Colouring(const QList<int> &parts, int smoke, int clo
         draws << ScriptedDraw{4, part - 1};
     return draws << ScriptedDraw{2, smoke} << ScriptedDraw{2, clouds};
 }
+
+const QList<int> AllGreen = {1, 1, 1, 1, 1, 1};
