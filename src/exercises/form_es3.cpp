@@ -5,6 +5,8 @@
 
 #include "language/language.h"
 
+#include <utility>
+
 using namespace platform;
 
 namespace {
@@ -97,6 +99,8 @@ void FormEs3::ImpostaColori()
         }
         CopiaFigura1();
         CreaDifferenze(ModoInput == 0 ? Nuvole : PartiDipinte);
+        // The house whose outlines light up is the one to have them. As they never differ there is
+        // nothing to exchange; the rule stands all the same: meant.
         if (ModoInput > 0)
             for (const int parte : {Fumo, Nuvole})
                 if (ColoriFigura2(parte) == 0 && ColoriFigura1(parte) == 1)
