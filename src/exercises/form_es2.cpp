@@ -37,10 +37,10 @@ struct Risposte {
 Risposte RisposteSu(int parte)
 {
     switch (parte) {
-    case 3: // pareti
+    case Pareti:
     case Finestre:
         return {17, 18};
-    case 5: // porta; its "same" is the masculine one: meant
+    case Porta: // its "same" is the masculine one: meant
         return {8, 19};
     default:
         return {8, 9};

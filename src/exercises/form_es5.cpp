@@ -159,7 +159,8 @@ void FormEs5::EstraiPrimo()
 
 bool FormEs5::DaScartare() const
 {
-    return (SecondoOggetto == SenzaNome && PrimoOggetto == 1) || SecondoOggetto == PrimoOggetto;
+    return (SecondoOggetto == SenzaNome && PrimoOggetto == Comignolo) ||
+           SecondoOggetto == PrimoOggetto;
 }
 
 void FormEs5::ScriviFrase1()
@@ -219,8 +220,9 @@ void FormEs5::ComponiFrasePositiva1()
         FraseComposta = AperturaPositiva(PrimoOggetto) + NomeColore(PrimoColore, PrimoOggetto);
 }
 
-// The colour of the step takes another column of the adjectives on each level: masculine plural,
-// masculine singular, feminine singular. Meant, as the language file's nouns tell.
+// The colour of the step takes another column of the adjectives on each level: masculine plural, as
+// the level's own noun wants it, masculine singular, and on level 4 the feminine, which does not
+// agree. Meant.
 
 void FormEs5::ComponiFrasePositiva2()
 {
@@ -231,8 +233,15 @@ void FormEs5::ComponiFrasePositiva2()
         FraseComposta = Messaggi(14) + InMinuscolo(Messaggi(SecondoColore == 1 ? 12 : 13));
     else if (SecondoOggetto <= PartiDipinte)
         FraseComposta = Messaggi(14) + Testo(83 + SecondoOggetto) +
-                        (SecondoOggetto == 6 ? Colori(SecondoColore, 2)
-                                             : NomeColore(SecondoColore, SecondoOggetto));
+                        (SecondoOggetto == Gradino ? Colori(SecondoColore, 2)
+                                                   : NomeColore(SecondoColore, SecondoOggetto));
+}
+
+// Behind "or" the chimney opens with a text of its own, which differs from level to level.
+QString FormEs5::AperturaSeconda(int testoDelComignolo) const
+{
+    return SecondoOggetto == Comignolo ? Testo(testoDelComignolo)
+                                       : InMinuscolo(AperturaPositiva(SecondoOggetto));
 }
 
 void FormEs5::ComponiFrasePositiva3()
@@ -243,9 +252,7 @@ void FormEs5::ComponiFrasePositiva3()
     else if (SecondoOggetto == Nuvole)
         FraseComposta = o + (SecondoColore == 1 ? InMinuscolo(Messaggi(12)) : Testo(91));
     else
-        FraseComposta =
-            o + (SecondoOggetto == 1 ? Testo(90) : InMinuscolo(AperturaPositiva(SecondoOggetto))) +
-            NomeColore(SecondoColore, SecondoOggetto);
+        FraseComposta = o + AperturaSeconda(90) + NomeColore(SecondoColore, SecondoOggetto);
 }
 
 void FormEs5::ComponiFrasePositiva4()
@@ -262,11 +269,10 @@ void FormEs5::ComponiFrasePositiva4()
         FraseComposta =
             o + InMinuscolo(Messaggi(SecondoColore == 1 ? 12 : 13)) + virgola + Messaggi(34);
     else if (SecondoOggetto <= PartiDipinte)
-        FraseComposta =
-            o + (SecondoOggetto == 1 ? Testo(92) : InMinuscolo(AperturaPositiva(SecondoOggetto))) +
-            (SecondoOggetto == 6 ? Colori(SecondoColore, 3)
-                                 : NomeColore(SecondoColore, SecondoOggetto)) +
-            virgola + Messaggi(0) + Messaggi(31);
+        FraseComposta = o + AperturaSeconda(92) +
+                        (SecondoOggetto == Gradino ? Colori(SecondoColore, 3)
+                                                   : NomeColore(SecondoColore, SecondoOggetto)) +
+                        virgola + Messaggi(0) + Messaggi(31);
 }
 
 // --- The figure ---

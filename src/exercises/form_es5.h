@@ -44,6 +44,7 @@ private:
     bool DaScartare() const;
     void ComponiFrasePositiva1();
     void ComponiFrasePositiva2();
+    QString AperturaSeconda(int testoDelComignolo) const;
     void ComponiFrasePositiva3();
     void ComponiFrasePositiva4();
 

@@ -6,10 +6,16 @@
 
 #include <cstdint>
 
-constexpr int PartiDipinte = 6; // 1 to 6 are painted
+constexpr int Comignolo = 1;
+constexpr int Tetto = 2;
+constexpr int Pareti = 3;
 constexpr int Finestre = 4;
+constexpr int Porta = 5;
+constexpr int Gradino = 6;
 constexpr int Fumo = 7; // 7 and 8 are there or not
 constexpr int Nuvole = 8;
+
+constexpr int PartiDipinte = 6; // 1 to 6
 
 // Entry 1 to 6: a colour number 1 to 4; 7 and 8: 0 or 1; entry 0 is not used.
 using Colorazione = Vettore<int16_t, 8>;

@@ -3,6 +3,7 @@
 #include "core/lettering.h"
 #include "core/profile.h"
 #include "core/shared_state.h"
+#include "frame/figure_movie.h"
 
 #include <array>
 
@@ -49,7 +50,7 @@ QString NomeColore(int colore, int parte)
 
 QString FrasePresenza(int parte, bool presente)
 {
-    if (parte == 7)
+    if (parte == Fumo)
         return Messaggi(presente ? 10 : 11);
     return Messaggi(presente ? 16 : 15);
 }
