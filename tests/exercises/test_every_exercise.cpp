@@ -2,7 +2,10 @@
 // the mouse without a part in scanning, and errors that a child never sees.
 #include "exercises/every_exercise.h"
 #include "platform/machine/application.h"
+#include "printing/frm_stampa.h"
+#include "printing/print_fields.h"
 #include "support/registered_tests.h"
+#include "support/windows/form1.h"
 
 #include <QImage>
 #include <QPixmap>
@@ -281,6 +284,111 @@ private Q_SLOTS:
         ColorePulsantiSelezionati = 1e12;
         Guarded([&] { player.Host.Advance(5000); });
         QCOMPARE(player.Host.FatalNumber, 0);
+    }
+
+    void theLightFollowsThePointerInEveryExercise_data() { RowsOfExercises(); }
+    void theLightFollowsThePointerInEveryExercise()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        ColoreBottoni = 0x00123456;
+        player.Host.Seed(4);
+        FinestraEsercizio &form = OpenExercise(player, exercise);
+        if (exercise == 3 || exercise == 8)
+            ClickOn(form.Command1(1)); // the instruction's text is there when it is asked for
+        // What cannot be pressed is not lit by the toolkit's own event, so all are let in.
+        for (Button &button : form.Command1)
+            button.SetEnabled(true);
+        const auto lit = [&] {
+            QList<int> indexes;
+            for (const Button &button : form.Command1)
+                if (button.BackColor() == ToColor(ColorePulsantiSelezionati))
+                    indexes << button.Index();
+            return indexes;
+        };
+        for (const Button &button : form.Command1) {
+            MoveOver(button);
+            QCOMPARE(lit(), QList<int>{button.Index()});
+        }
+        MoveOver(TextOf(form));
+        QCOMPARE(lit(), QList<int>());
+        MoveOver(form.Command1(0));
+        MoveOverWindow(form);
+        QCOMPARE(lit(), QList<int>());
+        QCOMPARE(form.Command1(0).BackColor(), Color{0x00123456});
+    }
+
+    void theKeyboardComesBackInEveryExercise_data() { theMouseHasNoPartInScanning_data(); }
+    void theKeyboardComesBackInEveryExercise()
+    {
+        QFETCH(int, exercise);
+        QFETCH(int, mode);
+        Player player;
+        ModoInput = static_cast<int16_t>(mode);
+        VelocitaScansione = 3;
+        player.Host.Seed(4);
+        const FinestraEsercizio &form = OpenExercise(player, exercise);
+        const int wait = mode == 2 ? 750 : 100; // ms
+        KeyTarget(form).Widget()->clearFocus();
+        player.Host.Advance(wait - 1);
+        QVERIFY(!KeyTarget(form).HasFocus());
+        player.Host.Advance(1);
+        QVERIFY(KeyTarget(form).HasFocus());
+    }
+
+    void aLevelChosenWhenTheTaskIsDoneMakesANewOne_data() { RowsOfExercises(); }
+    void aLevelChosenWhenTheTaskIsDoneMakesANewOne()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Seed(4);
+        FinestraEsercizio &form = OpenExercise(player, exercise);
+        DoTheTask(form);
+        const int right = Esatti;
+        ChooseLevel(form, 2);
+        QVERIFY(!NextTaskButton(form).Enabled());
+        QCOMPARE(EserciziEseguiti(1, 2), QString::number(right));
+        DoTheTask(form);
+        QVERIFY(Esatti > 0);
+    }
+
+    // In every input mode, two exercises each.
+    void theFourWaysToPaperAreInEveryExercise_data() { RowsOfExercises(); }
+    void theFourWaysToPaperAreInEveryExercise()
+    {
+        QFETCH(int, exercise);
+        AzzeraStampa();
+        Player player;
+        ModoInput = static_cast<int16_t>(exercise % 4);
+        RegistraFinestra(QStringLiteral("Form1"), []() -> Form * { return new Form1; });
+        player.Host.Seed(4);
+        const FinestraEsercizio &form = OpenExercise(player, exercise);
+        const auto press = [&](Qt::Key key) {
+            QTest::keyClick(form.Window(), key, Qt::ControlModifier);
+        };
+        press(Qt::Key_S);
+        QCOMPARE(player.Host.Printer.Documents.size(), qsizetype{1});
+        for (const auto &[key, orientation] :
+             QList<QPair<Qt::Key, int>>{{Qt::Key_O, 2}, {Qt::Key_V, 1}}) {
+            int seen = 0;
+            player.Host.ExpectModal([&](Form &dialog) {
+                seen = Stampa.OrientamentoRichiesto;
+                ClickOn(dynamic_cast<FrmStampa &>(dialog).cmdStampa);
+            });
+            press(key);
+            QCOMPARE(seen, orientation);
+        }
+        QCOMPARE(player.Host.Printer.Documents.size(), qsizetype{3});
+        bool chosen = false;
+        player.Host.ExpectModal([&](Form &pictures) {
+            chosen = pictures.Name() == QStringLiteral("Form1");
+            pictures.Unload();
+        });
+        press(Qt::Key_P);
+        QVERIFY(chosen);
+        QCOMPARE(form.Timer1.Enabled(), ModoInput != 0);
+        AzzeraStampa();
     }
 };
 
