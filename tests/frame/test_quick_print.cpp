@@ -6,7 +6,15 @@
 #include "support/exercise_fixture.h"
 #include "support/registered_tests.h"
 
+#include <QAction>
+#include <QImage>
+#include <QMenu>
+#include <QPixmap>
 #include <QTest>
+
+#include <cstring>
+
+Q_DECLARE_METATYPE(FakeSheet)
 
 using namespace platform;
 
@@ -128,16 +136,22 @@ private Q_SLOTS:
     {
         QTest::addColumn<bool>("across");
         QTest::addColumn<int>("width");
-        QTest::newRow("across") << true << 1366;
-        QTest::newRow("upright") << false << 1366;
-        QTest::newRow("upright, large") << false << 1920;
+        QTest::addColumn<FakeSheet>("sheet");
+        const FakeSheet small{120, 130, 2400, 2600};
+        QTest::newRow("across") << true << 1366 << FakeSheet();
+        QTest::newRow("upright") << false << 1366 << FakeSheet();
+        QTest::newRow("upright, large") << false << 1920 << FakeSheet();
+        QTest::newRow("upright, small sheet") << false << 1366 << small;
+        QTest::newRow("across, small sheet") << true << 1366 << small;
     }
     void theDialogOpensAcrossOrUprightWithTheSameNumbersOnEveryScreen()
     {
         QFETCH(bool, across);
         QFETCH(int, width);
+        QFETCH(FakeSheet, sheet);
         Child child;
         child.Host.ScreenSizeNow = {width, 768};
+        child.Host.Printer.Sheets[QStringLiteral("Prima")] = sheet;
         FormEs1 &exercise = child.Open<FormEs1>();
         child.Host.ExpectModal([&](Form &form) {
             auto &dialog = dynamic_cast<FrmStampa &>(form);
@@ -147,6 +161,8 @@ private Q_SLOTS:
             QCOMPARE(dialog.txtPrH.Text(), QStringLiteral("100"));
             QCOMPARE(Stampa.OrientamentoRichiesto, across ? 2 : 1);
             QCOMPARE(Stampa.TitoloStampa, QString());
+            // No scale of the caller: the window's own twips.
+            QCOMPARE(Stampa.LarghezzaOrigine, static_cast<float>(exercise.ScaleWidth()));
             // The whole window with its menu bar.
             QCOMPARE(Stampa.AltezzaImmagine, exercise.Window()->height());
             ClickOn(dialog.cmdStampa);
@@ -178,6 +194,8 @@ private Q_SLOTS:
         ClickOn(exercise.Command1(1 - exercise.IndiceEsatto));
         ClickOn(exercise.Command1(exercise.IndiceEsatto));
         QVERIFY(exercise.Command1(2).Enabled());
+        const QImage task =
+            exercise.Window()->grab().toImage().convertToFormat(QImage::Format_BGR888);
         child.Host.ExpectModal([&](Form &form) {
             auto &dialog = dynamic_cast<FrmStampa &>(form);
             child.Host.TakeEvents();
@@ -185,6 +203,13 @@ private Q_SLOTS:
         });
         Press(exercise, across ? Qt::Key_O : Qt::Key_V);
         QCOMPARE(child.Host.Printer.Documents.size(), qsizetype{printed ? 1 : 0});
+        // On paper stands the task as it was.
+        if (printed) {
+            const Bitmap &page = child.Host.Printer.Documents.first().Pages.first().Bitmaps.first();
+            QCOMPARE(page.Bits->size(), task.sizeInBytes());
+            QVERIFY(std::memcmp(page.Bits->constData(), task.constBits(),
+                                static_cast<size_t>(task.sizeInBytes())) == 0);
+        }
         QCOMPARE(exercise.StatusBar1.Panel(1), QStringLiteral("0 Esatti"));
         QCOMPARE(exercise.StatusBar1.Panel(2), QStringLiteral("0 Errati"));
         QCOMPARE(exercise.StatusBar1.Panel(3), QStringLiteral("1 Livello"));
@@ -213,13 +238,33 @@ private Q_SLOTS:
         Child child;
         RegistraFinestra(QStringLiteral("Form1"), []() -> Form * { return new Pictures; });
         FormEs1 &exercise = child.Open<FormEs1>();
-        Esatti = 3;
-        child.Host.ExpectModal([](Form &form) {
+        QTest::keyClick(exercise.Window(), Qt::Key_F2);
+        const int16_t row = NumeroEserciziEseguiti;
+        ClickOn(exercise.Command1(exercise.IndiceEsatto));
+        child.Host.ExpectModal([&](Form &form) {
             QCOMPARE(form.Name(), QStringLiteral("Form1"));
+            QCOMPARE(exercise.StatusBar1.Panel(1), QStringLiteral("1 Esatti"));
             form.Unload();
         });
         Press(exercise, Qt::Key_P);
-        QCOMPARE(Esatti, 0);
+        QCOMPARE(exercise.StatusBar1.Panel(1), QStringLiteral("0 Esatti"));
+        QCOMPARE(exercise.StatusBar1.Panel(3), QStringLiteral("1 Livello"));
+        QVERIFY(!exercise.Command1(2).Enabled());
+        QCOMPARE(NumeroEserciziEseguiti, row);
+        QCOMPARE(EserciziEseguiti(row, 1), QString());
+    }
+
+    void theMenuWithOptionsHoldsTheTwoSheetsOnly()
+    {
+        Child child;
+        FormEs1 &exercise = child.Open<FormEs1>();
+        const auto *options = exercise.Window()->findChild<QMenu *>(QStringLiteral("mnuStPg"));
+        QVERIFY(options != nullptr);
+        QStringList entries;
+        for (const QAction *entry : options->actions())
+            entries << entry->text() + QLatin1Char(' ') + entry->shortcut().toString();
+        QCOMPARE(entries, QStringList({QStringLiteral("foglio orizzontale Ctrl+O"),
+                                       QStringLiteral("foglio verticale Ctrl+V")}));
     }
 };
 

@@ -45,7 +45,11 @@ private Q_SLOTS:
                     QCOMPARE(std::get<Control *>(Stampa.OggettoStampa),
                              static_cast<Control *>(&window->Picture1(i)));
                     QCOMPARE(dialog.txtPrX.Text(), QStringLiteral("10"));
+                    QCOMPARE(dialog.txtPrY.Text(), QStringLiteral("10"));
                     QCOMPARE(dialog.txtPrW.Text(), QStringLiteral("100"));
+                    QCOMPARE(dialog.txtPrH.Text(), QStringLiteral("100"));
+                    QCOMPARE(Stampa.OrientamentoRichiesto, 1);
+                    QCOMPARE(Stampa.TitoloStampa, QString());
                     form.Unload();
                 });
                 ClickOn(window->Picture1(i));
