@@ -173,6 +173,52 @@ private Q_SLOTS:
         QVERIFY(!player.Host.DrawsLeft());
     }
 
+    // The level is looked at before the figure is coloured.
+    void aTaskTakesItsStepsInOrder()
+    {
+        Player player;
+        SuoniAttivi = false;
+        PassaggioLivelli = true;
+        player.Host.Expect(Colouring(AllGreen, 1, 0) + TrueOnTheRoof);
+        auto &form = player.Open<FormEs1>();
+        for (int task = 2; task <= 4; ++task) {
+            player.Host.Expect(TrueOnTheRoof);
+            ClickOn(form.Command1(0));
+            ClickOn(form.Command1(2));
+        }
+        ClickOn(form.Command1(0));
+        Esatti = 7;
+        player.Host.TakeEvents();
+        player.Host.RecordsDraws = true;
+        // Level 2 denies: true of another colour than the roof's.
+        player.Host.Expect(Colouring({3, 3, 3, 3, 3, 3}, 0, 0) +
+                           QList<ScriptedDraw>{{2, 0}, {8, 1}, {4, 0}});
+        ClickOn(form.Command1(2));
+        QStringList steps;
+        for (const QString &event : player.Host.TakeEvents())
+            if (!event.contains(QStringLiteral("etProperty")) &&
+                !event.contains(QStringLiteral("SetVariable")) &&
+                !event.startsWith(QStringLiteral("estratto")))
+                steps << event;
+            else if (steps.last() != event.section(QLatin1Char('='), 0, 0).section(' ', 0, 0))
+                steps << event.section(QLatin1Char('='), 0, 0).section(' ', 0, 0);
+        QCOMPARE(
+            steps,
+            QStringList({QStringLiteral("StatusBar1.Panels(1)=0 Esatti"),
+                         QStringLiteral("StatusBar1.Panels(2)=0 Errati"),
+                         QStringLiteral("StatusBar1.Panels(3)=2 Livello"),
+                         QStringLiteral("FormEs1.MousePointer=11"), QStringLiteral("estratto"),
+                         QStringLiteral("ShockwaveFlash1.BGColor=FFFFCC"),
+                         QStringLiteral("ShockwaveFlash1.SetVariable"),
+                         QStringLiteral("ShockwaveFlash1.TSetProperty"),
+                         QStringLiteral("FormEs1.MousePointer=0"),
+                         QStringLiteral("Command1(0).Enabled=True"),
+                         QStringLiteral("Command1(1).Enabled=True"),
+                         QStringLiteral("Command1(2).Enabled=False"), QStringLiteral("estratto"),
+                         QStringLiteral("Label1.Caption=Il tetto non è verde.")}));
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
     void clicksAndHoverDoNothingWithoutAMouse()
     {
         Player player;

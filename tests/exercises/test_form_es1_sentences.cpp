@@ -7,6 +7,7 @@
 #include "support/registered_tests.h"
 #include "support/sentence_reader.h"
 
+#include <QMap>
 #include <QTest>
 
 #include <cstdlib>
@@ -28,10 +29,18 @@ private Q_SLOTS:
         int judged = 0;
         int unpainted = 0;
         int trueOnes = 0;
+        int tasks = 0;
+        int turns = 0; // tasks with another answer than the one before
+        int16_t answer = 0;
+        QMap<int16_t, int> parts; // how often the last statement speaks of each
         while (judged < FairTasks) {
             const QString figure = form.ShockwaveFlash1.Shown();
             const QString sentence = form.Label1.Caption();
             const int before = Esatti;
+            ++tasks;
+            turns += form.IndiceEsatto != answer ? 1 : 0;
+            answer = form.IndiceEsatto;
+            ++parts[form.QualeParte];
             if (IsPainted(figure)) {
                 const bool holds = SentenceIsTrue(sentence, figure);
                 trueOnes += holds ? 1 : 0;
@@ -51,6 +60,13 @@ private Q_SLOTS:
         // Both answers are equally likely: within five deviations.
         QVERIFY2(std::abs(trueOnes - FairTasks / 2) < FiveDeviations(FairTasks),
                  qPrintable(QString::number(trueOnes)));
+        // Whatever the answer before was; and the eight parts as well.
+        QVERIFY2(std::abs(turns - tasks / 2) < FiveDeviations(tasks),
+                 qPrintable(QString::number(turns)));
+        QCOMPARE(parts.size(), 8);
+        for (const int times : parts)
+            QVERIFY2(std::abs(times - tasks / 8) < FiveDeviations(tasks),
+                     qPrintable(QString::number(times)));
         qInfo("%d tasks judged, %d true, %d unpainted figures passed over", judged, trueOnes,
               unpainted);
         // Of ten answers between two rewards the first, fifth and ninth see a painted figure.
