@@ -299,6 +299,63 @@ private Q_SLOTS:
         QCOMPARE(form.Livello, int16_t{2});
     }
 
+    // The turn of the colouring is the inner task's: it is painted once, before it.
+    void aRiseAtTheStartOfAColouringPaintsForTheTaskThatNobodySees()
+    {
+        Player player;
+        SuoniAttivi = false;
+        PassaggioLivelli = true;
+        player.Host.Expect(AllAlike() + OnTheRoof);
+        auto &form = player.Open<FormEs2>();
+        for (const int part : {0, 2, 3}) {
+            player.Host.Expect({{8, part}});
+            AnswerRight(form);
+            ClickOn(form.Command1(2));
+        }
+        AnswerRight(form);
+        Esatti = 7;
+        player.Host.Expect(AllAlike() + QList<ScriptedDraw>{{8, 5}, {8, 5}, {8, 4}});
+        ClickOn(form.Command1(2));
+        QVERIFY(!player.Host.DrawsLeft());
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("La porta non è "));
+    }
+
+    void aFallMakesATaskThatNobodySeesToo()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(AllAlike() + OnTheRoof);
+        auto &form = player.Open<FormEs2>();
+        player.Host.Expect({{8, 4}});
+        ChooseLevel(form, 2);
+        PassaggioLivelli = true;
+        AnswerRight(form);
+        Errati = 5;
+        player.Host.TakeEvents();
+        player.Host.Expect({{8, 0}, {8, 2}});
+        ClickOn(form.Command1(2));
+        QVERIFY(!player.Host.DrawsLeft());
+        const QStringList events = player.Host.TakeEvents();
+        const auto inner = events.indexOf(QStringLiteral("Label1.Caption=Il comignolo è "));
+        const auto panel = events.indexOf(QStringLiteral("StatusBar1.Panels(3)=1 Livello"), inner);
+        QVERIFY(inner >= 0 && panel > inner);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Le pareti sono "));
+    }
+
+    void smallLettersLeaveTheAnswersAsTheLanguageHasThem()
+    {
+        Player player;
+        SuoniAttivi = false;
+        Messaggi(1) = QStringLiteral("Il TETTO è ");
+        Messaggi(8) = QStringLiteral("uGUALE");
+        player.Host.Expect(AllAlike() + OnTheRoof);
+        auto &form = player.Open<FormEs2>();
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è "));
+        QCOMPARE(form.Command1(0).Caption(), QStringLiteral("uGUALE"));
+        ClickOn(form.Command1(0));
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è  uGUALE"));
+    }
+
     void capitalsAreForTheAnswersToo()
     {
         Player player;
