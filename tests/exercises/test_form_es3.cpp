@@ -74,6 +74,70 @@ private Q_SLOTS:
             }
     }
 
+    void aTaskTakesItsStepsInOrder()
+    {
+        Player player;
+        SuoniAttivi = false;
+        PassaggioLivelli = true;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs3>();
+        ClickOnPart(form.ShockwaveFlash1, 2);
+        Esatti = 12;
+        player.Host.TakeEvents();
+        player.Host.RecordsDraws = true;
+        player.Host.Expect(Colouring({1, 2, 3, 4, 1, 2}, 1, 0) +
+                           QList<ScriptedDraw>{{8, 0}, {4, 1}, {8, 4}, {4, 3}});
+        ClickOn(form.Command1(0));
+        QStringList expected = {QStringLiteral("Command1(0).Enabled=False"),
+                                QStringLiteral("StatusBar1.Panels(1)=0 Esatti"),
+                                QStringLiteral("StatusBar1.Panels(2)=0 Errati"),
+                                QStringLiteral("StatusBar1.Panels(3)=2 Livello"),
+                                QStringLiteral("FormEs3.MousePointer=11")};
+        const QList<QStringList> colours = {
+            {QStringLiteral("00FF00"), QStringLiteral("FF0000"), QStringLiteral("0000FF"),
+             QStringLiteral("FFFF00"), QStringLiteral("00FF00"), QStringLiteral("FF0000")},
+            {QStringLiteral("FF0000"), QStringLiteral("FF0000"), QStringLiteral("0000FF"),
+             QStringLiteral("FFFF00"), QStringLiteral("FFFF00"), QStringLiteral("FF0000")}};
+        for (const int figure : {0, 1}) {
+            const QString name = QStringLiteral("ShockwaveFlash%1.").arg(figure + 1);
+            expected << name + QStringLiteral("BGColor=FFFFCC");
+            for (int part = 0; part < 6; ++part) {
+                const char *const names[] = {"comignolo", "tetto", "pareti",
+                                             "finestre",  "porta", "gradino"};
+                expected << name + QStringLiteral("SetVariable=QualeOggetto %1.interno")
+                                       .arg(QLatin1String(names[part]))
+                         << name + QStringLiteral("SetVariable=TestoColore.QualeColore ") +
+                                colours.at(figure).at(part);
+            }
+            expected << name + QStringLiteral("TSetProperty=fumo 7 1")
+                     << name + QStringLiteral("TSetProperty=nuvole 7 0");
+        }
+        expected << QStringLiteral("FormEs3.MousePointer=0");
+        QStringList steps = player.Host.TakeEvents();
+        // All draws come between the hourglass and the first paint.
+        const auto isDraw = [](const QString &event) {
+            return event.startsWith(QStringLiteral("estratto"));
+        };
+        QVERIFY(isDraw(steps.at(5)));
+        QCOMPARE(std::count_if(steps.begin() + 5, steps.begin() + 17, isDraw), 12);
+        steps.removeIf(isDraw);
+        QCOMPARE(steps, expected);
+        QCOMPARE(form.DifferenzeTrovate, int16_t{0});
+    }
+
+    void onTheLastLevelSmokeAndCloudsMayBeAmongTheFour()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs3>();
+        player.Host.Expect(
+            Task({{8, 7}, {2, 1}, {8, 0}, {4, 3}, {8, 6}, {2, 1}, {8, 7}, {8, 5}, {4, 2}}));
+        ChooseLevel(form, 4);
+        QCOMPARE(DifferencesShown(form), QList<int>({1, 6, 7, 8}));
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
     void theFigureThatIsClickedIsTheOneThatChanges()
     {
         for (const bool first : {true, false}) {
@@ -119,7 +183,13 @@ private Q_SLOTS:
                               QStringLiteral("StatusBar1.Panels(2)=1 Errati")}));
         ClickOnPart(form.ShockwaveFlash2, 4);
         QCOMPARE(Errati, int16_t{2});
+        // There is no end to the misses.
+        SuoniAttivi = false;
+        for (int miss = 0; miss < 20; ++miss)
+            ClickOnPart(form.ShockwaveFlash2, 4);
+        QCOMPARE(Errati, int16_t{22});
         QCOMPARE(form.ShockwaveFlash1.Shown(), one);
+        QVERIFY(form.ShockwaveFlash2.Shown().contains(QStringLiteral("tetto FF0000")));
     }
 
     void aQuickSecondPressOnAFigureCounts()
@@ -245,6 +315,23 @@ private Q_SLOTS:
         player.Host.Seed(2);
         QVERIFY(player.Open<FormEs3>().Label1.Caption().startsWith(
             QStringLiteral("GUARDA LE DUE MORLENE.")));
+    }
+
+    void theTaskGoesOnBehindTheInstruction()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Task(RedRoof));
+        auto &form = player.Open<FormEs3>();
+        ClickOn(form.Command1(1));
+        // It stands before the houses.
+        const QPoint middle = form.Pannello.Widget()->geometry().center();
+        const QWidget *seen = form.Client()->childAt(middle);
+        QVERIFY(seen == form.Label1.Widget() || form.Pannello.Widget()->isAncestorOf(seen));
+        ClickOnPart(form.ShockwaveFlash1, 2);
+        QCOMPARE(Esatti, 1);
+        QVERIFY(form.Command1(0).Enabled());
+        QVERIFY(form.Pannello.Visible());
     }
 
     void eachLevelIsFairToTheChild_data() { RowsOfLevels(4); }

@@ -52,6 +52,14 @@ private Q_SLOTS:
         for (const MovieControl *figure : {&form.ShockwaveFlash1, &form.ShockwaveFlash2})
             QVERIFY(figure->Shown().endsWith(QStringLiteral("fumo 1, nuvole 1")));
         QVERIFY(!player.Host.DrawsLeft());
+        // The light comes to them, and they are a miss.
+        for (int part = 2; part <= 8; ++part) {
+            Step(player.Host, form);
+            QCOMPARE(form.PosizioneScansione, static_cast<int16_t>(part));
+            if (part >= 7)
+                Choose(form);
+        }
+        QCOMPARE(Errati, int16_t{2});
         player.Host.Seed(8);
         for (int task = 0; task < 200; ++task) {
             ChooseLevel(form, 4);
@@ -130,6 +138,39 @@ private Q_SLOTS:
         QCOMPARE(form.PosizioneScansione, int16_t{1});
         QCOMPARE(form.Command1(0).BackColor(), ToColor(ColoreBottoni));
         QCOMPARE(Esatti, 2);
+    }
+
+    void aRightChoiceTakesItsStepsInOrderAndTheLastOutlineStaysLit()
+    {
+        Player player;
+        ModoInput = 3;
+        player.Host.Expect(Colouring(AllGreen, 0, 0) + QList<ScriptedDraw>{{6, 0}, {4, 1}});
+        auto &form = player.Open<FormEs3>();
+        player.Host.TakeEvents();
+        player.Host.Expect({{6, 2}});
+        Choose(form);
+        const QStringList events = player.Host.TakeEvents();
+        QCOMPARE(events.first(), QStringLiteral("ShockwaveFlash2.BGColor=FFFFCC"));
+        QCOMPARE(events.filter(QStringLiteral("ShockwaveFlash2.SetVariable")).size(), 12);
+        QCOMPARE(events.mid(events.size() - 3),
+                 QStringList({QStringLiteral("StatusBar1.Panels(1)=1 Esatti"),
+                              QStringLiteral("Command1(0).BackColor=000000ff"),
+                              QStringLiteral("suono si/3.wav")}));
+        // Waiting on the button, no key moves the light or puts it out.
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Left, Qt::Key_Up})
+            PressAndRelease(form.PictureScansioneManuale, key);
+        QCOMPARE(player.Host.TakeEvents(), QStringList());
+        // The next task begins at the chimney again, the only part that is lit.
+        player.Host.Expect(Colouring(AllGreen, 0, 0) + QList<ScriptedDraw>{{6, 3}, {4, 1}});
+        Choose(form);
+        const QStringList task = player.Host.TakeEvents();
+        const QStringList outlines = task.mid(task.size() - 18);
+        QCOMPARE(outlines.filter(QStringLiteral("QualeColore 000000")).size(), 8);
+        QCOMPARE(outlines.mid(16),
+                 QStringList({QStringLiteral("ShockwaveFlash2.SetVariable=QualeOggetto "
+                                             "comignolo.contorno"),
+                              QStringLiteral("ShockwaveFlash2.SetVariable="
+                                             "TestoColore.QualeColore FF0000")}));
     }
 
     void aLevelChosenWhileWaitingLeavesTheButtonColoured()
