@@ -29,6 +29,48 @@ private Q_SLOTS:
         QVERIFY(!player.Host.DrawsLeft());
     }
 
+    void smokeAndCloudsAreThereByChance_data()
+    {
+        QTest::addColumn<int>("smoke");
+        QTest::addColumn<int>("clouds");
+        QTest::newRow("smoke") << 1 << 0;
+        QTest::newRow("clouds") << 0 << 1;
+    }
+    void smokeAndCloudsAreThereByChance()
+    {
+        QFETCH(int, smoke);
+        QFETCH(int, clouds);
+        Player player;
+        QList<ScriptedDraw> draws = PaintingTask(AllGreen);
+        draws[0].Value = smoke;
+        draws[1].Value = clouds;
+        player.Host.Expect(draws + Order({2}));
+        const auto &form = player.Open<FormEs4>();
+        QVERIFY(form.ShockwaveFlash1.Shown().endsWith(
+            QStringLiteral("fumo %1, nuvole %2").arg(smoke).arg(clouds)));
+        // Seen or not, they are not painted.
+        const QString before = form.ShockwaveFlash1.Shown();
+        Click(form, 7);
+        Click(form, 8);
+        QCOMPARE(form.ShockwaveFlash1.Shown(), before);
+        QCOMPARE(form.ColoreCorrente, int16_t{0});
+    }
+
+    void withAMouseNoOutlineIsLit()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Seed(3);
+        auto &form = player.Open<FormEs4>();
+        for (int level = 1; level <= 6; ++level) {
+            ChooseLevel(form, level);
+            for (int part = 1; part <= 6; ++part)
+                Click(form, part);
+            ClickOn(form.Command1(0));
+        }
+        QCOMPARE(player.Host.TakeEvents().filter(QStringLiteral("contorno")), QStringList());
+    }
+
     void thePartsTakeClicksOnlyWithAMouse()
     {
         for (const int mode : {0, 1, 2, 3})
@@ -163,6 +205,10 @@ private Q_SLOTS:
         QCOMPARE(Esatti, 6);
         player.Host.Expect(PaintingTask(AllGreen) + Order({5}));
         ClickOn(form.Command1(1));
+        QVERIFY(form.Command1(0).Enabled());
+        QVERIFY(!form.Command1(1).Enabled());
+        QCOMPARE(form.Fatte, int16_t{0});
+        QCOMPARE(ColourShown(form, 1), QStringLiteral("CCCCCC"));
         QCOMPARE(form.Text1.Text(), QStringLiteral("La porta è verde."));
         QCOMPARE(form.Colorati(1), int16_t{0});
         QCOMPARE(form.ColoreCorrente, int16_t{0});

@@ -83,23 +83,31 @@ private Q_SLOTS:
         }
     }
 
-    void aTaskDoneByScanningWaitsForTheChild_data() { RowsOfLevels(6); }
+    void aTaskDoneByScanningWaitsForTheChild_data()
+    {
+        QTest::addColumn<int>("level");
+        QTest::addColumn<int>("mode");
+        for (int level = 1; level <= 6; ++level)
+            for (const int mode : {1, 2, 3})
+                QTest::addRow("level %d, mode %d", level, mode) << level << mode;
+    }
 
     void aTaskDoneByScanningWaitsForTheChild()
     {
         QFETCH(int, level);
+        QFETCH(int, mode);
         Player player;
         SuoniAttivi = false;
-        ModoInput = 2;
+        ModoInput = static_cast<int16_t>(mode);
         player.Host.Seed(3);
         auto &form = player.Open<FormEs4>();
         ChooseLevel(form, level);
         for (int part = 1; part <= 6; ++part) {
             QCOMPARE(Esatti, part - 1);
             do
-                player.Host.Advance(1000);
+                Step(player.Host, form);
             while (!form.Soluzioni(form.Colorati(form.QualeParte), form.QualeParte));
-            PressAndRelease(form.PictureScansioneAutomatica, Qt::Key_Space);
+            Choose(form);
         }
         QCOMPARE(Esatti, 6);
         QCOMPARE(form.ColoreCorrente, int16_t{99});
@@ -107,9 +115,12 @@ private Q_SLOTS:
         QCOMPARE(form.Command1(1).BackColor(), ToColor(ColorePulsantiSelezionati));
         // On the high levels the buttons stay as they were.
         QCOMPARE(form.Command1(1).Enabled(), level <= 3);
-        player.Host.Advance(5000);
+        const QString figure = form.ShockwaveFlash1.Shown();
+        for (int step = 0; step < 5; ++step)
+            Step(player.Host, form);
         QCOMPARE(form.ColoreCorrente, int16_t{99});
-        PressAndRelease(form.PictureScansioneAutomatica, Qt::Key_Space);
+        QCOMPARE(form.ShockwaveFlash1.Shown(), figure);
+        Choose(form);
         QCOMPARE(form.ColoreCorrente, int16_t{0});
         QCOMPARE(form.Command1(0).BackColor(), ToColor(ColorePulsantiSelezionati));
         QCOMPARE(form.Command1(1).BackColor(), ToColor(ColoreBottoni));
