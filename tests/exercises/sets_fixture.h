@@ -3,10 +3,10 @@
 
 #include "support/exercise_fixture.h"
 
-// The draws of a figure: the outcome of 100, then eight parts.
+// The draws of a figure: the outcome, an even number of 100 for one that fits, then eight parts.
 inline QList<ScriptedDraw> Figure(int outcome, const QList<int> &parts, int smoke, int clouds)
 {
-    return QList<ScriptedDraw>{{100, outcome}} + Colouring(parts, smoke, clouds);
+    return QList<ScriptedDraw>{{100, 50 + outcome}} + Colouring(parts, smoke, clouds);
 }
 
 // "Il tetto è rosso", which holds.

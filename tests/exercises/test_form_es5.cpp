@@ -5,6 +5,8 @@
 #include "support/hands.h"
 #include "support/registered_tests.h"
 
+#include <QImage>
+#include <QPixmap>
 #include <QTest>
 
 using namespace platform;
@@ -26,6 +28,76 @@ private Q_SLOTS:
         }
         QVERIFY(form.ShockwaveFlash1.Visible());
         QVERIFY(!form.Command1(2).Enabled());
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
+    void theFiguresAreOpenedInTheirOrderAndGoToNoFrame()
+    {
+        Player player;
+        player.Host.Expect(RedRoof());
+        player.Open<FormEs5>();
+        QStringList opened;
+        QStringList expected = {QStringLiteral("ShockwaveFlash1")};
+        const QStringList events = player.Host.TakeEvents();
+        for (const QString &event : events.filter(QStringLiteral(".Movie=")))
+            opened << event.section(QLatin1Char('.'), 0, 0);
+        for (int i = 0; i < 10; ++i)
+            expected << QStringLiteral("ShockwaveFlash2(%1)").arg(i)
+                     << QStringLiteral("ShockwaveFlash3(%1)").arg(i);
+        QCOMPARE(opened, expected);
+        QVERIFY(events.filter(QStringLiteral("GotoFrame")).isEmpty());
+    }
+
+    void theButtonsKeepTheirPictures()
+    {
+        Player player;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        for (Button &button : form.Command1) {
+            const QImage dressed = button.Widget()->grab().toImage();
+            button.SetPicture({});
+            QVERIFY(button.Widget()->grab().toImage() != dressed);
+            QCOMPARE(button.Caption(), QString());
+        }
+    }
+
+    void aSeriesTakesItsStepsInOrder()
+    {
+        Player player;
+        SuoniAttivi = false;
+        PassaggioLivelli = true;
+        player.Host.Seed(2);
+        auto &form = player.Open<FormEs5>();
+        while (!form.Command1(2).Enabled())
+            ClickOn(form.Command1(form.IndiceEsatto));
+        Esatti = 20;
+        player.Host.TakeEvents();
+        player.Host.RecordsDraws = true;
+        // "The roof is blue and there is smoke", which holds.
+        player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 2}, {8, 6}, {2, 1}} +
+                           Figure(0, AllGreen, 0, 0));
+        ClickOn(form.Command1(2));
+        QStringList expected = {QStringLiteral("StatusBar1.Panels(1)=0 Esatti"),
+                                QStringLiteral("StatusBar1.Panels(2)=0 Errati"),
+                                QStringLiteral("StatusBar1.Panels(3)=2 Livello")};
+        for (int i = 0; i < 10; ++i)
+            expected << QStringLiteral("ShockwaveFlash2(%1).Visible=False").arg(i)
+                     << QStringLiteral("ShockwaveFlash3(%1).Visible=False").arg(i);
+        expected << QStringLiteral("Command1(0).Enabled=True")
+                 << QStringLiteral("Command1(1).Enabled=True")
+                 << QStringLiteral("Command1(2).Enabled=False") << QStringLiteral("estratto 1 di 8")
+                 << QStringLiteral("estratto 2 di 4") << QStringLiteral("estratto 6 di 8")
+                 << QStringLiteral("estratto 1 di 2")
+                 << QStringLiteral("Label1.Caption=Il tetto è blu e c'è il fumo.")
+                 << QStringLiteral("FormEs5.MousePointer=11")
+                 << QStringLiteral("estratto 50 di 100");
+        const QStringList steps = player.Host.TakeEvents();
+        QCOMPARE(steps.mid(0, expected.size()), expected);
+        QCOMPARE(steps.mid(steps.size() - 4),
+                 QStringList({QStringLiteral("ShockwaveFlash1.TSetProperty=fumo 7 1"),
+                              QStringLiteral("ShockwaveFlash1.TSetProperty=nuvole 7 0"),
+                              QStringLiteral("FormEs5.MousePointer=0"),
+                              QStringLiteral("ShockwaveFlash1.Visible=True")}));
         QVERIFY(!player.Host.DrawsLeft());
     }
 
@@ -152,6 +224,50 @@ private Q_SLOTS:
         QVERIFY(!form.ShockwaveFlash3(0).Visible());
         QCOMPARE(form.Command1(0).BackColor() == lit, mode != 0);
         QCOMPARE(Esatti, 10);
+    }
+
+    void aSeriesTakesNineteenRightAnswersAtMost()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        // One into each set by turns.
+        for (int answer = 1; answer <= 18; ++answer) {
+            player.Host.Expect(Figure(answer % 2, AllGreen, 0, 0));
+            ClickOn(form.Command1(form.IndiceEsatto));
+            QVERIFY(!form.Command1(2).Enabled());
+        }
+        QCOMPARE(form.NumeroSi, int16_t{9});
+        QCOMPARE(form.NumeroNo, int16_t{9});
+        ClickOn(form.Command1(form.IndiceEsatto));
+        QCOMPARE(Esatti, 19);
+        QVERIFY(form.Command1(2).Enabled());
+        QVERIFY(form.ShockwaveFlash2(9).Visible());
+        QVERIFY(form.ShockwaveFlash3(8).Visible());
+        QVERIFY(!form.ShockwaveFlash3(9).Visible());
+    }
+
+    void aLevelChosenInMidSeriesEmptiesTheSets()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        for (const int outcome : {1, 0}) {
+            player.Host.Expect(Figure(outcome, AllGreen, 0, 0));
+            ClickOn(form.Command1(form.IndiceEsatto));
+        }
+        player.Host.Expect(RedRoof());
+        ChooseLevel(form, 1);
+        QCOMPARE(EserciziEseguiti(1, 2), QStringLiteral("2"));
+        QVERIFY(!form.ShockwaveFlash2(0).Visible());
+        QVERIFY(!form.ShockwaveFlash3(0).Visible());
+        // The next figure goes to the first place again.
+        player.Host.Expect(Figure(0, AllGreen, 0, 0));
+        ClickOn(form.Command1(0));
+        QVERIFY(form.ShockwaveFlash2(0).Visible());
+        QVERIFY(!form.ShockwaveFlash2(1).Visible());
     }
 
     void aSeriesTakesMissesWithoutEnd()

@@ -176,6 +176,21 @@ private Q_SLOTS:
         QVERIFY(form.ShockwaveFlash1.Shown().endsWith(QStringLiteral("fumo 0, nuvole 0")));
     }
 
+    // Unlike smoke, redrawn clouds have no colour.
+    void redrawnCloudsAreThereOrNot()
+    {
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(RedRoof());
+        auto &form = player.Open<FormEs5>();
+        player.Host.Expect(QList<ScriptedDraw>{{8, 1}, {4, 2}, {8, 1}, {4, 0}, {9, 7}, {2, 1}} +
+                           Figure(0, AllGreen, 0, 0));
+        ChooseLevel(form, 2);
+        QCOMPARE(form.Label1.Caption(), QStringLiteral("Il tetto è blu e ci sono le nuvole."));
+        QVERIFY(form.ShockwaveFlash1.Shown().endsWith(QStringLiteral("nuvole 1")));
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
     void orHoldsWithOneOrTheOtherOrBoth()
     {
         Player player;
@@ -222,7 +237,7 @@ private Q_SLOTS:
         for (const Case &one : {Case{0, 1, true, false}, Case{0, 0, false, true},
                                 Case{1, 1, true, true}, Case{1, 0, false, false}}) {
             player.Host.Expect(sentence + Figure(one.Outcome, blue, 0, 0) +
-                               QList<ScriptedDraw>{{100, one.Which}});
+                               QList<ScriptedDraw>{{100, 40 + one.Which}});
             ChooseLevel(form, 4);
             QCOMPARE(form.Label1.Caption(),
                      QStringLiteral("Una cosa sola è vera: il tetto è verde o il gradino è verde,  "
@@ -230,6 +245,17 @@ private Q_SLOTS:
             const QString shown = form.ShockwaveFlash1.Shown();
             QCOMPARE(shown.contains(QStringLiteral("tetto 00FF00")), one.Roof);
             QCOMPARE(shown.contains(QStringLiteral("gradino 00FF00")), one.Step);
+        }
+        // Before that neither may hold: both are drawn again while one does.
+        for (const int outcome : {0, 1}) {
+            player.Host.Expect(
+                sentence + Figure(outcome, AllGreen, 0, 0) +
+                QList<ScriptedDraw>{{4, 2}, {4, 0}, {4, 0}, {4, 2}, {4, 1}, {4, 3}, {100, 0}});
+            ChooseLevel(form, 4);
+            QVERIFY(!player.Host.DrawsLeft());
+            QVERIFY(form.ShockwaveFlash1.Shown().contains(QStringLiteral("tetto FF0000")));
+            QCOMPARE(form.ShockwaveFlash1.Shown().contains(QStringLiteral("gradino 00FF00")),
+                     outcome == 0);
         }
     }
 
