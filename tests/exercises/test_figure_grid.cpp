@@ -83,6 +83,64 @@ private Q_SLOTS:
         QVERIFY(!form.Command1(0).Enabled());
     }
 
+    // Asked for by pointer; the other movie stands in each place for no time.
+    void theNextTaskTakesItsStepsInOrder_data() { RowsOfGrids(); }
+    void theNextTaskTakesItsStepsInOrder()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        SuoniAttivi = false;
+        PassaggioLivelli = true;
+        player.Host.Expect(GridTask(2, 0));
+        GrigliaFigure &form = OpenGrid(player, exercise);
+        ClickOnFigure(form, exercise == 6 ? 1 : 0);
+        Esatti = 18;
+        player.Host.TakeEvents();
+        player.Host.Expect(GridTask(4, 3, {1, 1, 1, 3}));
+        ClickOn(form.Command1(0));
+        QStringList steps;
+        for (QString event : player.Host.TakeEvents()) {
+            event.replace(QRegularExpression(QStringLiteral("=.*swf.")), QStringLiteral("="));
+            if (!event.contains(QStringLiteral("etVariable")) &&
+                !event.contains(QStringLiteral("TSetProperty")) &&
+                !event.contains(QStringLiteral(").MousePointer=")))
+                steps << event;
+        }
+        QStringList expected;
+        const auto figure = [](int index, const char *what) {
+            return QStringLiteral("ShockwaveFlash1(%1).%2").arg(index).arg(QLatin1String(what));
+        };
+        expected << figure(0, "Movie=morlena0.swf") << figure(1, "Movie=morlena0.swf")
+                 << QStringLiteral("Shape1.Visible=False")
+                 << QStringLiteral("StatusBar1.Panels(1)=0 Esatti")
+                 << QStringLiteral("StatusBar1.Panels(2)=0 Errati")
+                 << QStringLiteral("StatusBar1.Panels(3)=2 Livello");
+        for (int i = 0; i < 12; ++i)
+            expected << figure(i, "Visible=False");
+        for (int i = 0; i < 4; ++i)
+            expected << figure(i, "Visible=True");
+        for (int i = 0; i < 4; ++i)
+            expected << figure(i, "Movie=morlene1.swf") << figure(i, "GotoFrame=1");
+        expected << QStringLiteral("Command1(0).Enabled=False");
+        const QString name = form.Name();
+        for (int i = 0; i < 4; ++i)
+            expected << name + QStringLiteral(".MousePointer=11") << figure(i, "BGColor=FFFFCC");
+        expected << name + QStringLiteral(".MousePointer=0")
+                 << QStringLiteral("Text1.Text=") + form.Text1.Text();
+        QCOMPARE(steps, expected);
+        QCOMPARE(form.FigureEliminate, int16_t{0});
+    }
+
+    void theInstructionStandsInVerdana_data() { RowsOfGrids(); }
+    void theInstructionStandsInVerdana()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        FontCorrente = QStringLiteral("arial");
+        player.Host.Seed(1);
+        QCOMPARE(OpenGrid(player, exercise).Label1.Font().Name, QStringLiteral("Verdana"));
+    }
+
     void figuresTakeClicksInTheFrameOfTheMode_data() { RowsOfGrids(); }
     void figuresTakeClicksInTheFrameOfTheMode()
     {
@@ -185,7 +243,14 @@ private Q_SLOTS:
         GrigliaFigure &form = OpenGrid(player, exercise);
         QVERIFY(!form.Picture1.Visible());
         QVERIFY(!form.PicMerlino.Visible());
-        QCOMPARE(form.Image1(7).MousePointer(), platform::MousePointer::Custom);
+        QVERIFY(!form.Shape1.Visible());
+        for (const bool system : {false, true}) {
+            DisabilitaMousePersonalizzato = system;
+            form.OnActivate();
+            for (const Image &picture : form.Image1)
+                QCOMPARE(picture.MousePointer(),
+                         system ? platform::MousePointer::Default : platform::MousePointer::Custom);
+        }
     }
 
     void capitalsAreInThePlayersStyle_data() { RowsOfGrids(); }

@@ -38,6 +38,72 @@ class TestFigureGridScanning : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    // The order is the same in both, where figures are removed.
+    void aRemovalByKeysTakesItsStepsInOrder_data() { RowsOfGrids(); }
+    void aRemovalByKeysTakesItsStepsInOrder()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        ModoInput = 3;
+        player.Host.Expect(GridTask(2, 1));
+        GrigliaFigure &form = OpenGrid(player, exercise);
+        player.Host.TakeEvents();
+        player.Host.Expect({{6, 1}});
+        PressAndRelease(form.PictureScansioneManuale, Qt::Key_Return);
+        QCOMPARE(player.Host.TakeEvents(),
+                 QStringList({QStringLiteral("StatusBar1.Panels(1)=1 Esatti"),
+                              QStringLiteral("ShockwaveFlash1(0).Visible=False"),
+                              QStringLiteral("suono si/2.wav"),
+                              QStringLiteral("Command1(0).BackColor=000000ff")}));
+        QVERIFY(FrameIsOn(form, 1));
+    }
+
+    void downAndUpGoByTheColumnsOfTheLevel_data()
+    {
+        QTest::addColumn<int>("exercise");
+        QTest::addColumn<int>("level");
+        QTest::addColumn<int>("down");
+        QTest::addColumn<int>("up");
+        const QList<QPair<int, int>> steps = {{0, 0}, {2, 2}, {3, 3}, {3, 6}, {4, 8}};
+        for (const int exercise : {6, 7})
+            for (int level = 1; level <= 5; ++level)
+                QTest::addRow("exercise %d, level %d", exercise, level)
+                    << exercise << level << steps.at(level - 1).first << steps.at(level - 1).second;
+    }
+    void downAndUpGoByTheColumnsOfTheLevel()
+    {
+        QFETCH(int, exercise);
+        QFETCH(int, level);
+        QFETCH(int, down);
+        QFETCH(int, up);
+        Player player;
+        SuoniAttivi = false;
+        ModoInput = 3;
+        player.Host.Seed(1);
+        GrigliaFigure &form = OpenGrid(player, exercise);
+        ChooseLevel(form, level);
+        PressAndRelease(form.PictureScansioneManuale, Qt::Key_Down);
+        QVERIFY(FrameIsOn(form, down));
+        PressAndRelease(form.PictureScansioneManuale, Qt::Key_Up);
+        QVERIFY(FrameIsOn(form, 0));
+        PressAndRelease(form.PictureScansioneManuale, Qt::Key_Up);
+        QVERIFY(FrameIsOn(form, up));
+    }
+
+    // Of the colour that lit buttons have.
+    void theFrameIsInThePlayersColour_data() { RowsOfGrids(); }
+    void theFrameIsInThePlayersColour()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        ModoInput = 1;
+        ColorePulsantiSelezionati = 0x00A01050;
+        player.Host.Seed(1);
+        const GrigliaFigure &form = OpenGrid(player, exercise);
+        const QImage frame = form.Shape1.Widget()->grab().toImage();
+        QCOMPARE(frame.pixelColor(frame.width() / 2, 4), QColor(0x50, 0x10, 0xA0));
+    }
+
     void theFrameWalksOverWhatIsVisible_data() { RowsOfGrids(); }
     void theFrameWalksOverWhatIsVisible()
     {

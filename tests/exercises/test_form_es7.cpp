@@ -2,10 +2,13 @@
 #include "exercises/form_es7.h"
 
 #include "exercises/grid_fixture.h"
+#include "support/application_folder.h"
 #include "support/fair_tasks.h"
 #include "support/hands.h"
 #include "support/registered_tests.h"
 
+#include <QDir>
+#include <QFile>
 #include <QTest>
 
 using namespace platform;
@@ -117,6 +120,21 @@ private Q_SLOTS:
         QVERIFY(IsDoneByScanning(form));
         QVERIFY(FrameIsOn(form, 1));
         QCOMPARE(FiguresShown(form), QList<int>{1});
+    }
+
+    // Unlike in the window of the intruders the name is the movie's own.
+    void theLanguageFileHasNoPartInTheColours()
+    {
+        Player player;
+        const ApplicationFolder folder(player.Host);
+        folder.Write(QStringLiteral("lngmorlene/italiano.lng"), "[Strings]\r\n0103=\"Altro\"\r\n");
+        QDir().mkpath(folder.Path(QStringLiteral("swf")));
+        QFile::copy(QStringLiteral(SOURCE_DIR "/data/swf/morlene1.svg"),
+                    folder.Path(QStringLiteral("swf/morlene1.svg")));
+        player.Host.Seed(3);
+        const auto &form = player.Open<FormEs7>();
+        QVERIFY(player.Host.Events.filter(QStringLiteral("Altro")).isEmpty());
+        QVERIFY(IsPainted(form.ShockwaveFlash1(0).Shown()));
     }
 
     void eachLevelIsFairToTheChild_data() { RowsOfLevels(5); }
