@@ -167,8 +167,10 @@ void Form::Show()
         return;
     Load();
     if (m_shown) {
-        m_window->raise();
-        m_window->activateWindow();
+        if (!Stage::BringForward(*m_window)) {
+            m_window->raise();
+            m_window->activateWindow();
+        }
         return;
     }
     m_window->Left = m_window->Top = 0;

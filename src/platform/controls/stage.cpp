@@ -65,16 +65,33 @@ void Stage::Show(QWidget &form, const QRect &screen)
         stage->TakeKeyboard();
 }
 
+bool Stage::BringForward(QWidget &form)
+{
+    if (stage == nullptr || form.parent() != stage)
+        return false;
+    if (stage->m_form != &form) {
+        stage->m_form = &form;
+        Retitle(form);
+        form.raise();
+        stage->TakeKeyboard();
+    }
+    stage->activateWindow();
+    return true;
+}
+
 void Stage::Leaves(QWidget &form)
 {
     if (stage == nullptr || form.parent() != stage)
         return;
-    if (stage->m_form != &form) {
-        stage->TakeKeyboard();
-        stage->m_rest.start(UntilAtRest);
-        return;
+    if (stage->m_form == &form) {
+        QWidget *next = stage->NextBehind();
+        if (next == nullptr)
+            return Close();
+        stage->m_form = next;
+        Retitle(*next);
     }
-    Close();
+    stage->TakeKeyboard();
+    stage->m_rest.start(UntilAtRest);
 }
 
 bool Stage::Hides(const QWidget &form)
@@ -101,6 +118,16 @@ void Stage::Close()
     stage->hide();
     // Not from under an event that is on its way through it.
     std::exchange(stage, nullptr)->deleteLater();
+}
+
+// The uppermost of the forms that the one in front covers, which stands there until now.
+QWidget *Stage::NextBehind() const
+{
+    QWidget *next = nullptr;
+    for (QObject *child : children()) // from the lowest to the uppermost
+        if (child->isWidgetType() && child != m_form && !static_cast<QWidget *>(child)->isHidden())
+            next = static_cast<QWidget *>(child);
+    return next;
 }
 
 // What the form chose itself, else the first in its order.

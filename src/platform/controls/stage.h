@@ -15,7 +15,11 @@ public:
     // Shows this form, which is being set up, instead of the one before, over `screen`. The
     // keyboard comes to it when the one before goes.
     static void Show(QWidget &form, const QRect &screen);
-    // Before a form that is shown here is hidden; with the last one goes the window.
+    // A form that was shown here stands before the others again, and has the keyboard; false for
+    // one that has a window of its own.
+    static bool BringForward(QWidget &form);
+    // Before a form that is shown here is hidden. The one that was shown before it stands in front
+    // again; with the last one goes the window.
     static void Leaves(QWidget &form);
     // Whether another form stands before this one.
     static bool Hides(const QWidget &form);
@@ -30,6 +34,7 @@ protected:
 
 private:
     Stage();
+    QWidget *NextBehind() const;
     void TakeKeyboard();
 
     QPointer<QWidget> m_form; // in front

@@ -5,6 +5,7 @@
 #include "support/scripted_host.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWindow>
@@ -111,6 +112,50 @@ private Q_SLOTS:
         QVERIFY(after.Unloaded());
         QVERIFY(!before.Unloaded());
         before.Unload();
+    }
+
+    void aFormBehindComesForwardWhenItIsShownAgain()
+    {
+        const ScriptedHost host;
+        Plain &before = Shown("Before");
+        QVERIFY(QTest::qWaitForWindowActive(WindowOf(before)));
+        before.Second.SetFocus();
+        int activated = 0;
+        before.OnActivate = [&] { ++activated; };
+        Plain &after = Shown("After");
+        before.Show();
+        const QWidget *window = WindowOf(before);
+        QCOMPARE(window->windowTitle(), QStringLiteral("Before!"));
+        QVERIFY(before.InFront());
+        QVERIFY(!after.InFront());
+        QVERIFY(before.Window()->isAncestorOf(window->childAt(window->rect().center())));
+        QVERIFY(before.Second.HasFocus());
+        QCOMPARE(activated, 0);
+        before.Unload();
+        after.Unload();
+    }
+
+    void theFormBehindStandsInFrontWhenTheOneBeforeItGoes()
+    {
+        ScriptedHost host;
+        Plain &first = Shown("First");
+        Plain &second = Shown("Second");
+        Plain &third = Shown("Third");
+        const QPointer<QWidget> window = WindowOf(third);
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        third.Unload();
+        QVERIFY(window->isVisible());
+        QCOMPARE(window->windowTitle(), QStringLiteral("Second!"));
+        QVERIFY(second.InFront());
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("a"));
+        QCOMPARE(second.First.Text(), QStringLiteral("a"));
+        second.Unload();
+        QVERIFY(first.InFront());
+        QVERIFY(window->isVisible());
+        QVERIFY(!host.Ended);
+        first.Unload();
+        QVERIFY(!window->isVisible());
+        QVERIFY(host.Ended);
     }
 
     void aFormFollowsTheWindowToAnotherSize()
