@@ -41,16 +41,26 @@ void TreBottoni::PassoScansione(Gesto verso)
     if (BottoneScansione == Prossimo)
         return;
     Evidenzia(BottoneScansione, false);
-    BottoneScansione =
-        Integer16(PassoCircolare(BottoneScansione, Command1.Count(), Segno(verso),
-                                 [this](int indice) { return Command1(indice).Enabled(); }));
+    SpostaScansione(verso);
     Evidenzia(BottoneScansione, true);
 }
 
+void TreBottoni::SpostaScansione(Gesto verso)
+{
+    BottoneScansione =
+        Integer16(PassoCircolare(BottoneScansione, Command1.Count(), Segno(verso),
+                                 [this](int indice) { return Command1(indice).Enabled(); }));
+}
+
+// The same step, but of a tick a statement that fails is passed over and the next one runs.
 void TreBottoni::PassoAutomatico()
 {
     PrendiFuocoAutomatico();
-    PassoScansione(Gesto::Avanti);
+    if (BottoneScansione == Prossimo)
+        return;
+    Skipping([&] { Evidenzia(BottoneScansione, false); });
+    Skipping([&] { SpostaScansione(Gesto::Avanti); });
+    Skipping([&] { Evidenzia(BottoneScansione, true); });
 }
 
 void TreBottoni::Scegli()

@@ -36,4 +36,5 @@ protected:
 
 private:
     void Risposta(int indice);
+    void SpostaScansione(Gesto verso);
 };
