@@ -160,7 +160,7 @@ private Q_SLOTS:
     void aSecondInstanceShowsItsBoxAndChangesNothing()
     {
         m_host->OtherInstance = true;
-        m_host->ExpectBox(QStringLiteral("Gia' in esecuzione"));
+        m_host->ExpectBox(Box{.Text = QStringLiteral("Gia' in esecuzione"), .Title = {}});
         const QStringList before = OnTheDrive();
         Main();
         QCOMPARE(OnTheDrive(), before);
