@@ -105,6 +105,85 @@ private Q_SLOTS:
         QCOMPARE(made.size(), expected.size());
     }
 
+    void theStatementsOfALevelAreAffirmedOrDenied_data()
+    {
+        QTest::addColumn<int>("level");
+        QTest::addColumn<QList<ScriptedDraw>>("draws");
+        QTest::addColumn<QString>("sentence");
+        using Draws = QList<ScriptedDraw>;
+        // False, the walls, blue; true, the chimney, not yellow; and the like.
+        QTest::newRow("1") << 1 << Draws{{2, 1}, {8, 2}, {4, 2}} << "Le pareti sono blu.";
+        QTest::newRow("2") << 2 << Draws{{2, 0}, {8, 0}, {4, 3}} << "Il comignolo non è giallo.";
+        QTest::newRow("2, denies what is so")
+            << 2 << Draws{{2, 1}, {8, 5}} << "Il gradino non è verde.";
+        QTest::newRow("3, affirms")
+            << 3 << Draws{{2, 1}, {8, 1}, {2, 0}, {4, 1}} << "Il tetto è rosso.";
+        QTest::newRow("3, denies") << 3 << Draws{{2, 1}, {8, 1}, {2, 1}} << "Il tetto non è verde.";
+        QTest::newRow("4") << 4 << Draws{{2, 0}, {8, 2}, {8, 3}}
+                           << "Le pareti sono verdi e le finestre sono verdi.";
+        QTest::newRow("5") << 5 << Draws{{2, 0}, {8, 0}, {8, 1}, {4, 1}, {4, 2}}
+                           << "Il comignolo non è rosso e il tetto non è blu.";
+        QTest::newRow("5, the first denies what is so")
+            << 5 << Draws{{2, 1}, {8, 0}, {8, 1}, {2, 1}, {2, 0}, {4, 2}}
+            << "Il comignolo non è verde e il tetto non è blu.";
+        QTest::newRow("6, denies and affirms")
+            << 6 << Draws{{2, 0}, {8, 0}, {8, 1}, {2, 0}, {4, 1}, {2, 0}}
+            << "Il comignolo non è rosso e il tetto è verde.";
+        QTest::newRow("6, denies twice")
+            << 6 << Draws{{2, 0}, {8, 0}, {8, 1}, {2, 0}, {4, 1}, {2, 1}, {4, 3}}
+            << "Il comignolo non è rosso e il tetto non è giallo.";
+    }
+    void theStatementsOfALevelAreAffirmedOrDenied()
+    {
+        QFETCH(int, level);
+        QFETCH(QList<ScriptedDraw>, draws);
+        QFETCH(QString, sentence);
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Colouring({1, 1, 1, 1, 1, 1}, 1, 0) +
+                           QList<ScriptedDraw>{{2, 0}, {8, 1}});
+        auto &form = player.Open<FormEs1>();
+        player.Host.Expect(draws);
+        ChooseLevel(form, level);
+        QCOMPARE(form.Label1.Caption(), sentence);
+        QCOMPARE(form.IndiceEsatto, static_cast<int16_t>(draws.first().Value));
+        QVERIFY(!player.Host.DrawsLeft());
+    }
+
+    void smokeAndCloudsAreSaidToBeThereOrNot_data()
+    {
+        QTest::addColumn<int>("level");
+        QTest::addColumn<bool>("there");
+        QTest::addColumn<bool>("isTrue");
+        for (const int level : {1, 2})
+            for (const bool there : {false, true})
+                for (const bool isTrue : {false, true})
+                    QTest::addRow("level %d, %s, %s", level, there ? "there" : "not there",
+                                  isTrue ? "true" : "false")
+                        << level << there << isTrue;
+    }
+    void smokeAndCloudsAreSaidToBeThereOrNot()
+    {
+        QFETCH(int, level);
+        QFETCH(bool, there);
+        QFETCH(bool, isTrue);
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Expect(Colouring({1, 1, 1, 1, 1, 1}, there ? 1 : 0, there ? 1 : 0) +
+                           QList<ScriptedDraw>{{2, 0}, {8, 1}});
+        auto &form = player.Open<FormEs1>();
+        const bool saysThere = there == isTrue;
+        // The denying composer says the same of them as the affirming one.
+        player.Host.Expect({{2, isTrue ? 0 : 1}, {8, 6}});
+        ChooseLevel(form, level);
+        QCOMPARE(form.Label1.Caption(),
+                 saysThere ? QStringLiteral("C'è il fumo.") : QStringLiteral("Non c'è il fumo."));
+        player.Host.Expect({{2, isTrue ? 0 : 1}, {8, 7}});
+        ChooseLevel(form, level);
+        QCOMPARE(form.Label1.Caption(), saysThere ? QStringLiteral("Ci sono le nuvole.")
+                                                  : QStringLiteral("Non ci sono le nuvole."));
+    }
+
     void theWindowMakesNoOtherSentence()
     {
         Player player;
