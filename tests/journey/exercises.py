@@ -11,7 +11,7 @@ import time
 from child import EXERCISES, INSIDE, PARTS, Child, differing, where_it_is
 from desktop import Desktop, Failure, Program, screen, wait_for
 from scanning import CHOOSE, LIT, STEP, is_lit, write_profile
-from sentences import COLOURS, PALETTE, sentence_holds, statement_holds
+from sentences import ITALIAN, PALETTE
 from steps import fresh_drive
 
 MOUSE, SWITCH, ARROWS = 0, 2, 3
@@ -85,7 +85,7 @@ def answer_button(child, index):
 
 
 def vero_o_falso(child, _):
-    holds = sentence_holds(child.program.text("Label1"), child.wait_shown())
+    holds = ITALIAN.holds(child.program.text("Label1"), child.wait_shown())
     two_buttons(child, 0 if holds else 1)
 
 
@@ -157,12 +157,6 @@ def differences(child, level, position, point):
     next_task(child, 0)
 
 
-def painted_as(sentence, part, parts):
-    """Grey is no colour, whatever the sentence denies."""
-    return (parts[part] in COLOURS.values()
-            and statement_holds(sentence.lower().rstrip("."), parts))
-
-
 def colora(child, level):
     done = 0
     clicks = 0  # each moves on to the next of the four colours, from whatever part to whatever part
@@ -178,7 +172,7 @@ def colora(child, level):
                     clicks += 1
                     parts = wait_for(f"{colour} on {part}", lambda: (
                         shown := child.shown("ShockwaveFlash1"))[part] == colour and shown)
-                    if painted_as(sentence, part, parts):
+                    if ITALIAN.painted_as(sentence, parts):
                         break
                 else:
                     raise Failure(f"no colour satisfies {sentence}")
@@ -201,7 +195,7 @@ def paint_by_scanning(child, sentences):
                child.program.key_until(STEP[child.mode], "another colour", look))
         part = next(p for p in PARTS if now[p] != before[p])
         sentence = next(line for line in sentences if part in line.lower())
-        if painted_as(sentence, part, now):
+        if ITALIAN.painted_as(sentence, now):
             child.choose()
             if child.answered():
                 return
@@ -211,30 +205,10 @@ def paint_by_scanning(child, sentences):
         before = child.wait_shown()
 
 
-def fits(sentence, parts):
-    text = sentence.lower().rstrip(".").replace("gradini", "gradino")
-    if text.startswith("almeno una cosa è vera: che "):
-        return any(statement_holds(part, parts)
-                   for part in text.split(": che ", 1)[1].split(" o che "))
-    if text.startswith("una cosa sola è vera: "):
-        both = text.split(": ", 1)[1].split(",")[0].split(" o ")
-        return sum(statement_holds(part, parts) for part in both) == 1
-    return sentence_holds(text, parts)
-
-
-def tells_all(sentence, level):
-    """On levels 2 and 4 some sentences leave their second clause out, or deny a smoke that the
-    houses have all the same: by those no child can judge."""
-    text = sentence.lower().rstrip(".")
-    if level == 2:
-        return " e " in text and not text.endswith(" e non c'è il fumo")
-    return level != 4 or " o " in text
-
-
 def sentence_that_tells_all(child, level):
     while True:
         sentence = child.text("Label1")
-        if tells_all(sentence, level):
+        if ITALIAN.tells_all(sentence, level):
             return sentence
         child.program.key_until(f"F{level}", "another sentence",
                                 lambda: child.text("Label1") != sentence)
@@ -247,7 +221,7 @@ def insiemi(child, level):
         if child.mode != MOUSE and is_lit(child.program, "Command1(2)"):
             break
         parts = child.wait_shown()
-        if answer_button(child, 0 if fits(sentence, parts) else 1):
+        if answer_button(child, 0 if ITALIAN.fits(sentence, parts) else 1):
             late = 0
             continue
         late += 1
@@ -265,7 +239,7 @@ def described(child):
         parts = child.shown(f"ShockwaveFlash1({index})")
         if parts is not None:
             child.place(f"ShockwaveFlash1({index})")
-            seen[index] = all(sentence_holds(line, parts) for line in lines)
+            seen[index] = all(ITALIAN.holds(line, parts) for line in lines)
     return list(seen), [index for index, fit in seen.items() if fit]
 
 

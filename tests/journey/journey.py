@@ -7,7 +7,7 @@ import os
 import sys
 
 from desktop import Desktop, Failure, Program, figure, wait_for
-from sentences import painted, sentence_holds
+from sentences import ITALIAN
 from steps import SETTINGS, come_to_the_menu, counts, fresh_drive, panel
 
 TASKS = 20
@@ -23,7 +23,7 @@ def play(program):
     for task in range(TASKS):
         parts = figure(wait_for("a figure", lambda: figure_text(program)))
         sentence = wait_for("a sentence", lambda: program.text("Label1"))
-        holds = sentence_holds(sentence, parts)
+        holds = ITALIAN.holds(sentence, parts)
         if task == 3:
             # Once on purpose: a wrong answer counts, and the task stays.
             answer(program, 1 if holds else 0)
@@ -34,7 +34,7 @@ def play(program):
         answer(program, 0 if holds else 1)
         counted = wait_for("an answer", lambda: counts(program) != (right, wrong) and counts(program))
         if counted == (right, wrong + 1):
-            if painted(parts):
+            if ITALIAN.painted(parts):
                 raise Failure(f"'{sentence}' of {parts} was judged otherwise")
             untold += 1
             wrong += 1

@@ -8,7 +8,7 @@ import sys
 
 from desktop import Desktop, Failure, Program, figure, wait_for
 from journey import figure_text
-from sentences import painted, sentence_holds
+from sentences import ITALIAN
 from steps import SETTINGS, counts, fresh_drive
 
 LIT = "FF0000"
@@ -100,9 +100,9 @@ def play(program, mode):
     while right < RIGHT_ANSWERS:
         parts = figure(wait_for("a figure", lambda: figure_text(program)))
         sentence = wait_for("a sentence", lambda: program.text("Label1"))
-        holds = sentence_holds(sentence, parts)
+        holds = ITALIAN.holds(sentence, parts)
         choices = [0 if holds else 1] * (3 if mode == 2 else 1) + [1 if holds else 0] * 3
-        if not painted(parts):
+        if not ITALIAN.painted(parts):
             choices = [choices[0], choices[-1]] * 3
         for index in choices:
             bring_light_to(program, mode, f"Command1({index})")
@@ -110,11 +110,11 @@ def play(program, mode):
             told = wait_for("an answer",
                             lambda: counts(program) != (right, wrong) and counts(program))
             if told == (right + 1, wrong):
-                if painted(parts) and index != choices[0]:
+                if ITALIAN.painted(parts) and index != choices[0]:
                     raise Failure(f"'{sentence}' of {parts} was judged otherwise")
                 break
             wrong += 1
-            if not painted(parts):
+            if not ITALIAN.painted(parts):
                 untold += 1
             elif mode == 2:
                 late += 1  # the light had gone on before the key arrived

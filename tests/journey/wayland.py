@@ -10,7 +10,7 @@ import tempfile
 
 from desktop import Failure, Program, WaylandDesktop, figure, wait_for
 from journey import figure_text
-from sentences import painted, sentence_holds
+from sentences import ITALIAN
 from steps import counts, fresh_drive, panel
 
 SIZE = (1366, 768)
@@ -45,14 +45,14 @@ def fills_the_screen(program, window):
 
 def play_a_task(program):
     parts = figure(wait_for("a figure", lambda: figure_text(program)))
-    holds = sentence_holds(wait_for("a sentence", lambda: program.text("Label1")), parts)
+    holds = ITALIAN.holds(wait_for("a sentence", lambda: program.text("Label1")), parts)
     for index in (0, 1) if holds else (1, 0):
         before = counts(program)
         act(program.await_object(f"Command1({index})"))
         after = wait_for("an answer", lambda: counts(program) != before and counts(program))
         if after[0] == 1:
             break
-        if painted(parts):
+        if ITALIAN.painted(parts):
             raise Failure(f"a right answer to {parts} was counted as wrong")
     wait_for("the next-task button", lambda: program.enabled(program.find("Command1(2)")))
 

@@ -12,7 +12,7 @@ from Xlib.ext import res, xtest
 from desktop import Failure
 
 TICKED, ENABLED, FOCUSED, SHOWING = 4, 8, 12, 25  # states, as the accessibility bus numbers them
-MENU_BAR, PAGE_TAB, LIST_ITEM, MENU_ITEM = 34, 37, 32, 35  # roles, as it numbers them
+MENU_BAR, PAGE_TAB, LIST_ITEM, MENU_ITEM, TEXT = 34, 37, 32, 35, 61  # roles, as it numbers them
 ACCESSIBLE = "org.a11y.atspi.Accessible"
 
 
@@ -179,8 +179,10 @@ class Controls:
         return self.told(self.paths[name], "Description")
 
     def text(self, name):
-        return self.ask(self.paths[name], "GetText", "org.a11y.atspi.Text",
-                        GLib.Variant("(ii)", (0, -1)))[0]
+        return self.text_of(self.paths[name])
+
+    def text_of(self, path):
+        return self.ask(path, "GetText", "org.a11y.atspi.Text", GLib.Variant("(ii)", (0, -1)))[0]
 
     def enabled(self, name):
         return self.has(self.paths[name], ENABLED)
@@ -193,6 +195,17 @@ class Controls:
         if name not in self.boxes:
             self.boxes[name] = self.box_of(self.paths[name])
         return self.boxes[name]
+
+    def settled_box(self, name):
+        """Of a window that is just opening, and still moves its controls."""
+        seen = []
+
+        def same_for_a_while():
+            now = self.box_of(self.paths[name])
+            if not seen or seen[-1][1] != now:
+                seen.append((time.monotonic(), now))
+            return now if time.monotonic() - seen[-1][0] > 0.1 else None
+        return await_that("a place that stays", same_for_a_while)
 
     # --- Without a design name ---
 
