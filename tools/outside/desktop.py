@@ -9,6 +9,8 @@ import time
 
 from PIL import ImageGrab
 
+LOST = 1.5  # seconds after which a key that did nothing is pressed again
+
 
 class Failure(Exception):
     """What a person at the machine would report."""
@@ -234,14 +236,27 @@ class Program:
     def write(self, text):
         subprocess.run(["xdotool", "type", text], check=True)
 
+    def windows(self):
+        """The program's windows, by design name and title; nothing while they change."""
+        try:
+            application = self.application()
+            return [(window.description, window.name) for window in
+                    map(application.getChildAtIndex, range(application.childCount))]
+        except Exception:  # a window that is just going gives errors of the bus
+            return None
+
     def key_until(self, name, what, look):
-        """Presses the key, and again where it got lost before the window had the keyboard."""
+        """Presses the key, and again where it got lost before the window had the keyboard; never
+        into a window that came of it and only was not found in time."""
+        before = wait_for("a window", self.windows)
         for _ in range(10):
             self.key(name)
             try:
-                return wait_for(what, look, 1.5)
+                return wait_for(what, look, LOST)
             except Failure:
-                continue
+                # A first answer may overtake the key on its way into the program.
+                if any(self.windows() != before for _ in range(2)):
+                    return wait_for(what, look)
         raise Failure(f"{what} never came by {name}")
 
     def ended(self):
