@@ -79,7 +79,8 @@ class AtScreen:
         self.open(lambda: self.click_path(self.eyes.menu_items()[-1], "Esci"), *comes)
 
     def start(self):
-        """From the splash to the menu. The splash tells where it is before the window manager has
-        placed it."""
+        """From the splash to the menu. The bus tells of a window before the window manager has it,
+        and a click that comes between is lost."""
         self.eyes.comes("Command1")
-        self.open(lambda: self.click_box(self.eyes.settled_box("Command1"), "Command1"), "Image1(8)")
+        self.expect_windows()
+        self.open(lambda: self.click("Command1"), "Image1(8)")

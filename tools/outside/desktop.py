@@ -50,6 +50,10 @@ class Desktop:
         with os.fdopen(reader) as pipe:
             os.environ["DISPLAY"] = ":" + pipe.readline().strip()
         self.start(["openbox", "--sm-disable"])
+        # A window that is older than its manager gets neither the keyboard nor a first click.
+        wait_for("the window manager", lambda: subprocess.run(
+            ["xdotool", "get_desktop"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+            check=False).returncode == 0)
         return self
 
     def __exit__(self, kind, *_):

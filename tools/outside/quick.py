@@ -196,17 +196,6 @@ class Controls:
             self.boxes[name] = self.box_of(self.paths[name])
         return self.boxes[name]
 
-    def settled_box(self, name):
-        """Of a window that is just opening, and still moves its controls."""
-        seen = []
-
-        def same_for_a_while():
-            now = self.box_of(self.paths[name])
-            if not seen or seen[-1][1] != now:
-                seen.append((time.monotonic(), now))
-            return now if time.monotonic() - seen[-1][0] > 0.1 else None
-        return await_that("a place that stays", same_for_a_while)
-
     # --- Without a design name ---
 
     def search(self, matches, path=None):
