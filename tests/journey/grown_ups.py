@@ -130,9 +130,21 @@ class GrownUps(Plays):
             self.option(PAGES[what], self.chance.choice(LETTERS))
         elif what == "colours":
             self.change_colour()
+        elif what == "all":
+            self.look_at_all_settings()
         self.expect_windows()
         self.leave("Image1(8)")
         self.learn()
+
+    def look_at_all_settings(self):
+        """One by one, and small letters and the first colours at the end."""
+        for _ in range(2):
+            self.tick(PAGES["levels"], "Check1")
+            self.tick(PAGES["sounds"], "CheckSuoni")
+        for letters in reversed(LETTERS):
+            self.option(PAGES["letters"], letters)
+        self.choose_colour(1)
+        self.first_colours()
 
     def page(self, name, control):
         tab = await_that(name, lambda: self.eyes.named(name, PAGE_TAB))
@@ -153,23 +165,27 @@ class GrownUps(Plays):
     def change_colour(self):
         """One of the four, or the background, which has no name; now and then all as they were."""
         if self.own.colours != COLOURS and self.chance.random() < 0.3:
-            self.page(PAGES["colours"], "Command4")
-            self.own.colours[:] = COLOURS
-            self.until(lambda: self.click("Command4"), "the first colours",
-                       lambda: all(self.row_names(row) == list(names)
-                                   for row, (_, names) in enumerate(COLOURS, 1)))
-            return
-        row = self.chance.randrange(5)
+            self.first_colours()
+        else:
+            self.choose_colour(self.chance.randrange(5))
+
+    def first_colours(self):
+        self.page(PAGES["colours"], "Command4")
+        self.own.colours[:] = COLOURS
+        self.until(lambda: self.click("Command4"), "the first colours",
+                   lambda: all(self.row_names(row) == list(names)
+                               for row, (_, names) in enumerate(COLOURS, 1)))
+
+    def choose_colour(self, row):
         self.option(PAGES["colours"], f"Option2({row})")
         square = await_that("another colour", self.square_of_another_colour)
         self.note(f"colour {row}: square {square}")
+        self.click(f"CasellaColorata({square})")
         if row == 0:
-            self.click(f"CasellaColorata({square})")
             return
         used = [words for _, words in self.own.colours]
         names = self.chance.choice([tuple(one.split()) for one in NAMES
                                     if tuple(one.split()) not in used])
-        self.click(f"CasellaColorata({square})")
         for question, name in zip(QUESTIONS, names):
             self.answer_question(self.reader.texts[question], name)
         await_that("the names", lambda: self.row_names(row) == list(names))
@@ -217,19 +233,19 @@ class GrownUps(Plays):
         if self.seen() != before:
             raise Failure(f"printing made {before} to {self.seen()}")
 
-    def look_at_printing(self, entry):
+    def look_at_printing(self, entry, dialog=None):
         """A dialog opened and closed, now and then by printing: the exercise begins anew, without a
         row."""
-        keys, shows = self.chance.choice(PRINT_DIALOGS)
+        keys, shows = dialog or self.chance.choice(PRINT_DIALOGS)
         self.note(f"print dialog by ctrl+{keys}, then {shows}")
         self.open(lambda: self.key("Control_L", keys), shows)
         self.expect_windows(2)
         if shows == "Picture1(0)":
-            dialog = next(index for index, window in enumerate(self.eyes.windows())
-                          if self.eyes.told(window, "Name") != "MorleneKVT")
+            front = next(index for index, window in enumerate(self.eyes.windows())
+                         if self.eyes.told(window, "Name") != "MorleneKVT")
 
             def close():
-                self.click_path(self.eyes.menu_items(dialog)[-1], "Esci")
+                self.click_path(self.eyes.menu_items(front)[-1], "Esci")
         else:
             self.printed += shows == "cmdStampa"
 

@@ -20,7 +20,7 @@ import rest
 from child import EXERCISES
 from desktop import Desktop, Failure
 from exercises import MOUSE, SWITCH
-from grown_ups import LANGUAGES, PLAYERS, GrownUps
+from grown_ups import LANGUAGES, PLAYERS, PRINT_DIALOGS, GrownUps
 from plays import SENTENCE, TWO_BUTTONS
 from printing_system import PrintingSystem
 from quick import await_that
@@ -31,7 +31,8 @@ SWITCH_PLAYER = "Carla"
 SWITCH_SHARE = 0.1  # of the tasks at least
 TURNS = ["_predefinito", *["Anna", "Bruno", "Dario"] * 3]
 FULL = 440  # rows of the log; a visit makes fewer than forty
-LONGEST = 12  # tasks of a visit; a short run makes shorter ones
+LONGEST = 12  # tasks of a visit
+SHORT_RUN, SHORT_VISIT = 100, 3  # tasks
 FIRST_TASKS = 1000
 NEXT = [2, 2, 0, 0, 1, 2, 0, 0]  # in the order of the menu: which button leads to the next task
 FORMS = [f"FormEs{number}" for number in (1, 2, 8, 3, 4, 5, 6, 7)]  # in the order of the menu
@@ -220,13 +221,23 @@ class Pupil(GrownUps):
             self.change_player(SWITCH_PLAYER)
         self.change_player(rest.PLAYER)
         if whole:
-            for entry in range(8):
-                self.open_exercise(entry)
-                self.leave_exercise()
-            self.configure("nothing")
+            self.see_every_window()
         self.check_prints()
         self.check_log()
         return rest.held(self)
+
+
+    def see_every_window(self):
+        self.configure("all")
+        self.look_at_the_contact()
+        for entry in range(8):
+            self.open_exercise(entry)
+            if entry == 0:
+                self.print_at_once()
+                for dialog in PRINT_DIALOGS:
+                    self.look_at_printing(entry, dialog)
+                    self.wait_for_task()
+            self.leave_exercise()
 
 
 def write_players(drive):
@@ -289,7 +300,7 @@ def main(executable, drive, tasks, seed=None):
         system.add_printer("Stampante")
         os.environ["CUPS_SERVER"] = system.environment["CUPS_SERVER"]
         pupil = Pupil(desktop.start([executable], stderr=errors), system, seed,
-                      LONGEST if int(tasks) >= FIRST_TASKS else 3)
+                      LONGEST if int(tasks) > SHORT_RUN else SHORT_VISIT)
         try:
             play(pupil, int(tasks))
             errors.seek(0)
