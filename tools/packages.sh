@@ -12,8 +12,8 @@ RUN_PACKAGES=(libqt6widgets6 libcups2 libqt6svg6 libqt6xml6 qt6-qpa-plugins qt6-
 PICTURE_PACKAGES=(xvfb openbox xdotool dbus at-spi2-core python3-pyatspi python3-pil
     cups-daemon cups-core-drivers cups-filters-core-drivers cups-client poppler-utils)
 
-TEST_PACKAGES=("${PICTURE_PACKAGES[@]}" x11-utils weston qt6-wayland python3-xlib
-    pulseaudio pulseaudio-utils procps
+TEST_PACKAGES=("${PICTURE_PACKAGES[@]}" x11-utils x11-xserver-utils weston qt6-wayland
+    python3-xlib pulseaudio pulseaudio-utils procps
     clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14
     g++-mingw-w64-x86-64-posix locales mold)
 

@@ -56,18 +56,18 @@ True
  255 
  16777215 
 False
-False
+{log}
 Profilo
 Merlin
 """
 
 
-def write_profile(drive, mode):
+def write_profile(drive, mode, log=False):
     folder = os.path.join(drive, SETTINGS, "dati")
     os.makedirs(folder)
     with open(os.path.join(drive, SETTINGS, "_predefinito.INI"), "w", newline="\r\n",
               encoding="cp1252") as file:
-        file.write(PROFILE.format(mode=mode))
+        file.write(PROFILE.format(mode=mode, log=log))
 
 
 def is_lit(program, described):
