@@ -84,9 +84,6 @@ private Q_SLOTS:
         QCOMPARE(window.Option2(3).Caption(), QStringLiteral("rosa - rosa -  - rosee"));
         QCOMPARE(ColorOf(window, QStringLiteral("porta")), QStringLiteral("FFCC00"));
         QCOMPARE(Colori(2, 0), QStringLiteral("FF0000"));
-        // No name is proposed, not even the one in force.
-        QCOMPARE(adult.Host.LastInputTitle, QStringLiteral("Morlenekvt"));
-        QCOMPARE(adult.Host.LastInputProposal, QString());
     }
 
     void theBackgroundAsksNothing()

@@ -177,8 +177,6 @@ BoxAnswer ScriptedHost::MessageBox(const Box &box)
 
 QString ScriptedHost::InputBox(const QString &prompt, const QString &title, const QString &proposal)
 {
-    LastInputTitle = title;
-    LastInputProposal = proposal;
     Events << QStringLiteral("input ") + prompt;
     if (m_boxes.isEmpty() || m_boxes.first().Text != prompt) {
         QTest::qFail(qPrintable(QStringLiteral("a question that was not foreseen: ") + prompt),

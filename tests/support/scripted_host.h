@@ -66,8 +66,6 @@ public:
     QStringList OpenedDocuments;
     int DocumentError = 0; // raised for every document, 0: none
     platform::FileQuestion LastFileQuestion;
-    QString LastInputTitle;
-    QString LastInputProposal;
     QString TodayNow = QStringLiteral("21/11/2026");
     QTemporaryDir Drive;
     FakePrinting Printer;

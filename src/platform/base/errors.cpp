@@ -25,8 +25,6 @@ QString StandardText(int number)
         return QStringLiteral("Nome di file non valido");
     case FileNotFound:
         return QStringLiteral("Impossibile trovare il file");
-    case FileAlreadyOpen:
-        return QStringLiteral("File già aperto");
     case FileAlreadyExists:
         return QStringLiteral("File già esistente");
     case DiskFull:

@@ -16,7 +16,6 @@ enum ErrorNumber : int {
     TypeMismatch = 13,
     BadFileNameOrNumber = 52,
     FileNotFound = 53,
-    FileAlreadyOpen = 55,
     FileAlreadyExists = 58,
     DiskFull = 61,
     InputPastEnd = 62,
