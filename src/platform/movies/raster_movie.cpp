@@ -9,12 +9,14 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <limits>
 
 namespace platform {
 namespace {
 
 constexpr int LargestSide = 4096;
 constexpr size_t MostFrames = 2000;
+constexpr int LongestMovie = std::numeric_limits<int>::max(); // ms
 constexpr qint64 MostPixels = qint64{1} << 30; // of all frames together: some seconds of decoding
 
 class RasterMovie : public MovieReader {
@@ -25,10 +27,12 @@ public:
         m_buffer.setData(m_content);
         m_buffer.open(QIODevice::ReadOnly);
         m_reader = std::make_unique<QImageReader>(&m_buffer, format);
+        // A frame may stand for hours.
+        qint64 duration = 0;
         for (const int delay : m_delays)
-            m_duration += delay;
-        if (m_delays.size() < 2)
-            m_duration = 0;
+            duration += delay;
+        if (m_delays.size() >= 2)
+            m_duration = static_cast<int>(std::min<qint64>(duration, LongestMovie));
     }
 
     bool Open()
@@ -70,7 +74,7 @@ public:
     bool Advance(int milliseconds) override
     {
         size_t frame = 0;
-        int end = m_delays.empty() ? 0 : m_delays.front();
+        qint64 end = m_delays.empty() ? 0 : m_delays.front();
         while (frame + 1 < m_delays.size() && milliseconds >= end)
             end += m_delays[++frame];
         // Time only goes on: the decoder cannot go back.

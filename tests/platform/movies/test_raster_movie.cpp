@@ -6,6 +6,8 @@
 #include <QElapsedTimer>
 #include <QTest>
 
+#include <limits>
+
 static const QList<RasterFrame> Three{{Qt::red, 200}, {Qt::green, 100}, {Qt::blue, 500}};
 
 static bool Near(const QColor &a, const QColor &b)
@@ -24,6 +26,7 @@ private Q_SLOTS:
     void framesThatNobodySawAreMadeUpFor_data();
     void framesThatNobodySawAreMadeUpFor();
     void hastyFramesStandATenthOfASecond();
+    void framesOfManyHoursAddUp();
     void aStillPictureStandsStill_data();
     void aStillPictureStandsStill();
     void itIsNoFigure();
@@ -89,6 +92,17 @@ void TestRasterMovie::hastyFramesStandATenthOfASecond()
     const QList<RasterFrame> hasty{{Qt::red, 0}, {Qt::blue, 10}};
     QCOMPARE(Movie(Gif(hasty))->Duration(), 200);
     QCOMPARE(Movie(Webp(hasty))->Duration(), 200);
+}
+
+void TestRasterMovie::framesOfManyHoursAddUp()
+{
+    constexpr int Longest = 0xFFFFFF; // ms, in the three bytes that WebP has
+    auto movie =
+        Movie(Webp(QList<RasterFrame>(140, {Qt::red, Longest}) << RasterFrame{Qt::blue, 9}));
+    QVERIFY(movie);
+    QCOMPARE(movie->Duration(), std::numeric_limits<int>::max());
+    QVERIFY(movie->Advance(std::numeric_limits<int>::max()));
+    QVERIFY(Near(At(Shown(*movie), 50, 50), Qt::red));
 }
 
 void TestRasterMovie::aStillPictureStandsStill_data()
