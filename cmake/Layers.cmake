@@ -13,7 +13,8 @@ if(MORLENE_SANITIZE)
 endif()
 if(MORLENE_FUZZ)
     target_compile_options(morlene_flags INTERFACE
-        -fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer -O1 -Wno-error)
+        -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
+        -fno-omit-frame-pointer -O1 -Wno-error)
     target_link_options(morlene_flags INTERFACE -fsanitize=address,undefined)
 endif()
 

@@ -1,4 +1,6 @@
-// Any bytes as a movie: opened, painted, played to its end and clicked.
+// Any bytes as a drawing: opened, painted, coloured, played to its end and clicked. Ready pictures
+// are fuzz_raster's.
+#include "platform/movies/frame_delays.h"
 #include "platform/movies/movie_formats.h"
 
 #include <QGuiApplication>
@@ -8,6 +10,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
@@ -23,9 +26,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     static_cast<void>(quiet);
 
     const QByteArray content(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
+    if (platform::IsGif(content) || platform::IsWebp(content))
+        return 0;
     auto movie = platform::ReadMovie(content);
     if (!movie)
         return 0;
+    if (movie->Duration() < 0)
+        std::abort();
     QImage image(60, 80, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::white);
     QPainter painter(&image);
@@ -35,8 +42,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         movie->SetVariable("TestoColore.QualeColore", "FF0000");
     }
     movie->SetProperty("fumo", 7, "0");
-    for (const int part : {1, 2, 4}) {
+    for (const int part : {4, 2, 1, 4}) {
         movie->Advance(movie->Duration() / part);
+        const QRect changed = movie->Changed(image.rect());
+        static_cast<void>(movie->Covers(changed, image.rect()));
         movie->Paint(painter, image.rect());
     }
     movie->Hit({30, 40}, image.rect());
