@@ -44,7 +44,8 @@ QString NomePerImpostazione(const QString &nome)
 QString NomeDaImpostazione(const QString &valore)
 {
     const QByteArray byte = ToCodePage(valore);
-    return byte.startsWith(SegnoUtf8) ? QString::fromUtf8(byte.mid(sizeof SegnoUtf8 - 1)) : valore;
+    // The decoder takes off one mark; a second one is a letter of the name.
+    return byte.startsWith(SegnoUtf8) ? QString::fromUtf8(byte) : valore;
 }
 
 // Where the line that begins at `riga` ends: before a CR or an LF, or with the file. Of CR LF the

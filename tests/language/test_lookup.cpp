@@ -311,6 +311,8 @@ private Q_SLOTS:
         row("Russian", "Русский", "\xEF\xBB\xBFРусский");
         row("Russian with a blank behind", "Русский ", "\"\xEF\xBB\xBFРусский \"");
         row("beyond 16 bits", "😀", "\xEF\xBB\xBF😀");
+        QTest::newRow("a mark of its own")
+            << QChar(0xFEFF) + QStringLiteral("č") << QByteArray("\xEF\xBB\xBF\xEF\xBB\xBFč");
         row("like the mark", "\u00EF\u00BB\u00BFx", "\xEF\xBB\xBF\u00EF\u00BB\u00BFx");
     }
     void aLanguageOfAnyNameOutlivesTheRun()
