@@ -17,6 +17,8 @@ TEST_PACKAGES=("${PICTURE_PACKAGES[@]}" x11-utils x11-xserver-utils weston qt6-w
     clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14
     g++-mingw-w64-x86-64-posix locales mold)
 
+COVERAGE_PACKAGES=(gcovr)
+
 PACKAGE_PACKAGES=(debhelper dpkg-dev lintian desktop-file-utils appstream man-db mmdebstrap)
 
 BENCH_PACKAGES=(xvfb openbox x11-utils libxcb-damage0-dev libxcb-xtest0-dev libxcb-keysyms1-dev

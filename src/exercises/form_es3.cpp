@@ -104,7 +104,7 @@ void FormEs3::ImpostaColori()
         if (ModoInput > 0)
             for (const int parte : {Fumo, Nuvole})
                 if (ColoriFigura2(parte) == 0 && ColoriFigura1(parte) == 1)
-                    std::swap(ColoriFigura1(parte), ColoriFigura2(parte));
+                    std::swap(ColoriFigura1(parte), ColoriFigura2(parte)); // GCOV_EXCL_LINE
         ColoraPrimomorlena();
         ColoraSecondomorlena();
         SetMousePointer(platform::MousePointer::Default);

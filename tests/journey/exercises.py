@@ -328,7 +328,7 @@ def play_all(desktop, executable, drive, mode, first=1, last=len(EXERCISES)):
               f"{time.monotonic() - begun:.0f} s", flush=True)
         program.click(wait_for("Esci", lambda: program.named("Esci", "menu item")))
         program.await_object("Image1(0)")
-    program.process.kill()
+    program.process.terminate()
     program.process.wait()
 
 
