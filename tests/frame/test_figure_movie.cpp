@@ -118,6 +118,34 @@ private Q_SLOTS:
         QCOMPARE(seen.pixelColor(1, 1), QColor(0xAB, 0xCD, 0xEF));
     }
 
+    void aFigureThatIsOnlyLookedAtTakesNoClick_data()
+    {
+        QTest::addColumn<int>("exercise");
+        for (const int exercise : {1, 2, 5, 8})
+            QTest::addRow("exercise %d", exercise) << exercise;
+    }
+    void aFigureThatIsOnlyLookedAtTakesNoClick()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Seed(3);
+        const FinestraEsercizio &form = OpenExercise(player, exercise);
+        player.Host.TakeEvents();
+        int figures = 0;
+        for (Control *control : form.Controls()) {
+            const auto *figure = dynamic_cast<const MovieControl *>(control);
+            if (figure == nullptr || !figure->Visible())
+                continue;
+            for (int part = 1; part <= Nuvole; ++part)
+                ClickOnPart(*figure, part);
+            ++figures;
+        }
+        QVERIFY(figures > 0);
+        QCOMPARE(player.Host.TakeEvents(), QStringList());
+        QCOMPARE(Esatti + Errati, 0);
+    }
+
     void theHourglassStandsWhileTheFigureIsPainted()
     {
         Player player;
