@@ -34,6 +34,10 @@ class AtScreen:
         x, y, width, height = box
         self.hands.click(x + width // 2, y + height // 2)
 
+    def hover(self, name):
+        x, y, width, height = self.eyes.box(name)
+        self.hands.move(x + width // 2, y + height // 2)
+
     def key(self, *names):
         self.note("key " + "+".join(names))
         self.hands.key(*names)

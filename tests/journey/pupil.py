@@ -232,6 +232,8 @@ class Pupil(GrownUps):
         self.look_at_the_contact()
         for entry in range(8):
             self.open_exercise(entry)
+            if "Text1" in self.eyes.paths:  # with a pointer of its own
+                self.hover("Text1")
             if entry == 0:
                 self.print_at_once()
                 for dialog in PRINT_DIALOGS:
@@ -303,10 +305,6 @@ def main(executable, drive, tasks, seed=None):
                       LONGEST if int(tasks) > SHORT_RUN else SHORT_VISIT)
         try:
             play(pupil, int(tasks))
-            errors.seek(0)
-            said = errors.read().decode(errors="replace")
-            if said:
-                raise Failure(f"the program wrote on standard error:\n{said}")
         except Exception as fault:
             print(f"seed {seed}; the last actions, each after so many tasks:", *pupil.actions,
                   sep="\n", flush=True)
@@ -315,6 +313,10 @@ def main(executable, drive, tasks, seed=None):
             if pupil.hands.windows() > 1:
                 raise Failure(f"{fault}; more windows than one: {pupil.boxes()}") from fault
             raise
+        errors.seek(0)
+        said = errors.read().decode(errors="replace")
+        if said:
+            raise Failure(f"the program wrote on standard error:\n{said}")
 
 
 if __name__ == "__main__":
