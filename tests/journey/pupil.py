@@ -24,8 +24,8 @@ from grown_ups import LANGUAGES, PLAYERS, PRINT_DIALOGS, GrownUps
 from plays import SENTENCE, TWO_BUTTONS
 from printing_system import PrintingSystem
 from quick import await_that
-from scanning import CHOOSE, PROFILE
-from steps import SETTINGS, fresh_drive
+from scanning import CHOOSE, write_profile
+from steps import fresh_drive
 
 SWITCH_PLAYER = "Carla"
 SWITCH_SHARE = 0.1  # of the tasks at least
@@ -243,15 +243,10 @@ class Pupil(GrownUps):
 
 
 def write_players(drive):
-    folder = os.path.join(drive, SETTINGS)
-    os.makedirs(os.path.join(folder, "dati"))
-    # The log is kept; the light goes on each 250 ms, as quickly as it can.
-    log_kept = PROFILE.replace("False\nFalse\nProfilo", "False\nTrue\nProfilo")
+    """The log is kept; the light goes on each 250 ms, as quickly as it can."""
     for name, mode in PLAYERS.items():
         ending = ".INI" if name == "_predefinito" else ".ini"
-        with open(os.path.join(folder, name + ending), "w", newline="\r\n",
-                  encoding="cp1252") as file:
-            file.write(log_kept.format(mode=mode))
+        write_profile(drive, mode, log=True, file_name=name + ending)
 
 
 def play(pupil, tasks):

@@ -62,10 +62,9 @@ Merlin
 """
 
 
-def write_profile(drive, mode, log=False):
-    folder = os.path.join(drive, SETTINGS, "dati")
-    os.makedirs(folder)
-    with open(os.path.join(drive, SETTINGS, "_predefinito.INI"), "w", newline="\r\n",
+def write_profile(drive, mode, log=False, file_name="_predefinito.INI"):
+    os.makedirs(os.path.join(drive, SETTINGS, "dati"), exist_ok=True)
+    with open(os.path.join(drive, SETTINGS, file_name), "w", newline="\r\n",
               encoding="cp1252") as file:
         file.write(PROFILE.format(mode=mode, log=log))
 
