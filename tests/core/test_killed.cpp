@@ -14,8 +14,10 @@
 #include <QDirIterator>
 #include <QTest>
 
+#include <algorithm>
 #include <memory>
 #include <sys/stat.h>
+#include <utility>
 
 using namespace platform;
 
@@ -163,6 +165,32 @@ private Q_SLOTS:
                        });
         // The one thing that is lost so: a name without settings.
         QVERIFY(empty > 0);
+    }
+
+    void aReportIsNewUpToWhatTheOldOneHadMore()
+    {
+        const QString report = QStringLiteral("prova.rpt");
+        const auto save = [](char letter, int lines) {
+            TextWriter file(QStringLiteral("C:\\prova.rpt"));
+            for (int line = 0; line < lines; ++line)
+                file.PrintText(QString(10, QLatin1Char(letter)));
+            file.Close();
+        };
+        for (const auto &[oldLines, newLines] : {std::pair(3, 5), std::pair(5, 3)})
+            KillEverywhere([&, lines = oldLines] { save('a', lines); },
+                           [&, lines = newLines] { save('b', lines); },
+                           [&, least = qsizetype{12} * std::min(oldLines, newLines)](int) {
+                               // All that both have is of one of the two.
+                               const QByteArray found = m_host->DriveFile(report).left(least);
+                               QCOMPARE(found.size(), least);
+                               QVERIFY(found.contains('a') != found.contains('b'));
+                           });
+        KillEverywhere([&] { QFile::remove(m_host->Drive.filePath(report)); },
+                       [&] { save('b', 3); },
+                       [&](int) {
+                           const qsizetype size = m_host->DriveFile(report).size();
+                           QVERIFY2(size == 0 || size == 36, qPrintable(QString::number(size)));
+                       });
     }
 
     void theLanguageIsTheOldOrTheNewOne()
