@@ -43,24 +43,42 @@ class Desktop:
         os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         os.environ["QT_QPA_PLATFORM"] = "xcb"
         os.environ["LC_ALL"] = "C.UTF-8"
+        # A display that ends at this moment can take away the door of one that has just taken its
+        # number: then once more, by another number.
+        for left in reversed(range(3)):
+            self.open_display()
+            manager = self.start(["openbox", "--sm-disable"])
+            # A window that is older than its manager gets neither the keyboard nor a first click.
+            try:
+                wait_for("the window manager", lambda: manager.poll() is not None or self.managed())
+                if manager.poll() is None:
+                    return self
+                raise Failure("the window manager ended")
+            except Failure:
+                self.end()
+                if not left:
+                    raise
+
+    def open_display(self):
         reader, writer = os.pipe()
         self.start(["Xvfb", "-displayfd", str(writer), "-screen", "0", self.size + "x24",
                     "-nolisten", "tcp"], pass_fds=[writer])
         os.close(writer)
         with os.fdopen(reader) as pipe:
             os.environ["DISPLAY"] = ":" + pipe.readline().strip()
-        self.start(["openbox", "--sm-disable"])
-        # A window that is older than its manager gets neither the keyboard nor a first click.
-        wait_for("the window manager", lambda: subprocess.run(
-            ["xdotool", "get_desktop"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-            check=False).returncode == 0)
-        return self
+
+    def managed(self):
+        return subprocess.run(["xdotool", "get_desktop"], stdout=subprocess.DEVNULL,
+                              stderr=subprocess.DEVNULL, check=False).returncode == 0
 
     def __exit__(self, kind, *_):
         if kind is not None:
             seen = os.path.abspath(f"seen-at-the-failure-{os.getpid()}.png")
             self.picture(seen)
             print("the screen then:", seen, flush=True)
+        self.end()
+
+    def end(self):
         for process in reversed(self.processes):
             if process.poll() is None:
                 process.terminate()
@@ -69,6 +87,7 @@ class Desktop:
                 process.wait(5)
             except subprocess.TimeoutExpired:
                 process.kill()
+        self.processes.clear()
 
     def start(self, command, **options):
         process = subprocess.Popen(command, stdin=subprocess.DEVNULL, **options)
