@@ -4,6 +4,26 @@
 
 using namespace platform;
 
+void FinestraEsercizio::CollegaScansione()
+{
+    Timer1.OnTimer = [this] { Tick(); };
+    Timer1.RestWhile([this] {
+        return (ModoInput == 1 || ModoInput == 3) && PictureScansioneManuale.HasFocus();
+    });
+    PictureScansioneManuale.OnKeyUp = [this](int tasto, int) { TastoManuale(tasto); };
+    PictureScansioneAutomatica.OnKeyDown = [this](int tasto, int) {
+        // A held switch freezes the highlight.
+        if (ModoInput == 2 && tasto == KeySpace)
+            Timer1.SetEnabled(false);
+    };
+    PictureScansioneAutomatica.OnKeyUp = [this](int tasto, int) { TastoAutomatico(tasto); };
+    PictureScansioneAutomatica.OnLostFocus = [this] {
+        // The release of a held switch goes to who has taken the keyboard: scanning goes on.
+        if (ModoInput == 2)
+            Timer1.SetEnabled(true);
+    };
+}
+
 bool FinestraEsercizio::AvviaScansione()
 {
     Timer1.SetEnabled(ModoInput != 0);

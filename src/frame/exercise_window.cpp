@@ -56,22 +56,7 @@ FinestraEsercizio::FinestraEsercizio(const DisegnoEsercizio &disegno)
     OnResize = [this] { Ridimensiona(); };
     mnuLiv.OnClick = [this](int indice) { ScegliLivello(indice); };
     mnuEsci.OnClick = [this] { Esci(); };
-    Timer1.OnTimer = [this] { Tick(); };
-    Timer1.RestWhile([this] {
-        return (ModoInput == 1 || ModoInput == 3) && PictureScansioneManuale.HasFocus();
-    });
-    PictureScansioneManuale.OnKeyUp = [this](int tasto, int) { TastoManuale(tasto); };
-    PictureScansioneAutomatica.OnKeyDown = [this](int tasto, int) {
-        // A held switch freezes the highlight.
-        if (ModoInput == 2 && tasto == KeySpace)
-            Timer1.SetEnabled(false);
-    };
-    PictureScansioneAutomatica.OnKeyUp = [this](int tasto, int) { TastoAutomatico(tasto); };
-    PictureScansioneAutomatica.OnLostFocus = [this] {
-        // The release of a held switch goes to who has taken the keyboard: scanning goes on.
-        if (ModoInput == 2)
-            Timer1.SetEnabled(true);
-    };
+    CollegaScansione();
 
     mnuStEserc.OnClick = [this] { StampaVeloce(*this); };
     mnuStOr.OnClick = [this] { StampaConOpzioni(*this, 2); };

@@ -114,6 +114,7 @@ private:
     void UnLivelloInPiu(const std::function<void()> &dopoIlCambio);
     void ScriviRiga();
     void ChiudiLivello();
+    void CollegaScansione();
     void Tick();
     void TastoManuale(int tasto);
     void TastoAutomatico(int tasto);
