@@ -8,6 +8,8 @@
 
 #include <cstdint>
 
+// In the order of the file. The colours of windows and controls are doubles that hold 32 bits,
+// &H00BBGGRR or a system colour.
 extern bool SuoniAttivi;                   // sounds are played at all
 extern bool DisabilitaMousePersonalizzato; // the system's pointer instead of the program's
 extern int16_t ModoInput;                  // 0 mouse, 1 two keys, 2 one switch, 3 arrow keys
@@ -15,7 +17,6 @@ extern int16_t VelocitaScansione;          // quarters of a second a step
 // Rows 0 (background) and 1 to 4 (the figures' colours); column 0 RRGGBB, columns 1 to 4 the name:
 // masculine singular and plural, feminine singular and plural. Row 5 is not used.
 extern TabellaTesti<6, 5> Colori;
-// Colours of windows and controls: doubles that hold 32 bits, &H00BBGGRR or a system colour.
 extern double ColoreSfondo;              // of the windows while `ColoriVari` is false
 extern QString TipoCarattere;            // "minuscolo", "maiuscolo" or "corsivo"
 extern QString FontCorrente;             // "Indis1" while `TipoCarattere` is "corsivo"
