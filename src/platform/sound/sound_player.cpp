@@ -19,10 +19,10 @@ namespace platform {
 namespace {
 
 // How much the server holds ahead: long enough not to stutter, short enough to feel immediate.
-constexpr pa_usec_t kTargetLength = 40 * PA_USEC_PER_MSEC;
+constexpr pa_usec_t TargetLength = 40 * PA_USEC_PER_MSEC;
 
 // A server that was stuck for longer must not answer a child who is at the next task by now.
-constexpr std::chrono::seconds kLatestStart{2};
+constexpr std::chrono::seconds LatestStart{2};
 
 pa_sample_spec SampleSpec(const SoundFile &sound)
 {
@@ -109,13 +109,13 @@ private:
         buffer.prebuf = serverDecides;
         buffer.minreq = serverDecides;
         buffer.fragsize = serverDecides;
-        buffer.tlength = static_cast<uint32_t>(pa_usec_to_bytes(kTargetLength, &spec));
+        buffer.tlength = static_cast<uint32_t>(pa_usec_to_bytes(TargetLength, &spec));
         if (pa_stream_connect_playback(m_stream, nullptr, &buffer, PA_STREAM_ADJUST_LATENCY,
                                        nullptr, nullptr) < 0)
             DropStream();
     }
 
-    bool IsTooLate() const { return std::chrono::steady_clock::now() - m_asked > kLatestStart; }
+    bool IsTooLate() const { return std::chrono::steady_clock::now() - m_asked > LatestStart; }
 
     // Without its callbacks a stream that is on its way out cannot disturb the next one. One that
     // the server has not answered yet can only be ended when the answer comes.
