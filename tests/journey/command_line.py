@@ -40,6 +40,13 @@ def the_lack_of_a_screen_is_told_in_one_sentence(executable):
                not any(word in error.lower() for word in ("plugin", "reinstall")))
 
 
+def a_platform_that_is_not_there_is_named(executable):
+    for name in ("nonsense", "nonsense;other"):
+        found = status, output, error = run(executable, QT_QPA_PLATFORM=name)
+        expect(name, found, status == 3 and output == "" and error.count("\n") == 1 and
+               name in error and "plugin" not in error.lower())
+
+
 def words_are_answered_without_a_screen(executable, version):
     for word in ("--version", "-v"):
         found = run(executable, word)
@@ -98,6 +105,7 @@ def command_line(executable, drive, version):
     with tempfile.TemporaryDirectory() as runtime:
         os.environ["XDG_RUNTIME_DIR"] = runtime
         the_lack_of_a_screen_is_told_in_one_sentence(executable)
+        a_platform_that_is_not_there_is_named(executable)
         words_are_answered_without_a_screen(executable, version)
         screens_that_need_no_server_are_taken(executable, drive)
         a_server_of_its_own_is_enough(executable, drive)

@@ -40,12 +40,38 @@ bool X11Answers()
     return xcb_connection_has_error(connection) == 0;
 }
 
+// Whether the toolkit has its plugin for a platform; the name ends at a colon. One that was put
+// elsewhere is taken at its word.
+bool HasPlugin(const QByteArray &platform)
+{
+    if (qEnvironmentVariableIsSet("QT_PLUGIN_PATH") ||
+        qEnvironmentVariableIsSet("QT_QPA_PLATFORM_PLUGIN_PATH"))
+        return true;
+    const QString name = QString::fromLocal8Bit(platform).section(QLatin1Char(':'), 0, 0);
+    return !QDir(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms"))
+                .entryList({QStringLiteral("libq%1*").arg(name)}, QDir::Files)
+                .isEmpty();
+}
+
+QByteArrayList PlatformsAskedFor()
+{
+    const QByteArray platforms = qgetenv("QT_QPA_PLATFORM");
+    return (platforms.isEmpty() ? QByteArray("xcb;wayland") : platforms).split(';');
+}
+
+// What is asked for when the toolkit knows nothing of it; empty when it knows one.
+QByteArray UnknownPlatforms()
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        return {};
+    const QByteArrayList names = PlatformsAskedFor();
+    return std::any_of(names.begin(), names.end(), HasPlugin) ? QByteArray() : names.join(';');
+}
+
 bool WaylandAnswers()
 {
     // The toolkit shows nothing there without its plugin.
-    if (QDir(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms"))
-            .entryList({QStringLiteral("libqwayland*")}, QDir::Files)
-            .isEmpty())
+    if (!HasPlugin("wayland"))
         return false;
     if (qEnvironmentVariableIsSet("WAYLAND_SOCKET"))
         return true;
@@ -71,18 +97,20 @@ bool WaylandAnswers()
 // a bare frame buffer it needs nobody to answer.
 bool HasScreen()
 {
-    QByteArray platforms = qgetenv("QT_QPA_PLATFORM");
-    if (platforms.isEmpty())
-        platforms = "xcb;wayland";
-    const QByteArrayList names = platforms.split(';');
+    const QByteArrayList names = PlatformsAskedFor();
     return std::any_of(names.begin(), names.end(), [](const QByteArray &name) {
         if (name.startsWith("xcb"))
             return X11Answers();
-        return name.startsWith("wayland") ? WaylandAnswers() : true;
+        return name.startsWith("wayland") ? WaylandAnswers() : HasPlugin(name);
     });
 }
 
 #else
+
+QByteArray UnknownPlatforms()
+{
+    return {};
+}
 
 bool HasScreen()
 {
@@ -114,6 +142,12 @@ std::optional<int> AnswerCommandLine(int argc, char **argv, const char *version)
                      "morlenekvt: opzione sconosciuta: %s (morlenekvt --help mostra l'aiuto)\n",
                      argv[i]);
         return UnknownWord;
+    }
+    if (const QByteArray unknown = UnknownPlatforms(); !unknown.isEmpty()) {
+        std::fprintf(stderr,
+                     "morlenekvt: QT_QPA_PLATFORM chiede \"%s\", che su questo computer non c'è\n",
+                     unknown.constData());
+        return NoScreen;
     }
     if (HasScreen())
         return {};
