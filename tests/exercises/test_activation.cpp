@@ -74,6 +74,19 @@ private Q_SLOTS:
         }
     }
 
+    void thePictureThatIsNeverShownIsHidden_data() { RowsOfExercises(); }
+    void thePictureThatIsNeverShownIsHidden()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Seed(3);
+        FinestraEsercizio &form = OpenExercise(player, exercise);
+        QVERIFY(!form.PicMerlino.Visible());
+        DoTheTask(form);
+        QVERIFY(!form.PicMerlino.Visible());
+    }
+
     void eventsThatWaitPassOnceTheFiguresAreOpen_data() { RowsOfExercises(); }
     void eventsThatWaitPassOnceTheFiguresAreOpen()
     {
