@@ -190,6 +190,7 @@ private Q_SLOTS:
         ModoInput = static_cast<int16_t>(mode);
         player.Host.Seed(4);
         const FinestraEsercizio &form = OpenExercise(player, exercise);
+        Step(player.Host, form); // so that there is something to answer
         player.Host.TakeEvents();
         for (Control *control : form.Controls()) {
             const auto *seen = dynamic_cast<const VisualControl *>(control);
@@ -351,6 +352,28 @@ private Q_SLOTS:
         QCOMPARE(EserciziEseguiti(1, 2), QString::number(right));
         DoTheTask(form);
         QVERIFY(Esatti > 0);
+    }
+
+    void leavingWritesARowAndShowsTheMenu_data() { RowsOfExercises(); }
+    void leavingWritesARowAndShowsTheMenu()
+    {
+        QFETCH(int, exercise);
+        Player player;
+        SuoniAttivi = false;
+        player.Host.Seed(4);
+        FinestraEsercizio &form = OpenExercise(player, exercise);
+        const QString name = form.Name();
+        ChooseLevel(form, 2);
+        DoTheTask(form);
+        Errati = 3;
+        const QString right = QString::number(Esatti);
+        ClickInMenuBar(form, QStringLiteral("mnuEsci"));
+        QCOMPARE(EserciziEseguiti(2, 1), QStringLiteral("2"));
+        QCOMPARE(EserciziEseguiti(2, 2), right);
+        QCOMPARE(EserciziEseguiti(2, 3), QStringLiteral("3"));
+        QCOMPARE(NumeroEserciziEseguiti, int16_t{3});
+        QVERIFY(Form::Find(QStringLiteral("FormMenu")) != nullptr);
+        QVERIFY(Form::Find(name) == nullptr);
     }
 
     // In every input mode, two exercises each.

@@ -323,8 +323,9 @@ private Q_SLOTS:
         SuoniAttivi = false;
         player.Host.Expect(Task(RedRoof));
         auto &form = player.Open<FormEs3>();
+        form.ShockwaveFlash1.BringToFront();
         ClickOn(form.Command1(1));
-        // It stands before the houses.
+        // It stands before the houses, whichever came to the front before.
         const QPoint middle = form.Pannello.Widget()->geometry().center();
         const QWidget *seen = form.Client()->childAt(middle);
         QVERIFY(seen == form.Label1.Widget() || form.Pannello.Widget()->isAncestorOf(seen));
