@@ -8,11 +8,11 @@ class FormEs2 : public EsercizioConFrase {
 public:
     FormEs2();
 
-    // The two figures, and for each part what differs and what has been asked already.
+    // The two figures, and for each part whether it differs and whether it has been asked.
     Colorazione Colore1;
     Colorazione Colore2;
-    Colorazione Diverso; // index in `Command1` of the right answer: 0 the same, 1 not
-    Colorazione Usata;
+    Vettore<int16_t, 8> Diverso; // index in `Command1` of the right answer: 0 the same, 1 not
+    Vettore<int16_t, 8> Usata;   // 1 since its sentence has been shown
 
     platform::MovieControl ShockwaveFlash2;
 

@@ -11,7 +11,7 @@ public:
     FormEs4();
 
     // The task that is shown.
-    Vettore<int16_t, 8> ColoreParte; // 1 to 6: the colour that the sentence names; 7, 8 as shown
+    Colorazione ColoreParte; // 1 to 6: the colour that the sentence names; 7, 8 as shown
     // Row 0: the part is open, it can be painted; rows 1 to 4: that colour satisfies its sentence.
     Tabella<bool, 5, 7> Soluzioni;
     Vettore<int16_t, 6> Colorati;   // the child's colour of each part; 0: not painted yet

@@ -157,6 +157,7 @@ void FormEs5::EstraiPrimo()
     ComponiFrasePositiva1();
 }
 
+// The part that nothing has is refused beside the chimney only: meant.
 bool FormEs5::DaScartare() const
 {
     return (SecondoOggetto == SenzaNome && PrimoOggetto == Comignolo) ||
