@@ -73,13 +73,12 @@ private Q_SLOTS:
         QCOMPARE(log.MSFlexGrid1.TextMatrix(0, 1), QStringLiteral("Report"));
     }
 
-    void theNextVisitShowsTheLogAgain()
+    void theNextActivationShowsTheLogAgain()
     {
         Teacher teacher;
         Teacher::DoExercise("Insiemi", "1", "1", "1");
-        teacher.OpenReport("Anna\r\nData\r\n 1 \r\nFine\r\n", true).mnuEsci.OnClick();
-        DropForms();
-        const FormEserciziEseguiti &log = teacher.OpenLog();
+        FormEserciziEseguiti &log = teacher.OpenReport("Anna\r\nData\r\n 1 \r\nFine\r\n", true);
+        log.OnActivate();
         QCOMPARE(log.Label1.Caption(), QStringLiteral("Niccolò"));
         QCOMPARE(log.Label3.Caption(), QString());
         QCOMPARE(log.MSFlexGrid1.Rows(), 3);
