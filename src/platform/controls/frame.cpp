@@ -17,15 +17,12 @@ public:
     platform::Font Letters;
     Color Back = SystemButtonFace;
     Color Fore = SystemButtonText;
-    bool Bordered = true;
 
 protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
         painter.fillRect(rect(), ToQColor(Back));
-        if (!Bordered)
-            return;
         painter.setRenderHint(QPainter::Antialiasing);
         const QFont font = ToQFont(Letters, Letters.Size);
         const QFontMetrics metrics(font);
@@ -64,12 +61,6 @@ void Frame::SetCaption(const QString &caption)
 {
     View(*this).setTitle(caption);
     Note("Caption", caption);
-}
-
-void Frame::SetBordered(bool bordered)
-{
-    View(*this).Bordered = bordered;
-    Widget()->update();
 }
 
 void Frame::Refresh()

@@ -11,8 +11,6 @@ public:
 
     QString Caption() const override;
     void SetCaption(const QString &caption) override;
-    // The line round it and the room of the heading.
-    void SetBordered(bool bordered);
 
 protected:
     void Refresh() override;

@@ -45,13 +45,6 @@ PictureBox::PictureBox(const ControlId &id, const Place &place, const QString &p
     m_view->setFocusPolicy(Qt::StrongFocus);
 }
 
-void PictureBox::SetPicture(const QString &name)
-{
-    m_view->Picture = name;
-    m_view->Loaded = {};
-    m_view->update();
-}
-
 void PictureBox::SetBordered(bool bordered)
 {
     m_view->Bordered = bordered;

@@ -13,7 +13,6 @@ class PictureView;
 class PictureBox : public VisualControl {
 public:
     PictureBox(const ControlId &id, const Place &place, const QString &picture = {});
-    void SetPicture(const QString &name);
     // A line round it, one pixel wide.
     void SetBordered(bool bordered);
 

@@ -87,6 +87,4 @@ void StatusBar::PutInPlace()
     }
 }
 
-void StatusBar::Refresh() {}
-
 } // namespace platform

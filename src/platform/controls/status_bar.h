@@ -22,7 +22,6 @@ public:
 
 protected:
     void PutInPlace() override;
-    void Refresh() override;
 
 private:
     QLabel *Label(int number) const;
