@@ -17,6 +17,11 @@ extern "C" const char *__lsan_default_suppressions()
            "leak:libmpg123\nleak:libmp3lame\n";
 }
 
+extern "C" const char *__lsan_default_options()
+{
+    return "print_suppressions=0";
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const Silence silence; // the decoders find much to say
