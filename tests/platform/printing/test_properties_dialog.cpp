@@ -1,5 +1,5 @@
-// The printer's own dialog, worked as a person would: what it opens on, what it gives back, and that
-// cancelling gives nothing.
+// The printer's own dialog, worked as a person would: what it opens on, what it gives back, and
+// that cancelling gives nothing.
 #include "platform/printing/properties_dialog.h"
 
 #include "platform/controls/form.h"
