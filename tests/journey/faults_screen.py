@@ -115,7 +115,24 @@ def by_one_switch(desktop, executable, drive, pictures):
     wait_for("an answer by the switch", lambda: counts(program) != before)
 
 
+def without_a_window_manager(desktop, executable, drive, pictures):
+    fresh_drive(drive)
+    program = Program(desktop, executable)
+    come_to_the_menu(program, first_time=True)
+    screen = Screen(desktop, program, pictures)
+    press(program, "Image1(0)")
+    program.await_object("ShockwaveFlash1")
+    for size in SIZES:
+        resize(size)
+        screen.expect_whole("an exercise without a window manager", size)
+        width, height = (int(side) for side in size.split("x"))
+        wait_for("a window that fills the screen", lambda: tuple(
+            program.box(program.find("FormEs1")))[2:] == (width, height))
+
+
 def faults_screen(executable, drive, pictures=None):
+    with Desktop(with_manager=False) as desktop:
+        without_a_window_manager(desktop, executable, drive, pictures)
     with Desktop() as desktop:
         by_mouse(desktop, executable, drive, pictures)
         if WHOLE:

@@ -35,14 +35,18 @@ def screen(box=None):
 class Desktop:
     """Started by `with`; everything it started is gone at the end."""
 
-    def __init__(self, size="1366x768"):
+    def __init__(self, size="1366x768", with_manager=True):
         self.size = size
+        self.with_manager = with_manager  # of windows
         self.processes = []
 
     def __enter__(self):
         os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         os.environ["QT_QPA_PLATFORM"] = "xcb"
         os.environ["LC_ALL"] = "C.UTF-8"
+        if not self.with_manager:
+            self.open_display()
+            return self
         # A display that ends at this moment can take away the door of one that has just taken its
         # number: then once more, by another number.
         for left in reversed(range(3)):

@@ -35,6 +35,10 @@ Stage::Stage()
     setAttribute(Qt::WA_NoSystemBackground);
     m_rest.setSingleShot(true);
     connect(&m_rest, &QTimer::timeout, GiveMemoryBack);
+    // A window manager does it too; without one the foot of a form would lie below a screen that
+    // gets smaller.
+    connect(QGuiApplication::primaryScreen(), &QScreen::geometryChanged, this,
+            [this](const QRect &screen) { setGeometry(QRect(QPoint(), screen.size())); });
 }
 
 void Stage::Show(QWidget &form, const QRect &screen)
