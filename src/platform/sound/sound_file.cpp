@@ -102,7 +102,8 @@ std::unique_ptr<SoundFile> SoundFile::Open(const QString &nativePath)
     QFile file(nativePath);
     if (!file.open(QIODevice::ReadOnly) || file.size() > LargestSoundFile)
         return nullptr;
-    return Open(file.read(LargestSoundFile));
+    // Not more: what is asked for is set aside, and stays so while the sound is held.
+    return Open(file.read(file.size()));
 }
 
 int SoundFile::Channels() const

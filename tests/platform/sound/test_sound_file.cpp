@@ -15,6 +15,9 @@
 
 #include <sndfile.h>
 #include <sys/stat.h>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 using platform::SoundFile;
 
@@ -223,6 +226,24 @@ private Q_SLOTS:
         QVERIFY(QFile::resize(path, platform::LargestSoundFile + 1));
         QVERIFY(!SoundFile::Open(path));
     }
+
+#if defined(__GLIBC__) && !defined(MORLENE_SANITIZED) // whose allocator does not tell
+    // The one played last is held until the next one.
+    void aSoundTakesAsMuchMemoryAsItsFileAndNotAsTheLargest()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("1.wav"));
+        Write(path, Tone(Plain));
+        const auto held = [] {
+            const auto told = mallinfo2();
+            return told.uordblks + told.hblkhd;
+        };
+        const auto before = held();
+        const auto sound = SoundFile::Open(path);
+        QVERIFY(sound);
+        QVERIFY(held() - before < 1024 * 1024);
+    }
+#endif
 };
 
 MORLENE_TEST(TestSoundFile)
