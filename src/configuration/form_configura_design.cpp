@@ -160,7 +160,8 @@ void FormConfigura::DisegnaCaselle()
                 continue;
             PictureBox &quadrato = CasellaColorata.Add(
                 casella, Place{120 + Passo * colonna, 360 + Passo * riga, Casella, Casella});
-            quadrato.SetTabStop(false);
+            // One stop for all of them: the arrows go from square to square.
+            quadrato.SetTabStop(casella == 0);
             quadrato.SetBordered(true);
             quadrato.SetSpokenName(ColoriWebHex.at(static_cast<size_t>(casella)));
             ++casella;

@@ -2,6 +2,8 @@
 #include "configuration/adult.h"
 #include "support/registered_tests.h"
 
+#include <QApplication>
+#include <QSet>
 #include <QTest>
 
 using namespace platform;
@@ -84,6 +86,30 @@ private Q_SLOTS:
         QCOMPARE(window.Option2(3).Caption(), QStringLiteral("rosa - rosa -  - rosee"));
         QCOMPARE(ColorOf(window, QStringLiteral("porta")), QStringLiteral("FFCC00"));
         QCOMPARE(Colori(2, 0), QStringLiteral("FF0000"));
+    }
+
+    void theArrowsComeToEverySquare()
+    {
+        Adult adult;
+        FormConfigura &window = adult.OpenWindow();
+        window.TabStrip1.SetSelectedItem(2);
+        window.CasellaColorata(0).SetFocus();
+        QSet<int> reached = {0};
+        for (QList<int> open = {0}; !open.isEmpty();) {
+            const int from = open.takeFirst();
+            for (const auto arrow : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down}) {
+                window.CasellaColorata(from).SetFocus();
+                QTest::keyClick(QApplication::focusWidget(), arrow);
+                for (const PictureBox &square : window.CasellaColorata)
+                    if (square.HasFocus() && !reached.contains(square.Index())) {
+                        reached << square.Index();
+                        open << square.Index();
+                    }
+            }
+        }
+        QCOMPARE(reached.size(), 216);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+        QVERIFY(ColoriWebHex.at(0) != Colori(0, 0));
     }
 
     void theBackgroundAsksNothing()

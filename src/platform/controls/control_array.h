@@ -28,6 +28,8 @@ public:
         T &control = *element;
         m_elements[index] = std::move(element);
         control.OnClick = [this, index] { OnClick(index); };
+        if constexpr (requires { control.HandClicksOnTo(OnClick); })
+            control.HandClicksOnTo(OnClick);
         if constexpr (requires { control.OnMouseMove; })
             control.OnMouseMove = [this, index] { OnMouseMove(index); };
         return control;

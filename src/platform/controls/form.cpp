@@ -2,6 +2,8 @@
 
 #include "platform/controls/control.h"
 #include "platform/controls/form_window.h"
+#include "platform/controls/reading_order.h"
+#include "platform/controls/spoken_control.h"
 #include "platform/controls/stage.h"
 #include "platform/host/host.h"
 
@@ -159,6 +161,7 @@ void Form::Load()
                          ToPixels(m_scaleHeight) + m_window->MenuBarHeight());
     m_window->LayOut();
     OnLoad();
+    TabInReadingOrder(*m_window->Client());
 }
 
 void Form::Show()
@@ -199,6 +202,7 @@ void Form::ShowModal()
         Move((ScreenWidth() - Width()) / 2, (ScreenHeight() - Height()) / 2, Width(), Height());
     ShowWhatIsBeingSetUp();
     m_window->setWindowFlag(Qt::Dialog);
+    DrawnAs(*m_window, QAccessible::Dialog);
     m_window->setWindowModality(Qt::ApplicationModal);
     m_window->winId();
     if (const Form *under = opener.Get())

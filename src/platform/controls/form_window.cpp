@@ -1,5 +1,7 @@
 #include "platform/controls/form_window.h"
 
+#include "platform/controls/spoken_control.h"
+
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QPainter>
@@ -40,6 +42,7 @@ void ClientArea::mouseMoveEvent(QMouseEvent *)
 
 FormWindow::FormWindow(Form &form) : m_form(form), m_client(new ClientArea(form, this))
 {
+    DrawnAs(*this, QAccessible::Client); // a modal one is a dialog
     setAttribute(Qt::WA_OpaquePaintEvent);
     setObjectName(form.Name());
     setAccessibleDescription(form.Name());

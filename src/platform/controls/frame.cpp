@@ -24,7 +24,7 @@ protected:
         QPainter painter(this);
         painter.fillRect(rect(), ToQColor(Back));
         painter.setRenderHint(QPainter::Antialiasing);
-        const QFont font = ToQFont(Letters, Letters.Size);
+        const QFont font = ToQFont(Letters, TitleSize());
         const QFontMetrics metrics(font);
         const int head = title().isEmpty() ? 0 : metrics.height();
         painter.setPen(QPen(ToQColor(Ink), 1.5));
@@ -36,6 +36,15 @@ protected:
         painter.setFont(font);
         painter.setPen(isEnabled() ? ToQColor(Fore) : ToQColor(0x80000011));
         painter.drawText(heading, Qt::AlignCenter, title());
+    }
+
+private:
+    // Points: smaller on a narrow screen, so that the whole title stands in the border.
+    double TitleSize() const
+    {
+        const int room = width() - 44; // the corners stay free
+        const int wide = QFontMetrics(ToQFont(Letters, Letters.Size)).horizontalAdvance(title());
+        return wide > room && room > 0 ? Letters.Size * room / wide : Letters.Size;
     }
 };
 

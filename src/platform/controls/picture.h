@@ -27,7 +27,14 @@ public:
 
 protected:
     void Refresh() override;
+    // Where a click does something, Space and Enter do it, and an arrow goes on to the next picture
+    // of the array that way. The pictures of an array may have one tab stop between them: the
+    // arrows take it along.
+    bool TakeKey(int code) override;
     PictureView *m_view;
+
+private:
+    PictureBox *Neighbour(int arrow) const;
 };
 
 class Image : public PictureBox {

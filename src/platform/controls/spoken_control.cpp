@@ -14,14 +14,11 @@ constexpr const char *ItsControl = "itsControl";
 
 class SpokenControl : public QAccessibleWidget {
 public:
-    SpokenControl(QWidget *widget, Pressable &control)
-        : QAccessibleWidget(widget), m_control(control)
-    {
-    }
+    explicit SpokenControl(QWidget *widget) : QAccessibleWidget(widget) {}
 
     QAccessible::Role role() const override
     {
-        return m_control.TakesClicks()
+        return TakesClicks()
                    ? QAccessible::Button
                    : static_cast<QAccessible::Role>(widget()->property(DrawnRole).toInt());
     }
@@ -35,7 +32,7 @@ public:
     QStringList actionNames() const override
     {
         QStringList names = QAccessibleWidget::actionNames();
-        if (m_control.TakesClicks() && widget()->isEnabled())
+        if (TakesClicks() && widget()->isEnabled())
             names.prepend(pressAction());
         return names;
     }
@@ -47,28 +44,31 @@ public:
     }
 
 private:
-    Pressable &m_control; // goes together with its widget
+    bool TakesClicks() const
+    {
+        const auto *control =
+            static_cast<Pressable *>(widget()->property(ItsControl).value<void *>());
+        return control != nullptr && control->TakesClicks();
+    }
 };
 
 QAccessibleInterface *Make(const QString &, QObject *object)
 {
-    auto *control = static_cast<Pressable *>(object->property(ItsControl).value<void *>());
-    return control == nullptr ? nullptr
-                              : new SpokenControl(qobject_cast<QWidget *>(object), *control);
+    return object->property(DrawnRole).isValid()
+               ? new SpokenControl(qobject_cast<QWidget *>(object))
+               : nullptr;
 }
 
 } // namespace
 
 void DrawnAs(QWidget &widget, QAccessible::Role role)
 {
+    QAccessible::installFactory(Make); // the same again changes nothing
     widget.setProperty(DrawnRole, static_cast<int>(role));
 }
 
 void LetBePressed(QWidget &widget, Pressable &control)
 {
-    if (!widget.property(DrawnRole).isValid())
-        return;
-    QAccessible::installFactory(Make); // the same again changes nothing
     widget.setProperty(ItsControl, QVariant::fromValue<void *>(&control));
 }
 

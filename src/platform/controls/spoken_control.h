@@ -21,10 +21,11 @@ public:
 // opens then waits for a person.
 constexpr auto PressAsked = static_cast<QEvent::Type>(QEvent::User + 1);
 
-// Of a widget that a control is being made of: what it is while nothing can be clicked.
+// Of a window, or of a widget that a control is being made of: what it is while nothing can be
+// clicked. The first time before anybody has asked what it is.
 void DrawnAs(QWidget &widget, QAccessible::Role role);
 
-// Joins the widget to its control. Before anybody has asked what it is: the first answer is kept.
+// Joins the widget to its control, which goes together with it.
 void LetBePressed(QWidget &widget, Pressable &control);
 
 } // namespace platform

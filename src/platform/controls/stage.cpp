@@ -1,5 +1,7 @@
 #include "platform/controls/stage.h"
 
+#include "platform/controls/spoken_control.h"
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QScreen>
@@ -30,6 +32,7 @@ void GiveMemoryBack()
 
 Stage::Stage()
 {
+    DrawnAs(*this, QAccessible::Window);
     // A form covers it all.
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);

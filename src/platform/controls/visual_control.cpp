@@ -285,8 +285,11 @@ bool VisualControl::KeyEvent(QEvent *event)
     const int code = ClassicKey(*key);
     if (event->type() == QEvent::KeyPress) {
         // A held key acts once.
-        if (TakePress(*this))
-            OnKeyDown(code, ShiftState(*key));
+        if (!TakePress(*this))
+            return static_cast<bool>(OnKeyDown);
+        if (!OnKeyDown && !OnKeyUp)
+            return TakeKey(code);
+        OnKeyDown(code, ShiftState(*key));
         return static_cast<bool>(OnKeyDown);
     }
     // A release whose press went to another window, a menu or a dialog is none of ours.

@@ -65,7 +65,12 @@ public:
     void SetTabStop(bool stop);
     // Before the others of its container.
     void BringToFront();
-    bool TakesClicks() const override { return static_cast<bool>(OnClick); }
+    bool TakesClicks() const override
+    {
+        return m_array != nullptr ? bool(*m_array) : bool(OnClick);
+    }
+    // For the array that it is an element of, whose handler does what a click does.
+    void HandClicksOnTo(const EventHandler<void(int)> &array) { m_array = &array; }
 
     // The id of a control that lies in this one, with places counted from its corner.
     ControlId Inside(const char *name) { return {Parent(), name, -1, this}; }
@@ -90,6 +95,8 @@ protected:
     void Speak(const QString &name) override;
     // An event of the widget before it gets it itself; true when it ends here.
     virtual bool Event(QEvent *event);
+    // A key that the window does not ask for goes down here; true when it did something.
+    virtual bool TakeKey(int) { return false; }
     void Click();
     // A widget that tells its clicks itself: the mouse is not looked at here.
     void TellsItsClicks() { m_mouseClicks = false; }
@@ -112,6 +119,7 @@ private:
     platform::Color m_foreColor = SystemButtonText;
     platform::Font m_font;
     platform::MousePointer m_pointer = platform::MousePointer::Default;
+    const EventHandler<void(int)> *m_array = nullptr;
 };
 
 } // namespace platform

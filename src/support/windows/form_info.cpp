@@ -2,6 +2,7 @@
 
 #include "core/windows.h"
 #include "language/language.h"
+#include "platform/base/errors.h"
 #include "platform/files/files.h"
 #include "support/documents.h"
 #include "support/full_screen.h"
@@ -36,6 +37,7 @@ FormInfo::FormInfo()
     SetCaption(Testo("Informazioni"));
     Image1.SetSpokenName(Testo("Apri il documento su MorleneKVT"));
     Image1.SetMousePointer(platform::MousePointer::Custom);
+    Image1.SetTabStop(true);
     for (Label *etichetta : {&Label1, &Label2, &Label3, &Label4}) {
         etichetta->SetFontSize(PuntiTesto);
         etichetta->SetTransparent(true);
@@ -58,6 +60,8 @@ FormInfo::FormInfo()
 void FormInfo::Attiva()
 {
     Move(0, 0, ScreenWidth(), ScreenHeight());
+    // The way back has the keyboard, not the picture that is read first.
+    Skipping([this] { Command1.SetFocus(); });
     Label1.SetCaption(Testo("Software di MorleneKVT"));
     Label2.SetCaption(Testo("MorleneKVT, versione " MORLENE_VERSION
                             "\nEsercizi di logica e di lettura per bambini"));
