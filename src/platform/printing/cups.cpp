@@ -1,5 +1,9 @@
 #include "platform/printing/cups.h"
 
+#include <QtGlobal>
+
+#ifndef Q_OS_WIN
+
 #include <QLibrary>
 
 #include <optional>
@@ -54,3 +58,5 @@ const Cups *TheCups()
 }
 
 } // namespace platform
+
+#endif

@@ -2,15 +2,13 @@
 
 #include "platform/printing/printer_font.h"
 
-#include <QBuffer>
 #include <QFont>
 #include <QFontMetricsF>
 #include <QImage>
 #include <QMarginsF>
-#include <QPageLayout>
 #include <QPageSize>
+#include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QPen>
 
 #include <cmath>
@@ -23,7 +21,7 @@ namespace {
 constexpr double MillimetresPerInch = 25.4;
 constexpr double PointsPerInch = 72;
 constexpr double TwipsPerInch = 1440;
-constexpr int DotsPerInch = 1200;
+constexpr int DotsPerInch = PrinterDocument::DotsPerInch;
 
 // The printable part of a sheet.
 struct Sheet {
@@ -58,12 +56,18 @@ Sheet SheetOf(const PrinterPaper &upright, bool across)
     return sheet;
 }
 
-// Pages as they are written, in memory: one that is not sent simply goes.
 struct Document {
-    QString Title;
-    QBuffer Pdf;
-    std::unique_ptr<QPdfWriter> Writer;
-    QPainter Painter; // goes before its writer
+    explicit Document(const DocumentOrder &order) : Sheets(BeginDocument(order)) {}
+    ~Document()
+    {
+        if (Painter.isActive())
+            Sheets->TakeBack();
+    }
+    Document(const Document &) = delete;
+    Document &operator=(const Document &) = delete;
+
+    std::unique_ptr<PrinterDocument> Sheets;
+    QPainter Painter; // goes before its sheets
 };
 
 class MachineDevice : public PrintDevice {
@@ -91,17 +95,9 @@ public:
 
     int StartDocument(const QString &title) override
     {
-        m_document = std::make_unique<Document>();
-        m_document->Title = title;
-        m_document->Pdf.open(QIODevice::WriteOnly);
-        m_document->Writer = std::make_unique<QPdfWriter>(&m_document->Pdf);
-        m_document->Writer->setTitle(title);
-        m_document->Writer->setResolution(DotsPerInch);
-        QPageLayout layout(m_paper.Size, m_across ? QPageLayout::Landscape : QPageLayout::Portrait,
-                           {});
-        layout.setMode(QPageLayout::FullPageMode);
-        m_document->Writer->setPageLayout(layout);
-        if (!m_document->Painter.begin(m_document->Writer.get()))
+        m_document = std::make_unique<Document>(
+            DocumentOrder{.Printer = m_name, .Title = title, .Paper = m_paper, .Across = m_across});
+        if (!m_document->Painter.begin(&m_document->Sheets->Pages()))
             m_document.reset();
         m_pages = 0;
         return m_document ? 1 : -1;
@@ -109,7 +105,7 @@ public:
 
     int StartPage() override
     {
-        if (!m_document || (m_pages++ > 0 && !m_document->Writer->newPage()))
+        if (!m_document || (m_pages++ > 0 && !m_document->Sheets->Pages().newPage()))
             return 0;
         return 1;
     }
@@ -134,15 +130,7 @@ public:
     int EndDocument() override
     {
         const auto document = std::move(m_document);
-        if (!document || !document->Painter.end())
-            return 0;
-        return HandOver({.Printer = m_name,
-                         .Title = document->Title,
-                         .Media = m_paper.Media,
-                         .Across = m_across,
-                         .Pdf = document->Pdf.data()})
-                   ? 1
-                   : 0;
+        return document && document->Painter.end() && document->Sheets->HandOver() ? 1 : 0;
     }
 
     void Draw(const PageText &text) override

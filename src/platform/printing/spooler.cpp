@@ -1,7 +1,15 @@
+// The printing system of Linux and its like: it takes documents in PDF.
 #include "platform/printing/spooler.h"
+
+#include <QtGlobal>
+
+#ifndef Q_OS_WIN
 
 #include "platform/printing/cups.h"
 
+#include <QBuffer>
+#include <QPageLayout>
+#include <QPdfWriter>
 #include <QSizeF>
 
 #include <algorithm>
@@ -261,9 +269,10 @@ std::optional<PrinterPapers> Papers(const Cups &cups, CupsConnection *connection
 // One document on its way, in a thread of its own.
 class Delivery {
 public:
-    Delivery(const Cups &cups, const PrinterDocument &document, std::shared_ptr<Slip<bool>> slip)
-        : m_cups(cups), m_printer(document.Printer.toUtf8()), m_title(document.Title.toUtf8()),
-          m_media(document.Media), m_across(document.Across), m_pdf(document.Pdf),
+    Delivery(const Cups &cups, const DocumentOrder &order, QByteArray pdf,
+             std::shared_ptr<Slip<bool>> slip)
+        : m_cups(cups), m_printer(order.Printer.toUtf8()), m_title(order.Title.toUtf8()),
+          m_media(order.Paper.Media), m_across(order.Across), m_pdf(std::move(pdf)),
           m_slip(std::move(slip))
     {
     }
@@ -330,6 +339,43 @@ private:
     bool m_taken = false;
 };
 
+// Pages as they are written, in memory: one that is not sent simply goes.
+class PdfDocument : public PrinterDocument {
+public:
+    explicit PdfDocument(const DocumentOrder &order) : m_order(order)
+    {
+        m_pdf.open(QIODevice::WriteOnly);
+        m_writer = std::make_unique<QPdfWriter>(&m_pdf);
+        m_writer->setTitle(order.Title);
+        m_writer->setResolution(DotsPerInch);
+        QPageLayout layout(order.Paper.Size,
+                           order.Across ? QPageLayout::Landscape : QPageLayout::Portrait, {});
+        layout.setMode(QPageLayout::FullPageMode);
+        m_writer->setPageLayout(layout);
+    }
+
+    QPagedPaintDevice &Pages() override { return *m_writer; }
+    void TakeBack() override {}
+    bool HandOver() override
+    {
+        const Cups *cups = TheCups();
+        if (cups == nullptr)
+            return false;
+        auto slip = std::make_shared<Slip<bool>>();
+        std::thread([delivery = std::make_shared<Delivery>(*cups, m_order, m_pdf.data(), slip)] {
+            delivery->Run();
+        }).detach();
+        const bool taken = slip->Wait(LongestHandOver).value_or(false);
+        LastAsked() = Clock::now();
+        return taken;
+    }
+
+private:
+    DocumentOrder m_order;
+    QBuffer m_pdf;
+    std::unique_ptr<QPdfWriter> m_writer;
+};
+
 } // namespace
 
 std::optional<PrinterList> AskPrinterList()
@@ -346,18 +392,11 @@ std::optional<PrinterPapers> AskPrinterPapers(const QString &printer)
     });
 }
 
-bool HandOver(const PrinterDocument &document)
+std::unique_ptr<PrinterDocument> BeginDocument(const DocumentOrder &order)
 {
-    const Cups *cups = TheCups();
-    if (cups == nullptr)
-        return false;
-    auto slip = std::make_shared<Slip<bool>>();
-    std::thread([delivery = std::make_shared<Delivery>(*cups, document, slip)] {
-        delivery->Run();
-    }).detach();
-    const bool taken = slip->Wait(LongestHandOver).value_or(false);
-    LastAsked() = Clock::now();
-    return taken;
+    return std::make_unique<PdfDocument>(order);
 }
 
 } // namespace platform
+
+#endif

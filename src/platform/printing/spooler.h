@@ -10,7 +10,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
 #include <optional>
+
+class QPagedPaintDevice;
 
 namespace platform {
 
@@ -30,20 +33,32 @@ struct PrinterPapers {
     int Own = 0;             // the one that the printer takes by itself
 };
 
-struct PrinterDocument {
+struct DocumentOrder {
     QString Printer;
     QString Title;
-    QByteArray Media;
+    PrinterPaper Paper;
     bool Across = false;
-    QByteArray Pdf;
+};
+
+// A document on its way to a printer. Its pages are painted over the whole sheet, in `DotsPerInch`.
+class PrinterDocument {
+public:
+    static constexpr int DotsPerInch = 1200;
+
+    virtual ~PrinterDocument() = default;
+    // Nothing may paint any more when the document goes.
+    virtual QPagedPaintDevice &Pages() = 0;
+    // Nothing of it will come out. While it is painted, before the painter ends.
+    virtual void TakeBack() = 0;
+    // Once, when the painter has ended. Waits until the document has been taken, 30 s at most.
+    // False only when nothing will come out: what was not taken by then is cancelled.
+    virtual bool HandOver() = 0;
 };
 
 // Nothing when the printing system is not there or is silent.
 std::optional<PrinterList> AskPrinterList();
 std::optional<PrinterPapers> AskPrinterPapers(const QString &printer);
 
-// Waits until the document has been taken, 30 s at most. False only when nothing will come out:
-// what was not taken by then is cancelled.
-bool HandOver(const PrinterDocument &document);
+std::unique_ptr<PrinterDocument> BeginDocument(const DocumentOrder &order);
 
 } // namespace platform
