@@ -28,9 +28,32 @@ bool IsRefusedLetter(const QString &name, qsizetype i)
     return QStringLiteral("/\\:*?\"<>|").contains(letter);
 }
 
+#ifdef Q_OS_WIN
+// A device answers to these names in every folder, whatever suffix they have, and a blank at the
+// end of a name is dropped, so that two names would become one.
+bool IsOfTheSystem(const QString &name)
+{
+    if (name.endsWith(QLatin1Char(' ')))
+        return true;
+    const QString stem = name.section(QLatin1Char('.'), 0, 0).trimmed().toUpper();
+    const QStringList devices = {QStringLiteral("CON"), QStringLiteral("PRN"),
+                                 QStringLiteral("AUX"), QStringLiteral("NUL")};
+    const bool port = stem.size() == 4 && (stem.startsWith(QStringLiteral("COM")) ||
+                                           stem.startsWith(QStringLiteral("LPT")));
+    return devices.contains(stem) || (port && stem.at(3).isDigit());
+}
+#else
+bool IsOfTheSystem(const QString &)
+{
+    return false;
+}
+#endif
+
 // A trailing dot covers "." and "..", so no name leads up.
 bool IsRefused(const QString &name)
 {
+    if (IsOfTheSystem(name))
+        return true;
     if (name.endsWith(QLatin1Char('.')) || name.toUtf8().size() > LongestName)
         return true;
     for (qsizetype i = 0; i < name.size(); ++i)
