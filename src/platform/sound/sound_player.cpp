@@ -213,13 +213,23 @@ void PlaySoundFile(const QString &nativePath)
 
 #else
 
+#include <QDir>
+#include <QFileInfo>
+
 #include <windows.h>
 
 #include <mmsystem.h>
 
+// The system's own player, which plays WAV alone.
 void platform::PlaySoundFile(const QString &nativePath)
 {
-    PlaySoundW(reinterpret_cast<const wchar_t *>(nativePath.utf16()), nullptr,
+    // A missing file cuts off what still plays, too.
+    PlaySoundW(nullptr, nullptr, 0);
+    if (!QFileInfo(nativePath).isFile())
+        return;
+    // It takes a slash for part of a name.
+    const QString path = QDir::toNativeSeparators(nativePath);
+    PlaySoundW(reinterpret_cast<const wchar_t *>(path.utf16()), nullptr,
                SND_FILENAME | SND_ASYNC | SND_NODEFAULT);
 }
 
