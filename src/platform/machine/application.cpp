@@ -4,7 +4,7 @@
 #include "platform/controls/held_keys.h"
 #include "platform/controls/stage.h"
 #include "platform/host/host.h"
-#include "platform/machine/x11_keyboard.h"
+#include "platform/machine/keyboard.h"
 
 #include <QApplication>
 #include <QDialog>

@@ -1,4 +1,4 @@
-#include "platform/machine/x11_keyboard.h"
+#include "platform/machine/keyboard.h"
 
 #include <QGuiApplication>
 
@@ -11,6 +11,8 @@
 #define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro)
 #include <xcb/xkb.h>
 #undef explicit
+#else
+#include <windows.h>
 #endif
 
 namespace platform {
@@ -57,7 +59,18 @@ KeysDown KeysDownNow()
             down.push_back(key);
     return down;
 #else
-    return {};
+    // The toolkit numbers a key as its messages do, where keys that came to the keyboard later have
+    // a ninth bit. The system does not say which of two keys with one meaning is down: both may be.
+    constexpr int LaterKey = 0x100;
+    std::vector<int> down;
+    for (int key = 1; key < 256; ++key) {
+        const int number =
+            static_cast<int>(::MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_VSC));
+        // Buttons of the mouse have none.
+        if (number != 0 && (::GetAsyncKeyState(key) & 0x8000) != 0)
+            down.insert(down.end(), {number, number | LaterKey});
+    }
+    return down;
 #endif
 }
 

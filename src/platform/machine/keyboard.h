@@ -1,4 +1,4 @@
-// The keyboard of an X server; silent on other systems.
+// The keyboard of the machine.
 #pragma once
 
 #include "platform/controls/held_keys.h"
@@ -9,6 +9,7 @@ namespace platform {
 // real ones; asked for detectable auto-repeat it sends presses only. Nothing on other systems.
 void AskForDetectableAutoRepeat();
 
+// Told by X servers and by Windows.
 KeysDown KeysDownNow();
 
 } // namespace platform
