@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QDate>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QInputDialog>
@@ -15,6 +16,8 @@
 #include <QMessageBox>
 #include <QProcess>
 #include <QScreen>
+#include <QSet>
+#include <QSettings>
 #include <QTimer>
 #include <QUrl>
 
@@ -63,6 +66,34 @@ QMessageBox::Icon IconOf(BoxIcon icon)
     }
     return QMessageBox::NoIcon;
 }
+
+#ifdef Q_OS_WIN
+// Whether the system itself has registered the file, for all programs. Its folder holds hundreds of
+// them, and each one registered anew would be read whole.
+bool IsInstalledFont(const QString &nativePath)
+{
+    static const QSet<QString> installed = [] {
+        const QSettings fonts(QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\"
+                                             "CurrentVersion\\Fonts"),
+                              QSettings::NativeFormat);
+        QSet<QString> files;
+        for (const QString &name : fonts.allKeys())
+            files << fonts.value(name).toString().toLower();
+        return files;
+    }();
+    const QFileInfo file(nativePath);
+    const QString path = QDir::toNativeSeparators(file.absoluteFilePath()).toLower();
+    const QString folder =
+        qEnvironmentVariable("SystemRoot").toLower() + QStringLiteral("\\fonts\\");
+    return installed.contains(path) ||
+           (path.startsWith(folder) && installed.contains(file.fileName().toLower()));
+}
+#else
+bool IsInstalledFont(const QString &)
+{
+    return false;
+}
+#endif
 
 } // namespace
 
@@ -175,7 +206,7 @@ bool MachineHost::AnotherInstanceRuns()
 
 bool MachineHost::RegisterFont(const QString &nativePath)
 {
-    return QFontDatabase::addApplicationFont(nativePath) >= 0;
+    return IsInstalledFont(nativePath) || QFontDatabase::addApplicationFont(nativePath) >= 0;
 }
 
 void MachineHost::EndProgram()
