@@ -17,19 +17,22 @@
 #include <QTemporaryDir>
 #include <QTranslator>
 
+#ifndef Q_OS_WIN
 #include <clocale>
 #include <optional>
-
-#ifndef Q_OS_WIN
 #include <thread>
 
 #include <fontconfig/fontconfig.h>
+#else
+#include <QPalette>
+#include <QStyle>
 #endif
 
 namespace platform {
 
 namespace {
 
+#ifndef Q_OS_WIN
 // The toolkit looks for a screen in the session's folder first. Where the session has none, it
 // would complain on standard error and leave a folder of its own among the temporary files.
 class SessionFolder {
@@ -54,7 +57,6 @@ private:
     std::optional<QTemporaryDir> m_folder;
 };
 
-#ifndef Q_OS_WIN
 // Reading the list of the system's fonts takes as long as reaching the display and needs nothing of
 // it: both at once.
 class FontsMeanwhile {
@@ -122,15 +124,24 @@ private:
 
 Application::Application(int &argc, char **argv)
 {
+#ifndef Q_OS_WIN
     {
         const SessionFolder folder;
-#ifndef Q_OS_WIN
         // The toolkit sets the locale too; what is set already it does not change under the reader.
         std::setlocale(LC_ALL, "");
         const FontsMeanwhile fonts;
-#endif
         m_impl = std::make_unique<Impl>(argc, argv);
     }
+    // The toolkit's dialogs would keep folders, history and colours in the person's home.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+    const QString translations = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+#else
+    m_impl = std::make_unique<Impl>(argc, argv);
+    // The system's own would paint buttons in its colours and not in the player's.
+    QApplication::setStyle(QStringLiteral("fusion"));
+    QApplication::setPalette(QApplication::style()->standardPalette());
+    const QString translations = QApplication::applicationDirPath();
+#endif
     QApplication::setApplicationName(QStringLiteral("morlenekvt"));
     // By it a desktop knows whose windows these are, and gives them the name and icon of the menu.
     QApplication::setDesktopFileName(QStringLiteral("morlenekvt"));
@@ -141,13 +152,10 @@ Application::Application(int &argc, char **argv)
     QFont::insertSubstitution(QStringLiteral("arial"), QStringLiteral("Liberation Sans"));
     QFont::insertSubstitution(QStringLiteral("Verdana"), QStringLiteral("DejaVu Sans"));
     QFont::insertSubstitution(QStringLiteral("Comic Sans MS"), QStringLiteral("Comic Neue"));
-    // The toolkit's dialogs would keep folders, history and colours in the person's home.
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
     QFont font(QStringLiteral("arial"));
     font.setPixelSize(16);
     QApplication::setFont(font);
-    if (m_impl->Buttons.load(QStringLiteral("qtbase_it"),
-                             QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    if (m_impl->Buttons.load(QStringLiteral("qtbase_it"), translations))
         QApplication::installTranslator(&m_impl->Buttons);
     AskForDetectableAutoRepeat();
 }

@@ -10,10 +10,51 @@
 #include <QEventLoop>
 #include <QFileDialog>
 
+#ifdef Q_OS_WIN
+#include <QHash>
+#include <QSettings>
+#include <QVariant>
+#endif
+
 namespace platform {
+
+namespace {
+
+#ifdef Q_OS_WIN
+// A dialog of the toolkit writes into the registry of the person; when this goes, what stood there
+// before stands there again.
+class NothingKept {
+public:
+    NothingKept()
+    {
+        for (const QString &key : m_settings.allKeys())
+            m_before.insert(key, m_settings.value(key));
+    }
+    ~NothingKept()
+    {
+        for (const QString &key : m_settings.allKeys())
+            if (!m_before.contains(key))
+                m_settings.remove(key);
+        for (auto setting = m_before.cbegin(); setting != m_before.cend(); ++setting)
+            m_settings.setValue(setting.key(), setting.value());
+    }
+    NothingKept(const NothingKept &) = delete;
+    NothingKept &operator=(const NothingKept &) = delete;
+
+private:
+    QSettings m_settings{QSettings::UserScope, QStringLiteral("QtProject")};
+    QHash<QString, QVariant> m_before;
+};
+#else
+// Elsewhere the toolkit's settings lead nowhere.
+struct NothingKept {};
+#endif
+
+} // namespace
 
 std::optional<Color> MachineHost::ChooseColor()
 {
+    [[maybe_unused]] const NothingKept forgetful;
     for (int i = 0; i < QColorDialog::customCount(); ++i)
         QColorDialog::setCustomColor(i, Qt::white);
     QColorDialog dialog(Qt::black, QApplication::activeWindow());
@@ -37,6 +78,7 @@ std::optional<FontChoice> MachineHost::ChooseFont()
 
 QString MachineHost::ChooseFile(const FileQuestion &question)
 {
+    [[maybe_unused]] const NothingKept forgetful;
     QFileDialog dialog(QApplication::activeWindow(), question.Title, question.StartFolder);
     dialog.setObjectName(QStringLiteral("ChooseFile"));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
