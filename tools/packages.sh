@@ -13,6 +13,7 @@ PICTURE_PACKAGES=(xvfb openbox xdotool dbus at-spi2-core python3-pyatspi python3
     cups-daemon cups-core-drivers cups-filters-core-drivers cups-client poppler-utils)
 
 TEST_PACKAGES=("${PICTURE_PACKAGES[@]}" x11-utils x11-xserver-utils weston qt6-wayland
+    xwayland tigervnc-standalone-server
     python3-xlib pulseaudio pulseaudio-utils procps
     clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14
     g++-mingw-w64-x86-64-posix locales mold)

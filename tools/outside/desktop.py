@@ -105,22 +105,30 @@ class Desktop:
 class WaylandDesktop(Desktop):
     """The same without an X server: a compositor that shows its screen to nobody."""
 
-    def __init__(self, size=(1366, 768)):
+    def __init__(self, size=(1366, 768), lends_to_x=False):
         super().__init__()
         self.width, self.height = size
+        self.lends_to_x = lends_to_x  # to programs that know X alone
 
     def __enter__(self):
         os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
-        os.environ["QT_QPA_PLATFORM"] = "wayland"
+        os.environ["QT_QPA_PLATFORM"] = "xcb" if self.lends_to_x else "wayland"
         os.environ["LC_ALL"] = "C.UTF-8"
         os.environ["WAYLAND_DISPLAY"] = "journey"
         os.environ.pop("DISPLAY", None)
+        log = os.path.join(os.environ["XDG_RUNTIME_DIR"], "weston.log")
         self.start(["weston", "--backend=headless-backend.so", "--use-pixman", "--debug",
                     f"--width={self.width}", f"--height={self.height}",
-                    "--socket=journey", "--idle-time=0", "--no-config"],
+                    "--socket=journey", "--idle-time=0", "--no-config", f"--log={log}",
+                    *(["--xwayland"] if self.lends_to_x else [])],
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         socket = os.path.join(os.environ["XDG_RUNTIME_DIR"], "journey")
         wait_for("the compositor", lambda: os.path.exists(socket))
+        if self.lends_to_x:
+            def number():
+                with open(log, encoding="utf-8", errors="replace") as lines:
+                    return re.search(r"listening on display (:\d+)", lines.read())
+            os.environ["DISPLAY"] = wait_for("a display for X", number).group(1)
         return self
 
     def picture(self, path):
