@@ -133,8 +133,16 @@ def without_a_window_manager(desktop, executable, drive, pictures):
 def faults_screen(executable, drive, pictures=None):
     with Desktop(with_manager=False) as desktop:
         without_a_window_manager(desktop, executable, drive, pictures)
+    # Told of two sizes in quick succession on a busy machine, the window manager was once seen to
+    # take the window for one that does not fill the screen; what always goes wrong does so twice.
+    try:
+        with Desktop() as desktop:
+            by_mouse(desktop, executable, drive, pictures)
+    except Failure as failure:
+        print(f"once more: {failure}", file=sys.stderr)
+        with Desktop() as desktop:
+            by_mouse(desktop, executable, drive, pictures)
     with Desktop() as desktop:
-        by_mouse(desktop, executable, drive, pictures)
         if WHOLE:
             by_one_switch(desktop, executable, drive, pictures)
 
