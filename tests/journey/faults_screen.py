@@ -142,8 +142,8 @@ def faults_screen(executable, drive, pictures=None):
         print(f"once more: {failure}", file=sys.stderr)
         with Desktop() as desktop:
             by_mouse(desktop, executable, drive, pictures)
-    with Desktop() as desktop:
-        if WHOLE:
+    if WHOLE:
+        with Desktop() as desktop:
             by_one_switch(desktop, executable, drive, pictures)
 
 
