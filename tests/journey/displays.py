@@ -15,8 +15,6 @@ from desktop import Desktop, Failure, Program, wait_for
 from printing_system import PrintingSystem
 from steps import choose, counts, fresh_drive, press, press_ok
 
-BESIDE = "PictureScansione"  # they only take the keyboard, and stand beside what shows
-
 
 class TwoScreens(Desktop):
     """A server of X whose viewer asks it for a second screen to the right of the first."""
@@ -87,22 +85,11 @@ class Tour:
 
     def see(self, what):
         """Nothing of the window lies beyond the room."""
-        def beyond():
-            found = {}
-            for name in sorted(self.program.names("")):
-                item = name and not name.startswith(BESIDE) and self.program.find(name)
-                try:
-                    box = item and self.program.box(item)
-                except NotImplementedError:
-                    continue  # nothing that shows
-                if box and (box.x < 0 or box.y < 0 or box.x + box.width > self.room[0]
-                            or box.y + box.height > self.room[1]):
-                    found[name] = tuple(box)
-            return found
         try:
-            wait_for("a whole window", lambda: not beyond(), 5)
+            wait_for("a whole window", lambda: not self.program.beyond(*self.room), 5)
         except Failure:
-            raise Failure(f"{self.name}, {what}: beyond {self.room} lie {beyond()}") from None
+            raise Failure(f"{self.name}, {what}: beyond {self.room} lie "
+                          f"{self.program.beyond(*self.room)}") from None
         if self.pictures:
             time.sleep(0.5)
             self.desktop.picture(os.path.join(self.pictures, f"{self.name}-{what}.png"))

@@ -10,6 +10,7 @@ import time
 from PIL import ImageGrab
 
 LOST = 1.5  # seconds after which a key that did nothing is pressed again
+BESIDE = "PictureScansione"  # these only take the keyboard, and stand beside what shows
 
 
 class Failure(Exception):
@@ -38,6 +39,7 @@ class Desktop:
     def __init__(self, size="1366x768", with_manager=True):
         self.size = size
         self.with_manager = with_manager  # of windows
+        self.manager = None
         self.processes = []
 
     def __enter__(self):
@@ -51,11 +53,11 @@ class Desktop:
         # number: then once more, by another number.
         for left in reversed(range(3)):
             self.open_display()
-            manager = self.start(["openbox", "--sm-disable"])
+            self.manager = self.start(["openbox", "--sm-disable"])
             # A window that is older than its manager gets neither the keyboard nor a first click.
             try:
-                wait_for("the window manager", lambda: manager.poll() is not None or self.managed())
-                if manager.poll() is None:
+                wait_for("the window manager", lambda: self.manager.poll() is not None or self.managed())
+                if self.manager.poll() is None:
                     return self
                 raise Failure("the window manager ended")
             except Failure:
@@ -227,6 +229,21 @@ class Program:
 
     def box(self, item):
         return item.queryComponent().getExtents(self.bus.DESKTOP_COORDS)
+
+    def beyond(self, width, height):
+        """What shows and does not lie as a whole in a room of that size: places by design name."""
+        names = sorted(self.names(""))
+        found = {} if names else {"": "nothing shows"}
+        for name in names:
+            item = name and not name.startswith(BESIDE) and self.find(name)
+            try:
+                box = item and self.box(item)
+            except NotImplementedError:
+                continue  # nothing that can be seen
+            if box and (box.x < 0 or box.y < 0 or box.x + box.width > width
+                        or box.y + box.height > height):
+                found[name] = tuple(box)
+        return found
 
     def click_at(self, x, y):
         subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", "1"], check=True)

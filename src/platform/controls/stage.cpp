@@ -41,7 +41,7 @@ Stage::Stage()
     // A window manager does it too; without one the foot of a form would lie below a screen that
     // gets smaller.
     connect(QGuiApplication::primaryScreen(), &QScreen::geometryChanged, this,
-            [this](const QRect &screen) { setGeometry(QRect(QPoint(), screen.size())); });
+            [this](const QRect &screen) { Fill(QRect(QPoint(), screen.size())); });
 }
 
 void Stage::Show(QWidget &form, const QRect &screen)
@@ -55,21 +55,32 @@ void Stage::Show(QWidget &form, const QRect &screen)
     form.setParent(stage);
     form.setGeometry(QRect(QPoint(), screen.size()));
     Retitle(form);
-    if (stage->geometry() != screen)
-        stage->setGeometry(screen);
+    stage->Fill(screen);
     form.raise();
     form.show();
     if (!stage->isVisible()) {
         // A test's screen is only a size.
-        if (stage->screen()->size() == screen.size())
+        stage->m_fullScreen = stage->screen()->size() == screen.size();
+        if (stage->m_fullScreen)
             stage->setWindowState(Qt::WindowFullScreen);
         stage->show();
         // It fills the screen whatever the window manager says, or without one.
-        stage->setGeometry(screen);
+        stage->Fill(screen);
     }
     stage->activateWindow();
     if (first)
         stage->TakeKeyboard();
+}
+
+// A window that is given a place is no longer full-screen to the toolkit, which tells the window
+// manager so: it is asked for anew.
+void Stage::Fill(const QRect &screen)
+{
+    if (geometry() == screen)
+        return;
+    setGeometry(screen);
+    if (m_fullScreen)
+        setWindowState(Qt::WindowFullScreen);
 }
 
 bool Stage::BringForward(QWidget &form)

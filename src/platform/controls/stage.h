@@ -34,11 +34,13 @@ protected:
 
 private:
     Stage();
+    void Fill(const QRect &screen);
     QWidget *NextBehind() const;
     void TakeKeyboard();
 
     QPointer<QWidget> m_form; // in front
     QTimer m_rest;            // after a change of forms
+    bool m_fullScreen = false;
 };
 
 } // namespace platform
