@@ -18,7 +18,7 @@ struct ScreenSize {
     int Height = 0;
 };
 
-enum class BoxIcon { None, Information, Question, Exclamation, Critical };
+enum class BoxIcon { None, Information, Question, Critical };
 enum class BoxButtons { Ok, YesNo, YesNoCancel };
 enum class BoxAnswer { Ok, Yes, No, Cancel };
 

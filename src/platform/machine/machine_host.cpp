@@ -57,8 +57,6 @@ QMessageBox::Icon IconOf(BoxIcon icon)
         return QMessageBox::Information;
     case BoxIcon::Question:
         return QMessageBox::Question;
-    case BoxIcon::Exclamation:
-        return QMessageBox::Warning;
     case BoxIcon::Critical:
         return QMessageBox::Critical;
     case BoxIcon::None:
