@@ -28,7 +28,7 @@ def held(pupil):
 
 
 def told(now):
-    return (f"{now.memory} kB, {now.descriptors} descriptors, "
+    return (f"{now.memory} kB of its own, {now.descriptors} descriptors, "
             f"{sum(now.resources.values())} in the display")
 
 

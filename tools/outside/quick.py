@@ -224,9 +224,11 @@ class Controls:
 
 
 def memory(pid):
-    """Resident kilobytes."""
+    """Kilobytes of its own that are in memory. Pages of files come beside them: the system reads
+    those in when they are touched for the first time, shares them and takes them away at will."""
     with open(f"/proc/{pid}/status", encoding="ascii") as file:
-        return next(int(line.split()[1]) for line in file if line.startswith("VmRSS"))
+        sizes = dict(line.split(":") for line in file)
+    return sum(int(sizes[kind].split()[0]) for kind in ("RssAnon", "RssShmem"))
 
 
 def descriptors(pid):
