@@ -1,5 +1,5 @@
-"""The disk goes wrong under the running program: the settings are removed, the disk is full, files
-and folders may not be written. Exercises go on; where a player cannot be saved a box names the file
+"""The disk goes wrong under the running program: the settings or the program's own folder are removed,
+the disk is full, files and folders may not be written. Exercises go on; where a player cannot be saved a box names the file
 and the program ends; nothing that was there is lost.
 
     alone faults_disk.py PROGRAM
@@ -17,6 +17,7 @@ OTHER_USER = 65534
 # A user of the machine like any other, who is still let onto the accessibility bus of the test.
 WITHOUT_PRIVILEGES = ("setpriv", "--bounding-set=-all", "--inh-caps=-all", "--ambient-caps=-all")
 REPORT_REFUSED = "Non è stato possibile salvare"
+NO_LANGUAGES = "Non è presente alcun file di linguaggio!"
 SMALL_DISK = "size=400k,mode=1777"
 
 
@@ -135,6 +136,40 @@ def removed_settings(desktop, executable, drive):
         raise Failure("the player did not come back")
 
 
+# --- The program's own folder is removed, as by an upgrade that failed ---
+
+def removed_program(desktop, executable, drive):
+    fresh_drive(drive.path)
+    program = Program(desktop, executable)
+    come_to_the_menu(program, first_time=True)
+    press(program, "Image1(0)")
+    program.await_object("ShockwaveFlash1")
+    folder = os.path.dirname(executable)
+    for name in os.listdir(folder):
+        path = os.path.join(folder, name)
+        if os.path.isdir(path) and not drive.path.startswith(path):
+            shutil.rmtree(path)
+        elif os.path.isfile(path):
+            os.remove(path)
+    before = counts(program)
+    press(program, "Command1(0)")
+    wait_for("an answer", lambda: counts(program) != before)
+    choose(program, "Esci")
+    back_without_languages(program)
+    for entry in range(8):
+        press(program, f"Image1({entry})")
+        program.await_object("StatusBar1.Panels(3)")
+        choose(program, "Esci")
+        back_without_languages(program)
+    end_well(program)
+
+
+def back_without_languages(program):
+    wait_for("the box of the languages", lambda: box(program, NO_LANGUAGES))
+    program.key_until("Return", "the end of the box", lambda: not box(program, NO_LANGUAGES))
+    program.await_object("Image1(0)")
+
+
 # --- The disk is full ---
 
 def full_disk(desktop, executable, drive):
@@ -219,7 +254,7 @@ def ordinary(desktop, executable):
 
 def faults_disk(executable, drive):
     with Desktop("1024x768") as desktop:
-        for fault in (removed_settings, full_disk, locked):
+        for fault in (removed_settings, full_disk, locked, removed_program):
             print(fault.__name__, flush=True)
             fault(desktop, executable, Drive(drive))
 
