@@ -14,7 +14,7 @@ from printing_system import PrintingSystem
 from quick import ENABLED, FOCUSED, SHOWING, Controls, Hands, await_that
 from steps import fresh_drive
 
-FOCUSABLE = 11  # a state, as the accessibility bus numbers them
+ACTIVE, FOCUSABLE = 1, 11  # states, as the accessibility bus numbers them
 PROPERTIES = "org.freedesktop.DBus.Properties"
 ACTION = "org.a11y.atspi.Action"
 WINDOWS = {"frame", "dialog", "alert message"}
@@ -203,11 +203,13 @@ class Visit:
         self.hands.key(key)
 
     def window(self, name):
-        def there():
-            windows = self.reader.windows()
-            return windows and self.reader.told(windows[-1], "Name") == name and \
-                self.reader.has(windows[-1], 1)  # active
-        await_that(f"the window {name}", there)
+        await_that(f"the window {name}", lambda: (
+            front := self.in_front()) and self.reader.told(front, "Name") == name)
+
+    def in_front(self):
+        """The window that was opened last, when it has the keyboard."""
+        windows = self.reader.windows()
+        return windows and self.reader.has(windows[-1], ACTIVE) and windows[-1]
 
     def away(self, name, key="Escape"):
         """Until the box is gone; the key may come before the box has the keyboard."""
@@ -227,12 +229,14 @@ class Visit:
 
     def choose(self, *letters):
         """Menus by their letters, the first one with Alt held, and what has none by arrows."""
+        await_that("a window in front", self.in_front)
         self.hands.key("Alt_L", letters[0])
         for letter in letters[1:]:
             self.hands.key(letter)
 
     def walk_to(self, *arrows):
         """Along the menu bar, whose items need no letters for it."""
+        await_that("a window in front", self.in_front)
         self.hands.key("Alt_L")
         for arrow in arrows:
             self.hands.key(arrow)
@@ -356,8 +360,22 @@ def the_exercises(visit):
             visit.tab_through("the print dialog")
             visit.press("cmdChiudi")
             await_that("the end of the dialog", lambda: len(visit.reader.windows()) == 1)
+            the_pictures_to_colour(visit)
         visit.choose("e")
         visit.shows("FormMenu", "PictureScansioneManuale")
+
+
+def the_pictures_to_colour(visit):
+    await_that("a window in front", visit.in_front)
+    visit.hands.key("Control_L", "p")
+    visit.shows("Form1", "Picture1(2)")
+    visit.tab_through("the pictures to colour")
+    visit.press("Picture1(1)")
+    visit.shows("cmdStampa")
+    visit.press("cmdChiudi")
+    await_that("the end of the dialog", lambda: len(visit.reader.windows()) == 2)
+    visit.choose("e")
+    await_that("the end of the pictures", lambda: len(visit.reader.windows()) == 1)
 
 
 def accessibility(executable, drive):
