@@ -1,6 +1,7 @@
 // Texts in places that may be too narrow for them.
 #include "platform/controls/sample.h"
 
+#include "platform/controls/frame.h"
 #include "platform/controls/text_box.h"
 #include "support/registered_tests.h"
 #include "support/scripted_host.h"
@@ -11,6 +12,9 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <QWidget>
+
+#include <algorithm>
+#include <utility>
 
 using namespace platform;
 
@@ -32,6 +36,25 @@ public:
     Button Answer;
     TextBox Page;
 };
+
+constexpr Color Red = 0x000000FF;
+
+// The first and the last column that red letters stand in.
+std::pair<int, int> RedColumns(const VisualControl &control)
+{
+    const QImage seen = control.Widget()->grab().toImage();
+    int left = seen.width();
+    int right = 0;
+    for (int x = 0; x < seen.width(); ++x)
+        for (int y = 0; y < seen.height(); ++y) {
+            const QColor color = seen.pixelColor(x, y);
+            if (color.red() > color.green() + 100) {
+                left = std::min(left, x);
+                right = std::max(right, x);
+            }
+        }
+    return {left, right};
+}
 
 } // namespace
 
@@ -132,7 +155,7 @@ private Q_SLOTS:
         auto &form = *new Texts;
         Button &button = form.Answer;
         button.SetBackColor(0x00FFFFFF);
-        button.SetForeColor(0x000000FF); // red
+        button.SetForeColor(Red);
         form.Show();
         for (const char *const caption : {"uguale", "diversa", "DIVERSA", "UGUALE"})
             for (const bool bold : {false, true})
@@ -140,22 +163,30 @@ private Q_SLOTS:
                     button.SetFontBold(bold);
                     button.SetFontSize(size);
                     button.SetCaption(QString::fromLatin1(caption));
-                    const QImage seen = button.Widget()->grab().toImage();
-                    const auto isLetter = [&](int x, int y) {
-                        const QColor color = seen.pixelColor(x, y);
-                        return color.red() > color.green() + 100;
-                    };
-                    int left = seen.width();
-                    int right = 0;
-                    for (int x = 0; x < seen.width(); ++x)
-                        for (int y = 0; y < seen.height(); ++y)
-                            if (isLetter(x, y)) {
-                                left = std::min(left, x);
-                                right = std::max(right, x);
-                            }
-                    QVERIFY2(left >= seen.width() / 10, caption);
-                    QVERIFY2(seen.width() - 1 - right >= seen.width() / 10, caption);
+                    const auto [left, right] = RedColumns(button);
+                    const int width = button.Widget()->width();
+                    QVERIFY2(left >= width / 10, caption);
+                    QVERIFY2(width - 1 - right >= width / 10, caption);
                 }
+    }
+
+    void aTitleStandsWholeInTheBorderOfItsGroup()
+    {
+        ScriptedHost host;
+        auto &form = *new Texts;
+        Frame group({form, "Group"}, {0, 0, 3000, 1200}, QStringLiteral("Sfondo delle finestre"));
+        group.SetForeColor(Red);
+        group.SetFontSize(14);
+        form.Show();
+        const auto [left, right] = RedColumns(group);
+        QVERIFY(right > left);
+        for (const double narrow : {2400.0, 1800.0, 1200.0}) {
+            group.SetWidth(narrow);
+            const auto [first, last] = RedColumns(group);
+            QVERIFY(last - first < right - left);
+            QVERIFY(first >= 14); // the round corner
+            QVERIFY2(last < group.Widget()->width() - 14, qPrintable(QString::number(narrow)));
+        }
     }
 
     void anAutomaticWidthFollowsTheText()
