@@ -3,13 +3,16 @@
 #include "configuration/adult.h"
 #include "platform/base/errors.h"
 #include "platform/machine/application.h"
-#include "support/as_user.h"
 #include "support/registered_tests.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTest>
+
+#ifndef Q_OS_WIN
+#include "support/as_user.h"
+#endif
 
 using namespace platform;
 
@@ -125,6 +128,9 @@ private Q_SLOTS:
     // The settings' folder may be entered and written, and not be looked through.
     void aLookUpThatFailsLeavesTheListEmpty()
     {
+#ifdef Q_OS_WIN
+        QSKIP("Rights are others there");
+#else
         Adult adult;
         adult.Save(QStringLiteral("anna"));
         const FormConfigura &window = adult.OpenWindow();
@@ -145,6 +151,7 @@ private Q_SLOTS:
         });
         QCOMPARE(said, QByteArray());
         QFile::setPermissions(folder, QFile::Permissions(0x7755));
+#endif
     }
 
     void aListedPlayerIsLoadedAndShownAtOnce()

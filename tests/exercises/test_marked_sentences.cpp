@@ -44,8 +44,8 @@ public:
         for (int key = 1; key <= 105; ++key)
             content += K(key).mid(1).toLatin1() + "=\"" + K(key).toLatin1() + "\"\r\n";
         m_folder.WriteLanguage(content);
-        for (const QString &data : {QStringLiteral("swf"), QStringLiteral("suoni")})
-            QVERIFY(QFile::link(QStringLiteral(APPLICATION_DIR "/") + data, m_folder.Path(data)));
+        for (const char *data : {"swf", "suoni/si", "suoni/no"})
+            m_folder.Copy(QString::fromLatin1(data));
         LinguaCorrente.clear();
         CaricaMessaggi();
         for (int number = 1; number <= 4; ++number)

@@ -11,9 +11,12 @@
 #include <QElapsedTimer>
 #include <QTest>
 
-#include <fcntl.h>
 #include <memory>
+
+#ifndef Q_OS_WIN
+#include <fcntl.h>
 #include <sys/stat.h>
+#endif
 
 using namespace platform;
 
@@ -218,6 +221,9 @@ private Q_SLOTS:
     // A copy brings length and time of change along.
     void aFileReplacedByOneOfItsLengthAndTimeShowsAtTheNextLookUp()
     {
+#ifdef Q_OS_WIN
+        QSKIP("The time of change is the only one there");
+#else
         for (const int size : {100, Limit + 1}) {
             m_folder->WriteLanguage({});
             for (const QByteArray text : {"uno", "due", "tre"}) {
@@ -237,6 +243,7 @@ private Q_SLOTS:
                 while (timer.elapsed() < 100);
             }
         }
+#endif
     }
 
     void aFileThatVanishesFailsIntoEmptyTexts()

@@ -223,6 +223,9 @@ private Q_SLOTS:
 
     void aLookUpThatFailsLeavesTheListEmptyAndTheMenuWhole()
     {
+#ifdef Q_OS_WIN
+        QSKIP("An ordinary user makes no links there");
+#endif
         MenuPlayer player;
         ModoInput = 1;
         // The settings' folder as a link, which the file layer does not follow.
@@ -272,7 +275,10 @@ private Q_SLOTS:
         QCOMPARE(player.OpenMenu().BackColor(), Designed);
     }
 
-    void itemsStandOutOnlyWhereTheyAreScanned_data() { RowsOfModes({0, 1, 2, 3}); }
+    void itemsStandOutOnlyWhereTheyAreScanned_data()
+    {
+        RowsOfModes({0, 1, 2, 3});
+    }
     void itemsStandOutOnlyWhereTheyAreScanned()
     {
         QFETCH(int, mode);
@@ -347,7 +353,10 @@ private Q_SLOTS:
         QVERIFY(HasHand(menu.Image1(3)));
     }
 
-    void theBoxThatTakesTheKeyboardIsNotSeen_data() { RowsOfModes({0, 1, 2, 3}); }
+    void theBoxThatTakesTheKeyboardIsNotSeen_data()
+    {
+        RowsOfModes({0, 1, 2, 3});
+    }
     void theBoxThatTakesTheKeyboardIsNotSeen()
     {
         QFETCH(int, mode);

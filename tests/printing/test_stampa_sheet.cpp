@@ -6,13 +6,17 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
+
+#ifndef Q_OS_WIN
 #include <sys/inotify.h>
 #include <unistd.h>
+#endif
 
 using namespace platform;
 
 namespace {
 
+#ifndef Q_OS_WIN
 // A variable of the environment, for a while.
 class ScopedVariable {
 public:
@@ -64,6 +68,7 @@ public:
 private:
     int m_watch;
 };
+#endif
 
 } // namespace
 
@@ -128,6 +133,9 @@ private Q_SLOTS:
 
     void aPictureIsFixedAndLaidOnTheSheetToo()
     {
+#ifdef Q_OS_WIN
+        QSKIP("Nothing is told of files that are gone again there");
+#else
         Desk desk;
         desk.Picture->SetBackColor(Rgb(0, 0x80, 0));
         RichiestaStampa request = desk.Request();
@@ -150,6 +158,7 @@ private Q_SLOTS:
         QVERIFY(QDir(folder.path()).isEmpty());
         QCOMPARE(desk.Host.Printer.Documents.size(), qsizetype{1});
         QVERIFY(desk.Host.Printer.Documents.first().Ended);
+#endif
     }
 
     void offTheSheetIsSeenAtOnceAndBlinks()

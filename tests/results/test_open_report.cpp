@@ -161,14 +161,19 @@ private Q_SLOTS:
     void aReportWhoseOpeningFailedIsNotHeldOpen()
     {
         Teacher teacher;
+        teacher.OpenReport("Anna\r\nData\r\n 3 \r\nuno\r\n2\r\n", false);
+#ifdef Q_OS_WIN
+        // The system deletes no file that is open.
+        QVERIFY(QFile::remove(teacher.File(QStringLiteral("prova.rpt"))));
+#else
         const auto isOpen = [&] {
             for (const QFileInfo &file : QDir(QStringLiteral("/proc/self/fd")).entryInfoList())
                 if (file.symLinkTarget().endsWith(QStringLiteral("prova.rpt")))
                     return true;
             return false;
         };
-        teacher.OpenReport("Anna\r\nData\r\n 3 \r\nuno\r\n2\r\n", false);
         QVERIFY(!isOpen());
+#endif
     }
 
     void aReportInTheWidthOfUnicodeShowsItsLettersAsTheyAreRead()
@@ -203,9 +208,11 @@ private Q_SLOTS:
             teacher.ExpectError("0077");
             log.mnuApri.OnClick();
         }
+#ifndef Q_OS_WIN
         teacher.Host.ExpectFile(QStringLiteral("Apri"), QStringLiteral("/dev/zero"));
         teacher.ExpectError("0077");
         log.mnuApri.OnClick();
+#endif
     }
 
     void theFolderOfDataIsMadeForOpening()

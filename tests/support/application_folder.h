@@ -27,6 +27,14 @@ public:
         QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(name));
         QCOMPARE(file.write(content), qint64(content.size()));
     }
+    // The files of one of the program's own folders.
+    void Copy(const QString &folder) const
+    {
+        const QDir from(QStringLiteral(APPLICATION_DIR "/") + folder);
+        QVERIFY(QDir().mkpath(Path(folder)));
+        for (const QString &name : from.entryList(QDir::Files))
+            QVERIFY(QFile::copy(from.filePath(name), Path(folder + QLatin1Char('/') + name)));
+    }
     void Remove(const QString &name) const { QVERIFY(QFile::remove(Path(name))); }
 
     // Makes `content` the current language.

@@ -5,10 +5,8 @@
 #include "platform/files/ini.h"
 #include "support/registered_tests.h"
 
+#include <QDateTime>
 #include <QTest>
-
-#include <fcntl.h>
-#include <sys/stat.h>
 
 using namespace platform;
 
@@ -31,9 +29,11 @@ QString Value(const QByteArray &content, const char *section = "A", const char *
 // Only a file that was not changed just now is kept.
 void MakeOld(const QString &native)
 {
-    constexpr time_t LongAgo = 1'000'000; // seconds since 1970
-    const struct timespec times[2] = {{LongAgo, 0}, {LongAgo, 0}};
-    if (::utimensat(AT_FDCWD, native.toUtf8().constData(), times, 0) != 0)
+    constexpr qint64 LongAgo = 1'000'000; // seconds since 1970
+    QFile file(native);
+    if (!file.open(QIODevice::ReadWrite) ||
+        !file.setFileTime(QDateTime::fromSecsSinceEpoch(LongAgo),
+                          QFileDevice::FileModificationTime))
         qFatal("the test could not set a time");
 }
 
