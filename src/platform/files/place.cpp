@@ -137,7 +137,10 @@ std::optional<FilePlace> Parse(const QString &path, bool pattern)
 FilePlace FromNative(const QString &path, qsizetype patterns)
 {
     const QString clean = QDir::cleanPath(path);
-    const QString drive = QDir::cleanPath(host().DriveRoot()) + QLatin1Char('/');
+    QString drive = QDir::cleanPath(host().DriveRoot());
+    // The root of a whole disk keeps its slash.
+    if (!drive.endsWith(QLatin1Char('/')))
+        drive += QLatin1Char('/');
     FilePlace place;
     if (clean.startsWith(drive)) {
         place.Root = host().DriveRoot();

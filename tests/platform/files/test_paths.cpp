@@ -46,6 +46,7 @@ private Q_SLOTS:
 #ifndef Q_OS_WIN
     void aNativePathBelowTheDriveIsJudgedToo();
 #endif
+    void aNativePathIsJudgedOnADriveThatIsAWholeDiskToo();
     void aLookUpIsSortedWithoutRegardToCase();
     void aPatternFits_data();
     void aPatternFits();
@@ -231,6 +232,13 @@ void TestPaths::aNativePathBelowTheDriveIsJudgedToo()
     QCOMPARE(ReadFile(host.Outside(S("mine"))), QByteArray("secret"));
 }
 #endif
+
+void TestPaths::aNativePathIsJudgedOnADriveThatIsAWholeDiskToo()
+{
+    FolderHost host;
+    host.Drive = QDir::rootPath();
+    QCOMPARE(ErrorOf([&] { TextWriter writer(host.Outside(S("a?b"))); }), 52);
+}
 
 void TestPaths::aLookUpIsSortedWithoutRegardToCase()
 {
