@@ -46,6 +46,16 @@ void RegistraFontDelDisco()
         });
 }
 
+// Where only an administrator may put a font among the system's, the one beside the program will
+// do.
+void RegistraFontDelProgramma()
+{
+    Skipping([] {
+        if (!EsisteFile(CartellaWindows() + QStringLiteral("fonts\\indis1.ttf")))
+            host().RegisterFont(NativePath(AppPath() + QStringLiteral("\\indis1.ttf")));
+    });
+}
+
 } // namespace
 
 QString CartellaImpostazioni()
@@ -135,6 +145,7 @@ void Main()
     host().Randomize();
     RegistraFontDelDisco();
     PreparaCartelle();
+    RegistraFontDelProgramma();
     FileUtente = CartellaImpostazioni() + QStringLiteral("_predefinito.INI");
     NomeUtente = QStringLiteral("_predefinito");
     CaricaImpostazioni();
