@@ -59,15 +59,19 @@ std::unique_ptr<MovieReader> OpenFile(const QString &literal)
     if (known != kept.constEnd() && known->Length == length && known->Changed == changed)
         return std::make_unique<SvgMovie>(known->Source);
 
+    kept.remove(path);
     const QByteArray content = ReadFile(path);
-    if (auto source = ReadSvg(content)) {
+    auto source = ReadSvg(content);
+    if (source == nullptr)
+        return ReadRasterMovie(content);
+    // A figure is opened again and again. A reward is some 100 kB as it is read, and comes again
+    // after a dozen others: that costs less time than it would cost memory.
+    if (source->Animation.IsEmpty()) {
         if (kept.size() >= MostKeptFiles)
             kept.clear();
         kept.insert(path, {length, changed, source});
-        return std::make_unique<SvgMovie>(std::move(source));
     }
-    kept.remove(path);
-    return ReadRasterMovie(content);
+    return std::make_unique<SvgMovie>(std::move(source));
 }
 
 // The path without the ending of its last part.

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void literalNamesAreFoundWithoutRegardToCase();
     void aReplacedFileShowsAtTheNextOpening();
     void aFileReplacedByOneOfTheSameLengthShowsToo();
+    void aFigureIsKeptAndAMovingDrawingReadAnew();
     void paintStaysWithItsReader();
     void aHugeFileIsNotRead();
     void moviesAreCountedByBaseName();
@@ -37,6 +38,7 @@ private Q_SLOTS:
 private:
     QString Path(const QString &name) const { return m_folder->filePath(name); }
     void Write(const QString &name, const QByteArray &content) const;
+    void SetTime(const QString &name, qint64 milliseconds) const; // of its last change
 
     std::unique_ptr<ScriptedHost> m_host;
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -66,6 +68,14 @@ void TestOpenMovie::Write(const QString &name, const QByteArray &content) const
     QFile file(Path(name));
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(file.write(content), content.size());
+}
+
+void TestOpenMovie::SetTime(const QString &name, qint64 milliseconds) const
+{
+    QFile file(Path(name));
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(QDateTime::fromMSecsSinceEpoch(milliseconds),
+                             QFile::FileModificationTime));
 }
 
 void TestOpenMovie::theNamedFileComesFirst()
@@ -138,11 +148,27 @@ void TestOpenMovie::aFileReplacedByOneOfTheSameLengthShowsToo()
     Write("a.svg", Flat("#ff0000"));
     QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::red));
     Write("a.svg", Flat("#0000ff"));
-    QFile file(Path("a.svg"));
-    QVERIFY(file.open(QIODevice::ReadWrite));
-    QVERIFY(file.setFileTime(QDateTime::fromMSecsSinceEpoch(1000), QFile::FileModificationTime));
-    file.close();
+    SetTime("a.svg", 1000);
     QCOMPARE(ColorOf(Path("a.swf")), QColor(Qt::blue));
+}
+
+void TestOpenMovie::aFigureIsKeptAndAMovingDrawingReadAnew()
+{
+    const auto moving = [](const char *color) {
+        return Svg("<rect width='100' height='100' fill='" + QByteArray(color) +
+                   "'><animate attributeName='width' from='100' to='90' dur='1s'/></rect>");
+    };
+    // Nothing tells the second file from the first.
+    const auto second = [this](const QByteArray &before, const QByteArray &after) {
+        for (const QByteArray &content : {before, after}) {
+            Write("a.svg", content);
+            SetTime("a.svg", 1000);
+            OpenMovie(Path("a.swf"));
+        }
+        return ColorOf(Path("a.swf"));
+    };
+    QCOMPARE(second(Flat("#ff0000"), Flat("#0000ff")), QColor(Qt::red));
+    QCOMPARE(second(moving("#ff0000"), moving("#0000ff")), QColor(Qt::blue));
 }
 
 void TestOpenMovie::paintStaysWithItsReader()
