@@ -9,7 +9,7 @@ from desktop import Failure
 from quick import descriptors, memory
 
 PLAYER = "Anna"
-GIVEN_BACK = 4.0  # seconds after the last window was left, on a busy machine too
+GIVEN_BACK = 1.0  # seconds after the last window was left, on a busy machine too
 MAY_GROW = 2048  # kB
 MET_FIRST = 2  # of a kind, in a short run: what was needed for the first time
 

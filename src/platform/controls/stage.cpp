@@ -1,6 +1,5 @@
 #include "platform/controls/stage.h"
 
-#include "platform/base/process_memory.h"
 #include "platform/controls/spoken_control.h"
 
 #include <QApplication>
@@ -9,16 +8,25 @@
 
 #include <utility>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 namespace platform {
 
 namespace {
 
 Stage *stage = nullptr;
 
-// ms, after a change of forms: when the new one is painted, and when what reads it aloud and the
-// timers of its first second have let go of theirs.
-constexpr int UntilPainted = 200;
-constexpr int UntilAtRest = 2000;
+constexpr int UntilAtRest = 200; // ms, when the new form is painted
+
+// What the form before had used stays with the process else, in pieces.
+void GiveMemoryBack()
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
+}
 
 } // namespace
 
@@ -29,11 +37,7 @@ Stage::Stage()
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
     m_rest.setSingleShot(true);
-    connect(&m_rest, &QTimer::timeout, this, [this] {
-        GiveMemoryBack();
-        if (m_rest.interval() == UntilPainted)
-            m_rest.start(UntilAtRest - UntilPainted);
-    });
+    connect(&m_rest, &QTimer::timeout, GiveMemoryBack);
     // A window manager does it too; without one the foot of a form would lie below a screen that
     // gets smaller.
     connect(QGuiApplication::primaryScreen(), &QScreen::geometryChanged, this,
@@ -105,7 +109,7 @@ void Stage::Leaves(QWidget &form)
         Retitle(*next);
     }
     stage->TakeKeyboard();
-    stage->m_rest.start(UntilPainted);
+    stage->m_rest.start(UntilAtRest);
 }
 
 bool Stage::Hides(const QWidget &form)

@@ -1,6 +1,5 @@
 #include "platform/machine/application.h"
 
-#include "platform/base/process_memory.h"
 #include "platform/controls/form_window.h"
 #include "platform/controls/held_keys.h"
 #include "platform/controls/stage.h"
@@ -125,7 +124,6 @@ private:
 
 Application::Application(int &argc, char **argv)
 {
-    KeepLargeBlocksApart();
 #ifndef Q_OS_WIN
     {
         const SessionFolder folder;
