@@ -22,6 +22,11 @@ COVERAGE_PACKAGES=(gcovr)
 
 PACKAGE_PACKAGES=(debhelper dpkg-dev lintian desktop-file-utils appstream man-db mmdebstrap)
 
+# The toolkit for Windows is built from Debian's sources of it.
+WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix dpkg-dev nsis)
+
+WINDOWS_TEST_PACKAGES=("${PICTURE_PACKAGES[@]}" wine64)
+
 BENCH_PACKAGES=(xvfb openbox x11-utils libxcb-damage0-dev libxcb-xtest0-dev libxcb-keysyms1-dev
     x11proto-dev)
 
