@@ -8,11 +8,11 @@ The exercises are numbered from 1 in the order of the menu.
 import sys
 import time
 
-from child import EXERCISES, INSIDE, PARTS, Child, differing, where_it_is
+from child import EXERCISES, FORMS, INSIDE, PARTS, Child, differing, where_it_is
 from desktop import Desktop, Failure, Program, screen, wait_for
 from scanning import CHOOSE, LIT, STEP, is_lit, write_profile
 from sentences import ITALIAN, PALETTE
-from steps import fresh_drive
+from steps import fresh_drive, leave
 
 MOUSE, SWITCH, ARROWS = 0, 2, 3
 # In the figure's own 700 by 900: a spot on the outline of each part.
@@ -293,20 +293,53 @@ PLAYS = [vero_o_falso, uguale_diverso, uguali_1, uguali_2, colora, insiemi, trov
 
 
 def open_exercise(child, entry, shows):
-    program = child.program
     if child.mode == MOUSE:
-        program.click(program.await_object(f"Image1({entry})"))
+        child.program.click(child.program.await_object(f"Image1({entry})"))
     else:
-        for _ in range(LATE):
-            child.places.clear()
-            child.bring(lambda: child.lit_button(range(9)), entry)
-            child.choose()
-            try:
-                wait_for("the exercise", lambda: program.find(shows), 3)
-                break
-            except Failure:
-                continue
-    program.await_object(shows)
+        open_by_light(child, entry)
+    child.program.await_object(shows)
+
+
+def open_by_light(child, entry):
+    """A late key opens the exercise to which the light has gone on, or leaves the program."""
+    program = child.program
+    for _ in range(LATE):
+        child.places.clear()
+        child.bring(lambda: lit_entry(child), entry)
+        child.choose()
+        try:
+            opened = wait_for("an exercise", lambda: exercises_shown(program) or program.gone(), 3)
+        except Failure:
+            continue
+        if opened == [entry]:
+            return
+        if child.mode != SWITCH:
+            raise Failure(f"exercise {entry} was chosen and {opened} came")
+        child.late += 1
+        if program.gone():
+            program.start()
+            begin(program)
+        else:
+            leave(program)
+    raise Failure(f"exercise {entry} never came")
+
+
+def lit_entry(child):
+    """Where nothing is lit the menu was still moving when its buttons were asked for their places."""
+    entry = child.lit_button(range(9))
+    if entry is None:
+        child.places.clear()
+    return entry
+
+
+def exercises_shown(program):
+    """Numbers from 0 in the order of the menu; none in the menu itself."""
+    return [entry for entry, form in enumerate(FORMS) if program.find(form)]
+
+
+def begin(program):
+    program.await_object("Command1")
+    program.key_until("Return", "the menu", lambda: program.find("Image1(0)"))
 
 
 def play_all(desktop, executable, drive, mode, first=1, last=len(EXERCISES)):
@@ -314,8 +347,7 @@ def play_all(desktop, executable, drive, mode, first=1, last=len(EXERCISES)):
     write_profile(drive, mode)
     child = AnyChild(Program(desktop, executable), mode)
     program = child.program
-    program.await_object("Command1")
-    program.key_until("Return", "the menu", lambda: program.find("Image1(0)"))
+    begin(program)
     for entry in range(first - 1, last):
         play, (levels, shows) = PLAYS[entry], EXERCISES[entry]
         begun = time.monotonic()
@@ -326,8 +358,7 @@ def play_all(desktop, executable, drive, mode, first=1, last=len(EXERCISES)):
             play(child, level)
         print(f"mode {mode}: {play.__name__}, {levels} levels, {child.late} late keys, "
               f"{time.monotonic() - begun:.0f} s", flush=True)
-        program.click(wait_for("Esci", lambda: program.named("Esci", "menu item")))
-        program.await_object("Image1(0)")
+        leave(program)
     program.process.terminate()
     program.process.wait()
 

@@ -10,8 +10,9 @@ import subprocess
 import sys
 
 from desktop import Desktop, Failure, Program, wait_for
-from players import leave_configuration, new_player, open_configuration
-from steps import SETTINGS, choose, come_to_the_menu, counts, fresh_drive, name_the_file, press
+from players import new_player, open_configuration
+from steps import (SETTINGS, choose, come_to_the_menu, counts, fresh_drive, leave, name_the_file,
+                   press)
 
 OTHER_USER = 65534
 # A user of the machine like any other, who is still let onto the accessibility bus of the test.
@@ -51,7 +52,7 @@ def expect_the_end(program, error, path):
     said = wait_for(f"the box of error {error}", lambda: box(program, f"{error}: ")).name
     if path.lower() not in said.lower():
         raise Failure(f"the box does not tell the file: {said}")
-    program.key_until("Return", "the end", lambda: program.process.poll() is not None)
+    program.key_until("Return", "the end", program.gone)
     if program.ended() != 1:
         raise Failure(f"error {error} ended the program with {program.process.returncode}")
 
@@ -78,7 +79,7 @@ def end_well(program):
 def keep_a_log(program):
     open_configuration(program)
     press(program, "CheckSalvaUtente")
-    leave_configuration(program)
+    leave(program)
 
 
 def a_report_is_refused(program):

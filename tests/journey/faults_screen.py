@@ -17,9 +17,9 @@ import Xlib.X
 
 from desktop import Desktop, Failure, Program, wait_for
 from journey import answer
-from players import leave_configuration, open_configuration
+from players import open_configuration
 from scanning import bring_light_to, write_profile
-from steps import choose, come_to_the_menu, counts, fresh_drive, press
+from steps import choose, come_to_the_menu, counts, fresh_drive, leave, press
 
 WHOLE = "FAULTS_WHOLE" in os.environ
 SIZES = ("1024x768", "800x600", "1366x768") if WHOLE else ("800x600", "1366x768")
@@ -97,7 +97,7 @@ def by_mouse(desktop, executable, drive, pictures):
         open_configuration(program)
         resize(size)
         screen.expect_whole("the configuration", size)
-        leave_configuration(program)
+        leave(program)
     press(program, "Command1(8)")
     if program.ended() != 0:
         raise Failure("the program did not end well")

@@ -6,9 +6,9 @@ release start nothing in the menu, and the next press of it chooses there.
 import subprocess
 import sys
 
-from desktop import Desktop, Failure, Program, wait_for
+from desktop import Desktop, Failure, Program
 from scanning import bring_light_to, write_profile
-from steps import fresh_drive
+from steps import fresh_drive, leave
 
 ROUNDS_HELD = 2  # of the light over nine items, 250 ms each: repeats come after 0.66 s
 
@@ -21,11 +21,6 @@ def rounds(program, count):
     """Waits while the light of the menu comes to the first item so many times."""
     for _ in range(count):
         bring_light_to(program, 2, "Command1(0)")
-
-
-def leave(program):
-    program.click(wait_for("Esci", lambda: program.named("Esci", "menu item")))
-    program.await_object("Image1(0)")
 
 
 def held_switch(executable, drive):

@@ -8,7 +8,7 @@ import sys
 
 from desktop import Desktop, Failure, Program, figure, wait_for
 from sentences import ITALIAN
-from steps import SETTINGS, come_to_the_menu, counts, fresh_drive, panel
+from steps import SETTINGS, come_to_the_menu, counts, fresh_drive, leave, panel, press
 
 TASKS = 20
 
@@ -74,8 +74,8 @@ def journey(executable, drive):
         right, wrong, untold = play(program)
         print(f"{right} right, {wrong} wrong, of which {untold} not told by the picture")
 
-        program.click(wait_for("Esci", lambda: program.named("Esci", "menu item")))
-        program.click(program.await_object("Command1(8)"))
+        leave(program)
+        press(program, "Command1(8)")
         status = program.ended()
         if status != 0:
             raise Failure(f"the program ended with {status}")

@@ -9,7 +9,7 @@ import subprocess
 import sys
 
 from desktop import Desktop, Failure, Program, wait_for
-from steps import SETTINGS, choose_player, come_to_the_menu, fresh_drive, page, press
+from steps import SETTINGS, choose_player, come_to_the_menu, fresh_drive, leave, page, press
 
 COMMON = ["True", "False"]
 BACKGROUND = ["FFFFCC", "sfondo", "sfondo", "sfondo", "sfondo"]
@@ -35,11 +35,6 @@ DEFAULT = profile(0, 4, GREEN, "minuscolo", "arial", "arial")
 def open_configuration(program):
     program.click(wait_for("the menu", lambda: program.named("Configurazione", "menu item")))
     program.await_object("OptionUtente(2)")
-
-
-def leave_configuration(program):
-    program.click(wait_for("Esci", lambda: program.named("Esci", "menu item")))
-    program.await_object("Command1(8)")
 
 
 def new_player(program, name):
@@ -96,7 +91,7 @@ def first_visit(executable, drive):
         press(program, "maiuscolo")
         page(program, "Modalità di input")
         press(program, "Option4(1)")
-        leave_configuration(program)
+        leave(program)
         expect_files(drive, {"Anna.ini": ANNA, "_predefinito.INI": DEFAULT})
 
         open_configuration(program)
@@ -111,7 +106,7 @@ def first_visit(executable, drive):
         slower.queryComponent().grabFocus()
         program.key("Right")
         wait_for("the speed", lambda: "1.25" in program.text("Label7"))
-        leave_configuration(program)
+        leave(program)
         expect_files(drive, {"Anna.ini": ANNA, "Bruno.ini": BRUNO})
 
         choose_player(program, "Anna")

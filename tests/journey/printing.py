@@ -10,9 +10,9 @@ import sys
 import time
 
 from desktop import Desktop, Failure, Program, wait_for
-from players import leave_configuration, open_configuration
+from players import open_configuration
 from printing_system import PrintingSystem
-from steps import SETTINGS, choose, come_to_the_menu, fresh_drive, name_the_file
+from steps import SETTINGS, choose, come_to_the_menu, fresh_drive, leave, name_the_file
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "printers"))
 from real_printing import Page  # noqa: E402
@@ -79,12 +79,7 @@ def printing(desktop, program, system):
     wait_for("the end of the dialog", lambda: program.find("cmdStampa") is None)
     program.key("ctrl+s")
     system.await_documents(3)
-    leave(program, "Image1(0)")
-
-
-def leave(program, comes):
-    program.click(wait_for("Esci", lambda: program.named("Esci", "menu item")))
-    program.await_object(comes)
+    leave(program)
 
 
 def print_every_exercise(program, system, printed):
@@ -95,7 +90,7 @@ def print_every_exercise(program, system, printed):
         program.key("ctrl+s")
         printed += 1
         system.await_documents(printed)
-        leave(program, f"Image1({entry})")
+        leave(program)
     return printed
 
 
@@ -104,7 +99,7 @@ def print_every_exercise(program, system, printed):
 def keep_a_log(program):
     open_configuration(program)
     program.click(program.await_object("CheckSalvaUtente"))
-    leave_configuration(program)
+    leave(program)
 
 
 def log_of_exercises(program, system, drive, printed):
@@ -125,7 +120,7 @@ def log_of_exercises(program, system, drive, printed):
     wait_for("the first row", lambda: program.named("Vero o falso", "table cell"))
     program.click(wait_for("the box", lambda: program.named("OK", "push button")))
     wait_for("the end of the box", lambda: program.named("OK", "push button") is None)
-    leave(program, "Image1(0)")
+    leave(program)
 
     choose(program, "Esercizi eseguiti")
     program.await_object("MSFlexGrid1")

@@ -17,7 +17,7 @@ import tempfile
 import time
 
 import rest
-from child import EXERCISES
+from child import EXERCISES, FORMS
 from desktop import Desktop, Failure
 from exercises import MOUSE, SWITCH
 from grown_ups import LANGUAGES, PLAYERS, PRINT_DIALOGS, GrownUps
@@ -35,7 +35,6 @@ LONGEST = 12  # tasks of a visit
 SHORT_RUN, SHORT_VISIT = 100, 3  # tasks
 FIRST_TASKS = 1000
 NEXT = [2, 2, 0, 0, 1, 2, 0, 0]  # in the order of the menu: which button leads to the next task
-FORMS = [f"FormEs{number}" for number in (1, 2, 8, 3, 4, 5, 6, 7)]  # in the order of the menu
 # One switch waits for the light: mostly where an answer is one choice of two.
 SWITCH_ENTRIES = [0, 1] * 3 + list(range(2, 8))
 SWITCH_TASKS = [12, 12, 3, 3, 1, 1, 1, 2]  # of a visit, at most

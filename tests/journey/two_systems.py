@@ -12,10 +12,10 @@ import time
 from desktop import Desktop, Failure, Program, screen, wait_for
 from exercises import AnyChild, open_exercise, vero_o_falso
 from journey import play
-from players import (DEFAULT, GREEN, WHITE, expect_files, leave_configuration, name_a_colour,
+from players import (DEFAULT, GREEN, WHITE, expect_files, name_a_colour,
                      new_player, open_configuration, profile)
-from steps import (SETTINGS, choose, choose_player, come_to_the_menu, fresh_drive, name_the_file,
-                   page, press, press_ok)
+from steps import (SETTINGS, choose, choose_player, come_to_the_menu, fresh_drive, leave,
+                   name_the_file, page, press, press_ok)
 
 TASKS = 10
 BY_KEYS = 1
@@ -49,11 +49,6 @@ def begin(program, album):
     album.take("menu")
 
 
-def leave(program, shows):
-    program.click(wait_for("Esci", lambda: program.named("Esci", "menu item")))
-    program.await_object(shows)
-
-
 def by_mouse(program, album):
     press(program, "Image1(0)")
     program.await_object("ShockwaveFlash1")
@@ -61,7 +56,7 @@ def by_mouse(program, album):
     right, wrong, untold = play(program, TASKS)
     print(f"by mouse: {right} right, {wrong} wrong, of which {untold} not told by the picture",
           flush=True)
-    leave(program, "Image1(0)")
+    leave(program)
 
 
 def make_player(program, album, drive):
@@ -77,7 +72,7 @@ def make_player(program, album, drive):
     press(program, "Command4")
     page(program, "Modalità di input")
     press(program, "Option4(1)")
-    leave_configuration(program)
+    leave(program)
     expect_files(drive, {"Anna.ini": ANNA, "_predefinito.INI": DEFAULT})
 
 
@@ -94,7 +89,7 @@ def by_keys(program, album):
     print(f"by keys: {child.right} right, {child.wrong} wrong", flush=True)
     if (child.right, child.wrong) != (TASKS, 0):
         raise Failure("not each task was counted as right")
-    leave(program, "Image1(0)")
+    leave(program)
 
 
 def log(program, album, drive):
@@ -115,7 +110,7 @@ def log(program, album, drive):
     program.click(wait_for("the box", lambda: program.named("OK", "push button")))
     wait_for("the end of the box", lambda: program.named("OK", "push button") is None)
     album.take("report")
-    leave(program, "Image1(0)")
+    leave(program)
 
 
 def visit(executable, drive, folder):

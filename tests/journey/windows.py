@@ -11,8 +11,8 @@ import tempfile
 import time
 
 from desktop import Desktop, Failure, Program, wait_for
-from players import leave_configuration, open_configuration
-from steps import choose, fresh_drive, page, press, press_ok
+from players import open_configuration
+from steps import choose, fresh_drive, leave, page, press, press_ok
 
 EXERCISES = 8
 
@@ -88,7 +88,7 @@ def the_configuration(program):
     wait_for("the end of the questions", lambda: titles() == ["Configurazione"])
     for name in ("Scelte didattiche", "Suoni ", "Modalità di input", "Giocatori"):
         page(program, name)
-    leave_configuration(program)
+    leave(program)
 
 
 def the_empty_log(program):

@@ -16,8 +16,9 @@ sys.path += [os.path.join(TESTS, "journey"), os.path.join(TESTS, "..", "tools", 
 
 from desktop import Desktop, Failure, Program, wait_for  # noqa: E402
 from journey import answer, figure_text  # noqa: E402
-from players import leave_configuration, new_player, open_configuration  # noqa: E402
-from steps import SETTINGS, choose, choose_player, name_the_file, page, panel, press  # noqa: E402
+from players import new_player, open_configuration  # noqa: E402
+from steps import (SETTINGS, choose, choose_player, leave, name_the_file, page,  # noqa: E402
+                   panel, press)
 
 PLAYERS = os.path.join("/var/lib/morlenekvt", SETTINGS)
 LANGUAGE = "/var/lib/morlenekvt/LangSetting.ini"
@@ -64,7 +65,7 @@ def splash(program, first_run):
     program.await_object("Command1(8)")
 
 
-def leave(program):
+def end(program):
     # Whoever answers with two keys would have to end with them too.
     choose_player(program, "_predefinito")
     press(program, "Command1(8)")
@@ -88,7 +89,7 @@ def save_the_others(program, player, mode, owner):
     open_configuration(program)
     page(program, "Modalità di input")
     press(program, f"Option4({mode})")
-    leave_configuration(program)
+    leave(program)
     wait_for(f"{player}'s file", lambda: lines_of(player)[2] == f" {mode} ")
     if owner_of(path) != owner:
         raise Failure(f"{path} was replaced by one of {owner_of(path)}")
@@ -102,8 +103,7 @@ def play_and_save_a_report(program):
             answer(program, index)
             wait_for("an answer", lambda: (panel(program, 1), panel(program, 2)) !=
                      ("0 Esatti", "0 Errati"))
-    program.click(wait_for("Esci", lambda: program.named("Esci", "menu item")))
-    program.await_object("Command1(8)")
+    leave(program)
     choose(program, "Esercizi eseguiti")
     program.await_object("MSFlexGrid1")
     choose(program, "File", "Salva")
@@ -124,25 +124,25 @@ def anna(visit, short):
         visit.tell("first run")
         open_configuration(program)
         new_player(program, "Anna")
-        leave_configuration(program)
+        leave(program)
         wait_for("Anna's file", lambda: os.path.exists(os.path.join(PLAYERS, "Anna.ini")))
         visit.tell("made Anna")
         if short:
             visit.await_other("saved Anna")
-            return leave(program)
+            return end(program)
         visit.await_other("made Bruno")
-        leave(program)
+        end(program)
         program = visit.start(desktop)
         splash(program, first_run=False)
         save_the_others(program, "Bruno", 1, "bruno")
         visit.tell("saved Bruno")
         visit.await_other("chose English")
-        leave(program)
+        end(program)
         program = visit.start(desktop)
         splash(program, first_run=False)
         wait_for("an English menu", lambda: program.named("Configuration", "menu item"))
         visit.tell("reads English")
-        return leave(program)
+        return end(program)
 
 
 def bruno(visit, short):
@@ -153,13 +153,13 @@ def bruno(visit, short):
         save_the_others(program, "Anna", 1, "anna")
         visit.tell("saved Anna")
         if short:
-            return leave(program)
+            return end(program)
         open_configuration(program)
         new_player(program, "Bruno")
         press(program, "CheckSalvaUtente")
         page(program, "Modalità di input")
         press(program, "Option4(0)")
-        leave_configuration(program)
+        leave(program)
         visit.tell("made Bruno")
         play_and_save_a_report(program)
         visit.tell("saved a report")
@@ -168,7 +168,7 @@ def bruno(visit, short):
         wait_for("the language", lambda: "CurrentLanguage=english" in
                  open(LANGUAGE, encoding="cp1252").read())
         visit.tell("chose English")
-        return leave(program)
+        return end(program)
 
 
 if __name__ == "__main__":

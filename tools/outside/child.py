@@ -11,6 +11,7 @@ EXERCISES = [  # in the order of the menu: levels, a figure of it
     (6, "ShockwaveFlash1"), (4, "ShockwaveFlash1"), (5, "ShockwaveFlash1(0)"),
     (5, "ShockwaveFlash1(0)"),
 ]
+FORMS = [f"FormEs{number}" for number in (1, 2, 8, 3, 4, 5, 6, 7)]  # in the order of the menu
 
 
 def spot_in(box, place):

@@ -148,7 +148,15 @@ class Program:
     def __init__(self, desktop, path, arguments=(), **options):
         import pyatspi
         self.bus = pyatspi
-        self.process = desktop.start([path, *arguments], **options)
+        self._launch = lambda: desktop.start([path, *arguments], **options)
+        self.start()
+
+    def start(self):
+        """Once more, after its end."""
+        self.process = self._launch()
+
+    def gone(self):
+        return self.process.poll() is not None
 
     def application(self):
         desktop = self.bus.Registry.getDesktop(0)
@@ -312,8 +320,7 @@ class Program:
         raise Failure(f"{what} never came by {name}")
 
     def ended(self):
-        return wait_for("the end of the program", lambda: self.process.poll() is not None) and \
-            self.process.returncode
+        return wait_for("the end of the program", self.gone) and self.process.returncode
 
 
 def figure(description):

@@ -46,6 +46,12 @@ def choose(program, *items):
         program.click(wait_for(item, lambda: program.named(item, "menu item")))
 
 
+def leave(program):
+    """Back to the menu, from wherever the menu bar leads there."""
+    choose(program, "Esci")
+    program.await_object("Image1(8)")
+
+
 def name_the_file(program, name):
     """The dialog's field for the name has the keyboard from the start."""
     wait_for("the name of a file", lambda: program.any(
